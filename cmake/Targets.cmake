@@ -1,0 +1,43 @@
+# How every library, program and test of the project is declared.
+
+# Language level, warnings and strict toolkit switches: the same for all folders.
+add_library(im_options INTERFACE)
+target_compile_features(im_options INTERFACE cxx_std_20)
+target_compile_options(im_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror)
+target_compile_definitions(im_options INTERFACE
+    QT_NO_CAST_TO_ASCII
+    QT_NO_FOREACH
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# A folder's headers are on the path only of targets that link it, so an include that breaks the
+# layering does not compile.
+function(im_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} im_options)
+endfunction()
+
+# A test program tests/<name>.cpp of the calling folder. It links that folder and nothing above it.
+# X11 gives it an X server and a window manager of its own.
+function(im_add_test name)
+    if(NOT BUILD_TESTING)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "SOURCES;LINKS;LABELS")
+    add_executable(${name} tests/${name}.cpp ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LINKS} Qt6::Test im_options)
+    target_compile_definitions(${name} PRIVATE IM_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+    set(command $<TARGET_FILE:${name}>)
+    if(arg_X11)
+        list(APPEND arg_LABELS x11)
+        set(command ${PROJECT_SOURCE_DIR}/scripts/with-display ${command})
+    endif()
+    add_test(NAME ${name} COMMAND ${command})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
+endfunction()
