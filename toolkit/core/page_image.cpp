@@ -1,0 +1,64 @@
+#include "page_image.h"
+
+#include <QList>
+
+#include <utility>
+
+namespace {
+
+constexpr int GreyCount = 256;
+
+QList<QRgb> grey_table()
+{
+    QList<QRgb> table(GreyCount);
+    for (int i = 0; i < GreyCount; ++i)
+        table[i] = qRgb(i, i, i);
+    return table;
+}
+
+QImage grey_to_indexed(QImage image)
+{
+    // Only the label changes: a grey byte is its own index into the table of greys.
+    if (image.isNull() || !image.reinterpretAsFormat(QImage::Format_Indexed8))
+        return {};
+    image.setColorTable(grey_table());
+    return image;
+}
+
+/// Grey words of 16 bits cut to their high bytes.
+QImage cut_to_bytes(QImage image)
+{
+    constexpr int Twice = 257; // makes 0xabab of 0xab, which the conversion does not round
+    uchar *const bits = image.bits();
+    if (!bits)
+        return {};
+    for (int y = 0; y < image.height(); ++y) {
+        auto *const words = reinterpret_cast<quint16 *>(bits + y * image.bytesPerLine());
+        for (int x = 0; x < image.width(); ++x)
+            words[x] = static_cast<quint16>((words[x] >> 8) * Twice);
+    }
+    return std::move(image).convertToFormat(QImage::Format_Grayscale8);
+}
+
+} // namespace
+
+QImage to_page_image(QImage image)
+{
+    switch (image.format()) {
+    case QImage::Format_Invalid:
+    case QImage::Format_Mono:
+    case QImage::Format_MonoLSB:
+    case QImage::Format_Indexed8:
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32:
+        return image;
+    case QImage::Format_Grayscale8:
+        return grey_to_indexed(std::move(image));
+    case QImage::Format_Grayscale16:
+        return grey_to_indexed(cut_to_bytes(std::move(image)));
+    default:
+        break;
+    }
+    const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32;
+    return std::move(image).convertToFormat(format);
+}

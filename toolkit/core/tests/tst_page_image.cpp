@@ -1,0 +1,358 @@
+#include "page_image.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr int Width = 5;
+constexpr int Height = 3;
+
+/// Colours that every format of 5 bits a channel and more tells apart, opaque ones.
+QRgb colourAt(int x, int y)
+{
+    return qRgb(x * 63, y * 127, 255 - x * 50);
+}
+
+QImage colourPicture(QImage::Format format)
+{
+    QImage image(Width, Height, QImage::Format_RGB32);
+    for (int y = 0; y < Height; ++y) {
+        for (int x = 0; x < Width; ++x)
+            image.setPixel(x, y, colourAt(x, y));
+    }
+    return std::move(image).convertToFormat(format);
+}
+
+} // namespace
+
+class tst_page_image : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyFormatBecomesAPageFormat_data();
+    void everyFormatBecomesAPageFormat();
+    void pageFormatSharesItsPixels_data();
+    void pageFormatSharesItsPixels();
+    void oddTableStays_data();
+    void oddTableStays();
+    void nullStaysNull();
+    void greysOfEightBitsKeepTheirValues();
+    void greysOfSixteenBitsKeepTheirHighBytes();
+    void greyPageCountsAsGrey();
+    void sharedGreyPictureStaysUntouched();
+    void movedGreyPictureIsRelabelledInPlace();
+    void movedColourPictureIsConvertedInPlace();
+    void coloursOfWholeBytesAreExact_data();
+    void coloursOfWholeBytesAreExact();
+    void coloursOfSixteenBitsAPixelAreSpread();
+    void alphaSurvives_data();
+    void alphaSurvives();
+    void alphaOnlyPictureBecomesTransparentBlack();
+    void resolutionAndTextsSurvive_data();
+    void resolutionAndTextsSurvive();
+    void resultTooWideForMemoryIsNull();
+};
+
+void tst_page_image::everyFormatBecomesAPageFormat_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<QImage::Format>("expected");
+
+    const auto row = [](const char *name, QImage::Format format, QImage::Format expected) {
+        QTest::newRow(name) << format << expected;
+    };
+    row("Mono", QImage::Format_Mono, QImage::Format_Mono);
+    row("MonoLSB", QImage::Format_MonoLSB, QImage::Format_MonoLSB);
+    row("Indexed8", QImage::Format_Indexed8, QImage::Format_Indexed8);
+    row("RGB32", QImage::Format_RGB32, QImage::Format_RGB32);
+    row("ARGB32", QImage::Format_ARGB32, QImage::Format_ARGB32);
+    row("ARGB32_Premultiplied", QImage::Format_ARGB32_Premultiplied, QImage::Format_ARGB32);
+    row("RGB16", QImage::Format_RGB16, QImage::Format_RGB32);
+    row("ARGB8565_Premultiplied", QImage::Format_ARGB8565_Premultiplied, QImage::Format_ARGB32);
+    row("RGB666", QImage::Format_RGB666, QImage::Format_RGB32);
+    row("ARGB6666_Premultiplied", QImage::Format_ARGB6666_Premultiplied, QImage::Format_ARGB32);
+    row("RGB555", QImage::Format_RGB555, QImage::Format_RGB32);
+    row("ARGB8555_Premultiplied", QImage::Format_ARGB8555_Premultiplied, QImage::Format_ARGB32);
+    row("RGB888", QImage::Format_RGB888, QImage::Format_RGB32);
+    row("RGB444", QImage::Format_RGB444, QImage::Format_RGB32);
+    row("ARGB4444_Premultiplied", QImage::Format_ARGB4444_Premultiplied, QImage::Format_ARGB32);
+    row("RGBX8888", QImage::Format_RGBX8888, QImage::Format_RGB32);
+    row("RGBA8888", QImage::Format_RGBA8888, QImage::Format_ARGB32);
+    row("RGBA8888_Premultiplied", QImage::Format_RGBA8888_Premultiplied, QImage::Format_ARGB32);
+    row("BGR30", QImage::Format_BGR30, QImage::Format_RGB32);
+    row("A2BGR30_Premultiplied", QImage::Format_A2BGR30_Premultiplied, QImage::Format_ARGB32);
+    row("RGB30", QImage::Format_RGB30, QImage::Format_RGB32);
+    row("A2RGB30_Premultiplied", QImage::Format_A2RGB30_Premultiplied, QImage::Format_ARGB32);
+    row("Alpha8", QImage::Format_Alpha8, QImage::Format_ARGB32);
+    row("Grayscale8", QImage::Format_Grayscale8, QImage::Format_Indexed8);
+    row("RGBX64", QImage::Format_RGBX64, QImage::Format_RGB32);
+    row("RGBA64", QImage::Format_RGBA64, QImage::Format_ARGB32);
+    row("RGBA64_Premultiplied", QImage::Format_RGBA64_Premultiplied, QImage::Format_ARGB32);
+    row("Grayscale16", QImage::Format_Grayscale16, QImage::Format_Indexed8);
+    row("BGR888", QImage::Format_BGR888, QImage::Format_RGB32);
+    row("RGBX16FPx4", QImage::Format_RGBX16FPx4, QImage::Format_RGB32);
+    row("RGBA16FPx4", QImage::Format_RGBA16FPx4, QImage::Format_ARGB32);
+    row("RGBA16FPx4_Premultiplied", QImage::Format_RGBA16FPx4_Premultiplied, QImage::Format_ARGB32);
+    row("RGBX32FPx4", QImage::Format_RGBX32FPx4, QImage::Format_RGB32);
+    row("RGBA32FPx4", QImage::Format_RGBA32FPx4, QImage::Format_ARGB32);
+    row("RGBA32FPx4_Premultiplied", QImage::Format_RGBA32FPx4_Premultiplied, QImage::Format_ARGB32);
+}
+
+void tst_page_image::everyFormatBecomesAPageFormat()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(QImage::Format, expected);
+
+    const QImage page = to_page_image(colourPicture(format));
+
+    QCOMPARE(page.format(), expected);
+    QCOMPARE(page.size(), QSize(Width, Height));
+}
+
+void tst_page_image::pageFormatSharesItsPixels_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::newRow("Mono") << QImage::Format_Mono;
+    QTest::newRow("MonoLSB") << QImage::Format_MonoLSB;
+    QTest::newRow("Indexed8") << QImage::Format_Indexed8;
+    QTest::newRow("RGB32") << QImage::Format_RGB32;
+    QTest::newRow("ARGB32") << QImage::Format_ARGB32;
+}
+
+void tst_page_image::pageFormatSharesItsPixels()
+{
+    QFETCH(QImage::Format, format);
+    const QImage picture = colourPicture(format);
+
+    const QImage page = to_page_image(picture);
+
+    QCOMPARE(page.constBits(), picture.constBits());
+}
+
+void tst_page_image::oddTableStays_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<QList<QRgb>>("table");
+    QTest::newRow("Mono in colours") << QImage::Format_Mono << QList<QRgb>{qRgb(1, 2, 3), qRgb(200, 100, 0)};
+    QTest::newRow("Mono with alpha") << QImage::Format_Mono << QList<QRgb>{qRgba(1, 2, 3, 4), qRgb(0, 0, 0)};
+    QTest::newRow("MonoLSB inverted") << QImage::Format_MonoLSB << QList<QRgb>{qRgb(255, 255, 255), qRgb(0, 0, 0)};
+    QTest::newRow("Indexed8 with one entry") << QImage::Format_Indexed8 << QList<QRgb>{qRgb(9, 9, 9)};
+    QTest::newRow("Indexed8 with alpha") << QImage::Format_Indexed8 << QList<QRgb>{qRgba(9, 9, 9, 0), qRgb(1, 1, 1)};
+    QTest::newRow("Indexed8 without table") << QImage::Format_Indexed8 << QList<QRgb>{};
+}
+
+void tst_page_image::oddTableStays()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(QList<QRgb>, table);
+    QImage picture(Width, Height, format);
+    picture.setColorTable(table);
+    picture.fill(0);
+
+    const QImage page = to_page_image(picture);
+
+    QCOMPARE(page.format(), format);
+    QCOMPARE(page.colorTable(), table);
+}
+
+void tst_page_image::nullStaysNull()
+{
+    QVERIFY(to_page_image(QImage()).isNull());
+}
+
+void tst_page_image::greysOfEightBitsKeepTheirValues()
+{
+    QImage grey(256, 1, QImage::Format_Grayscale8);
+    for (int x = 0; x < 256; ++x)
+        grey.scanLine(0)[x] = static_cast<uchar>(x);
+
+    const QImage page = to_page_image(std::move(grey));
+
+    QCOMPARE(page.colorCount(), 256);
+    for (int x = 0; x < 256; ++x) {
+        QCOMPARE(page.pixelIndex(x, 0), x);
+        QCOMPARE(page.pixel(x, 0), qRgb(x, x, x));
+    }
+}
+
+void tst_page_image::greysOfSixteenBitsKeepTheirHighBytes()
+{
+    const std::array<quint16, 10> words = {0x0000, 0x00ff, 0x0100, 0x017f, 0x0180,
+                                           0x7f80, 0x80ff, 0xfe80, 0xfeff, 0xffff};
+    const std::array<int, 10> highBytes = {0x00, 0x00, 0x01, 0x01, 0x01, 0x7f, 0x80, 0xfe, 0xfe, 0xff};
+    QImage grey(10, 1, QImage::Format_Grayscale16);
+    std::copy(words.begin(), words.end(), reinterpret_cast<quint16 *>(grey.bits()));
+
+    const QImage page = to_page_image(std::move(grey));
+
+    QCOMPARE(page.format(), QImage::Format_Indexed8);
+    for (size_t i = 0; i < words.size(); ++i) {
+        QCOMPARE(page.pixelIndex(static_cast<int>(i), 0), highBytes[i]);
+        QCOMPARE(page.pixel(static_cast<int>(i), 0), qRgb(highBytes[i], highBytes[i], highBytes[i]));
+    }
+}
+
+void tst_page_image::greyPageCountsAsGrey()
+{
+    QVERIFY(to_page_image(colourPicture(QImage::Format_Grayscale8)).isGrayscale());
+    QVERIFY(to_page_image(colourPicture(QImage::Format_Grayscale16)).isGrayscale());
+}
+
+void tst_page_image::sharedGreyPictureStaysUntouched()
+{
+    const QImage grey = colourPicture(QImage::Format_Grayscale8);
+
+    const QImage page = to_page_image(grey);
+
+    QCOMPARE(page.format(), QImage::Format_Indexed8);
+    QCOMPARE(grey.format(), QImage::Format_Grayscale8);
+    QCOMPARE(grey.colorCount(), 0);
+    QVERIFY(page.constBits() != grey.constBits());
+}
+
+void tst_page_image::movedGreyPictureIsRelabelledInPlace()
+{
+    QImage grey = colourPicture(QImage::Format_Grayscale8);
+    const uchar *const bits = grey.constBits();
+
+    const QImage page = to_page_image(std::move(grey));
+
+    QCOMPARE(page.constBits(), bits);
+}
+
+void tst_page_image::movedColourPictureIsConvertedInPlace()
+{
+    QImage picture = colourPicture(QImage::Format_ARGB32_Premultiplied);
+    const uchar *const bits = picture.constBits();
+
+    const QImage page = to_page_image(std::move(picture));
+
+    QCOMPARE(page.constBits(), bits);
+}
+
+void tst_page_image::coloursOfWholeBytesAreExact_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::newRow("RGB32") << QImage::Format_RGB32;
+    QTest::newRow("ARGB32_Premultiplied") << QImage::Format_ARGB32_Premultiplied;
+    QTest::newRow("RGB888") << QImage::Format_RGB888;
+    QTest::newRow("BGR888") << QImage::Format_BGR888;
+    QTest::newRow("RGBX8888") << QImage::Format_RGBX8888;
+    QTest::newRow("RGBA8888") << QImage::Format_RGBA8888;
+    QTest::newRow("RGBA8888_Premultiplied") << QImage::Format_RGBA8888_Premultiplied;
+    QTest::newRow("RGB30") << QImage::Format_RGB30;
+    QTest::newRow("BGR30") << QImage::Format_BGR30;
+    QTest::newRow("A2RGB30_Premultiplied") << QImage::Format_A2RGB30_Premultiplied;
+    QTest::newRow("A2BGR30_Premultiplied") << QImage::Format_A2BGR30_Premultiplied;
+    QTest::newRow("RGBX64") << QImage::Format_RGBX64;
+    QTest::newRow("RGBA64") << QImage::Format_RGBA64;
+    QTest::newRow("RGBA64_Premultiplied") << QImage::Format_RGBA64_Premultiplied;
+    QTest::newRow("RGBX16FPx4") << QImage::Format_RGBX16FPx4;
+    QTest::newRow("RGBA16FPx4") << QImage::Format_RGBA16FPx4;
+    QTest::newRow("RGBA16FPx4_Premultiplied") << QImage::Format_RGBA16FPx4_Premultiplied;
+    QTest::newRow("RGBX32FPx4") << QImage::Format_RGBX32FPx4;
+    QTest::newRow("RGBA32FPx4") << QImage::Format_RGBA32FPx4;
+    QTest::newRow("RGBA32FPx4_Premultiplied") << QImage::Format_RGBA32FPx4_Premultiplied;
+}
+
+void tst_page_image::coloursOfWholeBytesAreExact()
+{
+    QFETCH(QImage::Format, format);
+
+    const QImage page = to_page_image(colourPicture(format));
+
+    for (int y = 0; y < Height; ++y) {
+        for (int x = 0; x < Width; ++x)
+            QCOMPARE(page.pixel(x, y), colourAt(x, y));
+    }
+}
+
+void tst_page_image::coloursOfSixteenBitsAPixelAreSpread()
+{
+    QImage picture(2, 1, QImage::Format_RGB16);
+    auto *const words = reinterpret_cast<quint16 *>(picture.bits());
+    words[0] = 0xf800; // red 31 of 31
+    words[1] = 0x0410; // green 32 of 63, blue 16 of 31
+
+    const QImage page = to_page_image(std::move(picture));
+
+    QCOMPARE(page.pixel(0, 0), qRgb(255, 0, 0));
+    QCOMPARE(page.pixel(1, 0), qRgb(0, 130, 132)); // the high bits repeat below: 100000 10, 10000 100
+}
+
+void tst_page_image::alphaSurvives_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::newRow("ARGB32") << QImage::Format_ARGB32;
+    QTest::newRow("ARGB32_Premultiplied") << QImage::Format_ARGB32_Premultiplied;
+    QTest::newRow("RGBA8888") << QImage::Format_RGBA8888;
+    QTest::newRow("RGBA64") << QImage::Format_RGBA64;
+    QTest::newRow("RGBA64_Premultiplied") << QImage::Format_RGBA64_Premultiplied;
+}
+
+void tst_page_image::alphaSurvives()
+{
+    QFETCH(QImage::Format, format);
+    QImage picture(2, 1, QImage::Format_ARGB32);
+    picture.setPixel(0, 0, qRgba(255, 0, 255, 51));
+    picture.setPixel(1, 0, qRgba(0, 0, 0, 0));
+
+    const QImage page = to_page_image(std::move(picture).convertToFormat(format));
+
+    QCOMPARE(page.format(), QImage::Format_ARGB32);
+    QCOMPARE(page.pixel(0, 0), qRgba(255, 0, 255, 51));
+    QCOMPARE(page.pixel(1, 0), qRgba(0, 0, 0, 0));
+}
+
+void tst_page_image::alphaOnlyPictureBecomesTransparentBlack()
+{
+    QImage picture(2, 1, QImage::Format_Alpha8);
+    picture.bits()[0] = 0;
+    picture.bits()[1] = 200;
+
+    const QImage page = to_page_image(std::move(picture));
+
+    QCOMPARE(page.pixel(0, 0), qRgba(0, 0, 0, 0));
+    QCOMPARE(page.pixel(1, 0), qRgba(0, 0, 0, 200));
+}
+
+void tst_page_image::resolutionAndTextsSurvive_data()
+{
+    everyFormatBecomesAPageFormat_data();
+}
+
+void tst_page_image::resolutionAndTextsSurvive()
+{
+    QFETCH(QImage::Format, format);
+    QImage picture = colourPicture(format);
+    picture.setDotsPerMeterX(23622);
+    picture.setDotsPerMeterY(11811);
+    picture.setText(QStringLiteral("Title"), QStringLiteral("Page"));
+
+    const QImage page = to_page_image(std::move(picture));
+
+    QCOMPARE(page.dotsPerMeterX(), 23622);
+    QCOMPARE(page.dotsPerMeterY(), 11811);
+    QCOMPARE(page.text(QStringLiteral("Title")), QStringLiteral("Page"));
+}
+
+void tst_page_image::resultTooWideForMemoryIsNull()
+{
+    // The bits of a row of 32-bit colours do not fit an int, so the result is refused before a pixel is read.
+    constexpr int Pixels = 100'000'000;
+    const uchar byte = 0;
+    const QImage picture(&byte, Pixels, 1, 2 * Pixels, QImage::Format_RGB16);
+    QVERIFY(!picture.isNull());
+
+    QTest::ignoreMessage(QtWarningMsg, "QImage: out of memory, returning null image");
+    QVERIFY(to_page_image(picture).isNull());
+}
+
+QTEST_GUILESS_MAIN(tst_page_image)
+
+#include "tst_page_image.moc"

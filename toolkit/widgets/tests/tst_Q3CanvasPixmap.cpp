@@ -1,0 +1,395 @@
+#include "Q3CanvasPixmap.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QtMath>
+
+#include <array>
+
+namespace {
+
+constexpr QSize Window(150, 110);
+constexpr QRgb Backdrop = 0xff9a8040;
+
+struct Zoom
+{
+    const char *name;
+    double factor;
+};
+constexpr std::array<Zoom, 8> Zooms = {{{"8:1", 8.0},
+                                        {"4:1", 4.0},
+                                        {"2:1", 2.0},
+                                        {"1:1", 1.0},
+                                        {"1:2", 0.5},
+                                        {"1:4", 0.25},
+                                        {"1:8", 0.125},
+                                        {"1:16", 0.0625}}};
+
+struct PageKind
+{
+    const char *name;
+    QImage::Format format;
+    QList<QRgb> table;
+};
+
+QList<QRgb> tableOf(int count, bool alpha)
+{
+    QRandomGenerator random(5);
+    QList<QRgb> table;
+    for (int i = 0; i < count; ++i)
+        table.append(alpha ? random.generate() : random.generate() | 0xff000000U);
+    return table;
+}
+
+QList<PageKind> pageKinds()
+{
+    return {
+        {"Mono", QImage::Format_Mono, {qRgb(255, 255, 255), qRgb(0, 0, 0)}},
+        {"MonoLSB", QImage::Format_MonoLSB, {qRgb(10, 20, 30), qRgb(200, 210, 220)}},
+        {"Mono with alpha", QImage::Format_Mono, {qRgba(255, 0, 0, 0), qRgba(0, 90, 200, 128)}},
+        {"Mono without table", QImage::Format_Mono, {}},
+        {"Mono with one entry", QImage::Format_MonoLSB, {qRgb(3, 90, 7)}},
+        {"Indexed8", QImage::Format_Indexed8, tableOf(256, false)},
+        {"Indexed8 with alpha", QImage::Format_Indexed8, tableOf(256, true)},
+        {"Indexed8 with short table", QImage::Format_Indexed8, tableOf(100, false)},
+        {"Indexed8 with short table and alpha", QImage::Format_Indexed8, tableOf(100, true)},
+        {"Indexed8 without table", QImage::Format_Indexed8, {}},
+        {"RGB32", QImage::Format_RGB32, {}},
+        {"ARGB32", QImage::Format_ARGB32, {}},
+    };
+}
+
+/// A page of noise; its colours differ from pixel to pixel, so that every wrong sample shows.
+QImage noisePage(const PageKind &kind, const QSize &size)
+{
+    QImage page(size, kind.format);
+    page.setColorTable(kind.table);
+    QRandomGenerator random(42);
+    random.fillRange(reinterpret_cast<quint32 *>(page.bits()), page.sizeInBytes() / 4);
+    return page;
+}
+
+QTransform zoomTransform(double factor, const QPoint &scroll)
+{
+    return QTransform::fromScale(factor, factor) * QTransform::fromTranslate(-scroll.x(), -scroll.y());
+}
+
+/// The window after one painting job under a zoom and a scroll offset.
+template <typename Draw> QImage painted(double factor, const QPoint &scroll, const QRegion &exposed, const Draw &draw)
+{
+    QImage window(Window, QImage::Format_RGB32);
+    window.fill(Backdrop);
+    QPainter painter(&window);
+    if (!exposed.isNull())
+        painter.setClipRegion(exposed);
+    painter.setTransform(zoomTransform(factor, scroll));
+    draw(painter);
+    painter.end();
+    return window;
+}
+
+QImage paintedPlainly(const QImage &page, const QPoint &at, double factor, const QPoint &scroll)
+{
+    const QPixmap pixmap = QPixmap::fromImage(page);
+    return painted(factor, scroll, {}, [&](QPainter &painter) { painter.drawPixmap(at, pixmap); });
+}
+
+QString firstDifferences(const QImage &actual, const QImage &expected)
+{
+    QStringList differences;
+    for (int y = 0; y < expected.height(); ++y) {
+        for (int x = 0; x < expected.width(); ++x) {
+            if (actual.pixel(x, y) != expected.pixel(x, y) && differences.size() < 10)
+                differences.append(
+                    QString::asprintf("(%d,%d) %08x instead of %08x", x, y, actual.pixel(x, y), expected.pixel(x, y)));
+        }
+    }
+    return differences.join(QLatin1StringView(", "));
+}
+
+} // namespace
+
+class tst_Q3CanvasPixmap : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void pageFormatsShareTheirPixels_data();
+    void pageFormatsShareTheirPixels();
+    void greyPictureIsBroughtToAPageFormat();
+    void depthIsThatOfAColourPixmap();
+    void hotSpotIsTheOffsetOfTheImage();
+    void onlyAPictureWithoutAlphaIsOpaque();
+    void nullPictureDrawsNothing();
+    void paintsAsAPixmapAtEveryZoom_data();
+    void paintsAsAPixmapAtEveryZoom();
+    void partialExposureShowsThePixelsOfTheWhole_data();
+    void partialExposureShowsThePixelsOfTheWhole();
+    void pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd_data();
+    void pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd();
+    void widePartOfAReducedPageIsSampledToItsEnd();
+    void otherTransformsPaintAsThePainterDoes();
+    void smoothingPainterSmooths();
+    void painterKeepsItsTransform();
+};
+
+void tst_Q3CanvasPixmap::pageFormatsShareTheirPixels_data()
+{
+    QTest::addColumn<int>("kind");
+    const QList<PageKind> kinds = pageKinds();
+    for (int kind = 0; kind < kinds.size(); ++kind)
+        QTest::newRow(kinds[kind].name) << kind;
+}
+
+void tst_Q3CanvasPixmap::pageFormatsShareTheirPixels()
+{
+    QFETCH(int, kind);
+    const QImage page = noisePage(pageKinds()[kind], QSize(20, 10));
+
+    const Q3CanvasPixmap pixmap(page);
+
+    QCOMPARE(pixmap.image().constBits(), page.constBits());
+    QCOMPARE(pixmap.image().colorTable(), page.colorTable());
+}
+
+void tst_Q3CanvasPixmap::greyPictureIsBroughtToAPageFormat()
+{
+    QImage grey(2, 1, QImage::Format_Grayscale8);
+    grey.fill(77);
+
+    const Q3CanvasPixmap pixmap(grey);
+
+    QCOMPARE(pixmap.image().format(), QImage::Format_Indexed8);
+    QCOMPARE(pixmap.image().pixel(1, 0), qRgb(77, 77, 77));
+}
+
+void tst_Q3CanvasPixmap::depthIsThatOfAColourPixmap()
+{
+    QCOMPARE(Q3CanvasPixmap(QImage(3, 2, QImage::Format_Mono)).depth(), 32);
+    QCOMPARE(Q3CanvasPixmap(QImage(3, 2, QImage::Format_ARGB32)).depth(), 32);
+    QCOMPARE(Q3CanvasPixmap(QImage()).depth(), 0);
+}
+
+void tst_Q3CanvasPixmap::hotSpotIsTheOffsetOfTheImage()
+{
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.setOffset(QPoint(2, 1));
+
+    const Q3CanvasPixmap pixmap(image);
+
+    QCOMPARE(QPoint(pixmap.offsetX(), pixmap.offsetY()), QPoint(2, 1));
+    QCOMPARE(QSize(pixmap.width(), pixmap.height()), QSize(3, 2));
+}
+
+void tst_Q3CanvasPixmap::onlyAPictureWithoutAlphaIsOpaque()
+{
+    QImage transparentTable(3, 2, QImage::Format_Mono);
+    transparentTable.setColorTable({qRgba(0, 0, 0, 0), qRgb(0, 0, 0)});
+
+    QVERIFY(Q3CanvasPixmap(QImage(3, 2, QImage::Format_RGB32)).isOpaque());
+    QVERIFY(Q3CanvasPixmap(QImage(3, 2, QImage::Format_Mono)).isOpaque());
+    QVERIFY(!Q3CanvasPixmap(QImage(3, 2, QImage::Format_ARGB32)).isOpaque());
+    QVERIFY(!Q3CanvasPixmap(transparentTable).isOpaque());
+    QVERIFY(!Q3CanvasPixmap(QImage()).isOpaque());
+}
+
+void tst_Q3CanvasPixmap::nullPictureDrawsNothing()
+{
+    const Q3CanvasPixmap pixmap{QImage()};
+
+    const QImage window = painted(1.0, {}, {}, [&](QPainter &painter) { pixmap.draw(painter, {}); });
+
+    QCOMPARE(window, painted(1.0, {}, {}, [](QPainter &) {}));
+}
+
+void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<QSize>("size");
+
+    const QList<PageKind> kinds = pageKinds();
+    for (const Zoom &zoom : Zooms) {
+        for (int kind = 0; kind < kinds.size(); ++kind) {
+            for (const QSize size : {QSize(1, 1), QSize(7, 9), QSize(333, 251), QSize(1000, 903)})
+                QTest::addRow("%s %s %dx%d", kinds[kind].name, zoom.name, size.width(), size.height())
+                    << kind << zoom.factor << size;
+        }
+    }
+}
+
+void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom()
+{
+    QFETCH(int, kind);
+    QFETCH(double, factor);
+    QFETCH(QSize, size);
+    const QImage page = noisePage(pageKinds()[kind], size);
+    const Q3CanvasPixmap pixmap(page);
+
+    for (const QPoint scroll : {QPoint(0, 0), QPoint(1, 3), QPoint(37, 18), QPoint(-5, -11)}) {
+        for (const QPoint at : {QPoint(0, 0), QPoint(3, 5), QPoint(-17, -9)}) {
+            const QImage actual = painted(factor, scroll, {}, [&](QPainter &painter) { pixmap.draw(painter, at); });
+            const QImage expected = paintedPlainly(page, at, factor, scroll);
+            QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+        }
+    }
+}
+
+void tst_Q3CanvasPixmap::partialExposureShowsThePixelsOfTheWhole_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<double>("factor");
+    const QList<PageKind> kinds = pageKinds();
+    for (const Zoom &zoom : Zooms) {
+        for (int kind = 0; kind < kinds.size(); ++kind)
+            QTest::addRow("%s %s", kinds[kind].name, zoom.name) << kind << zoom.factor;
+    }
+}
+
+void tst_Q3CanvasPixmap::partialExposureShowsThePixelsOfTheWhole()
+{
+    QFETCH(int, kind);
+    QFETCH(double, factor);
+    const Q3CanvasPixmap pixmap(noisePage(pageKinds()[kind], QSize(1203, 1501)));
+    const QPoint scroll(13, 7);
+    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, QPoint(0, 0)); };
+    const QImage whole = painted(factor, scroll, {}, draw);
+    const QImage untouched = painted(factor, scroll, {}, [](QPainter &) {});
+
+    const QList<QRegion> exposures = {QRect(0, 0, 1, 1),
+                                      QRect(5, 3, 17, 9),
+                                      QRect(61, 43, 89, 67),
+                                      QRect(70, 90, 33, 1),
+                                      QRect(-20, -20, 45, 31),
+                                      QRect(200, 200, 5, 5),
+                                      QRegion(3, 5, 40, 20) + QRect(11, 60, 95, 7)};
+    for (const QRegion &exposed : exposures) {
+        QImage expected = untouched;
+        for (const QRect &part : exposed &whole.rect()) {
+            for (int y = part.top(); y <= part.bottom(); ++y) {
+                for (int x = part.left(); x <= part.right(); ++x)
+                    expected.setPixel(x, y, whole.pixel(x, y));
+            }
+        }
+
+        const QImage actual = painted(factor, scroll, exposed, draw);
+        QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+    }
+}
+
+void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<QSize>("size");
+    for (const Zoom &zoom : Zooms) {
+        QTest::addRow("wide Indexed8 %s", zoom.name) << QImage::Format_Indexed8 << zoom.factor << QSize(40003, 130);
+        QTest::addRow("high Indexed8 %s", zoom.name) << QImage::Format_Indexed8 << zoom.factor << QSize(170, 40005);
+        QTest::addRow("wide RGB32 %s", zoom.name) << QImage::Format_RGB32 << zoom.factor << QSize(40003, 130);
+        QTest::addRow("high ARGB32 %s", zoom.name) << QImage::Format_ARGB32 << zoom.factor << QSize(170, 40005);
+    }
+    QTest::newRow("A4 at 600 dpi, Mono 8:1") << QImage::Format_Mono << 8.0 << QSize(4960, 7016);
+    QTest::newRow("A4 at 600 dpi, RGB32 8:1") << QImage::Format_RGB32 << 8.0 << QSize(4960, 7016);
+}
+
+void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(double, factor);
+    QFETCH(QSize, size);
+    const bool indexed = format == QImage::Format_Indexed8 || format == QImage::Format_Mono;
+    const QImage page = indexed ? noisePage({"", format, tableOf(format == QImage::Format_Mono ? 2 : 256, false)}, size)
+                                : noisePage({"", QImage::Format_RGB32, {}}, size).convertToFormat(format);
+    const Q3CanvasPixmap pixmap(page);
+    // The far corner of the contents in the far corner of the window.
+    const QSize contents(qFloor(size.width() * factor), qFloor(size.height() * factor));
+    const QPoint scroll(qMax(0, contents.width() - Window.width()), qMax(0, contents.height() - Window.height()));
+
+    const QImage actual = painted(factor, scroll, {}, [&](QPainter &painter) { pixmap.draw(painter, {}); });
+
+    // Of the page pixels under a screen pixel the last one before the middle shows.
+    const auto source = [factor](int pixel) {
+        return factor >= 1.0 ? qFloor(pixel / factor) : qRound(pixel / factor + 0.5 / factor) - 1;
+    };
+    for (int y = 0; y < qMin(Window.height(), contents.height()); ++y) {
+        for (int x = 0; x < qMin(Window.width(), contents.width()); ++x) {
+            const QRgb expected = page.pixel(source(x + scroll.x()), source(y + scroll.y())) | 0xff000000U;
+            if ((actual.pixel(x, y) | 0xff000000U) != expected)
+                QFAIL(
+                    qPrintable(QString::asprintf("(%d,%d) %08x instead of %08x", x, y, actual.pixel(x, y), expected)));
+        }
+    }
+}
+
+void tst_Q3CanvasPixmap::widePartOfAReducedPageIsSampledToItsEnd()
+{
+    // A window so wide that the part of the page in it is beyond the painter's coordinates.
+    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(48000, 32));
+    const Q3CanvasPixmap pixmap(page);
+    QImage window(3000, 2, QImage::Format_RGB32);
+    window.fill(Backdrop);
+
+    QPainter painter(&window);
+    painter.scale(0.0625, 0.0625);
+    pixmap.draw(painter, QPoint(0, 0));
+    painter.end();
+
+    for (int x = 0; x < window.width(); ++x)
+        QCOMPARE(window.pixel(x, 1), page.pixel(16 * x + 7, 16 + 7) | 0xff000000U);
+}
+
+void tst_Q3CanvasPixmap::otherTransformsPaintAsThePainterDoes()
+{
+    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(61, 43));
+    const Q3CanvasPixmap pixmap(page);
+    const QList<QTransform> transforms = {QTransform::fromScale(3.0, 3.0), QTransform::fromScale(2.0, 1.0),
+                                          QTransform::fromTranslate(0.5, 0.25), QTransform().rotate(30.0),
+                                          QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(0.25, 0.0)};
+    for (const QTransform &transform : transforms) {
+        const auto adjusted = [&](auto draw) {
+            return painted(1.0, {}, {}, [&](QPainter &painter) {
+                painter.setTransform(transform);
+                draw(painter);
+            });
+        };
+        const QImage actual = adjusted([&](QPainter &painter) { pixmap.draw(painter, QPoint(2, 3)); });
+        const QImage expected = adjusted([&](QPainter &painter) { painter.drawImage(2, 3, page); });
+        QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+    }
+}
+
+void tst_Q3CanvasPixmap::smoothingPainterSmooths()
+{
+    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(61, 43));
+    const Q3CanvasPixmap pixmap(page);
+    const auto smoothly = [](auto draw) {
+        return painted(2.0, {}, {}, [&](QPainter &painter) {
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            draw(painter);
+        });
+    };
+
+    const QImage actual = smoothly([&](QPainter &painter) { pixmap.draw(painter, QPoint(0, 0)); });
+
+    QCOMPARE(actual, smoothly([&](QPainter &painter) { painter.drawImage(0, 0, page); }));
+    QVERIFY(actual != paintedPlainly(page, QPoint(0, 0), 2.0, QPoint(0, 0)));
+}
+
+void tst_Q3CanvasPixmap::painterKeepsItsTransform()
+{
+    const Q3CanvasPixmap pixmap(noisePage(pageKinds()[0], QSize(333, 251)));
+    QTransform after;
+
+    (void)painted(0.25, QPoint(4, 9), {}, [&](QPainter &painter) { // only the transform matters
+        pixmap.draw(painter, QPoint(0, 0));
+        after = painter.transform();
+    });
+
+    QCOMPARE(after, zoomTransform(0.25, QPoint(4, 9)));
+}
+
+QTEST_MAIN(tst_Q3CanvasPixmap)
+
+#include "tst_Q3CanvasPixmap.moc"
