@@ -1,0 +1,94 @@
+#include "ImageDocument.h"
+
+#include <QDir>
+#include <QStringList>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The list's entry of a one-based page number.
+auto pageAt(auto &pages, uint pi)
+{
+    return std::next(pages.begin(), static_cast<int>(pi) - 1);
+}
+
+} // namespace
+
+ImageDocument::ImageDocument(const QString &filePath, const QString &imgFormat)
+{
+    // Intended: the result is dropped. An empty or half loaded document is for the caller to judge.
+    (void)load(filePath, imgFormat);
+}
+
+void ImageDocument::setFileName(const QString &name)
+{
+    fileInfo.setFile(fileInfo.dir(), name);
+}
+
+void ImageDocument::setModified(bool value)
+{
+    modified = value;
+    // Intended: also when nothing changed. Tabs take their mark from the last signal, not from a change.
+    emit modifiedStateChanged(value);
+}
+
+QString ImageDocument::dump() const
+{
+    const QStringList lines{
+        u"isEmpty: %1"_s.arg(int{isEmpty()}),       u"pageCount: %1"_s.arg(pageCount()),
+        u"hasFile: %1"_s.arg(int{hasFile()}),       u"fileName: %1"_s.arg(fileName()),
+        u"filePath: %1"_s.arg(filePath()),          u"imgFormat: %1"_s.arg(imgFormat()),
+        u"isModified: %1"_s.arg(int{isModified()}),
+    };
+    return lines.join(u'\n');
+}
+
+bool ImageDocument::addPage(const QImage &img)
+{
+    if (img.isNull())
+        return false;
+    pages.push_back(img);
+    setModified(true);
+    return true;
+}
+
+void ImageDocument::removePage(uint pi)
+{
+    pages.erase(pageAt(pages, pi));
+    setModified(true);
+}
+
+void ImageDocument::swapPages(uint pi1, uint pi2)
+{
+    std::iter_swap(pageAt(pages, pi1), pageAt(pages, pi2));
+    setModified(true);
+}
+
+QImage &ImageDocument::page(uint pi)
+{
+    return *pageAt(pages, pi);
+}
+
+const QImage &ImageDocument::page(uint pi) const
+{
+    return *pageAt(pages, pi);
+}
+
+bool ImageDocument::setPage(uint pi, const QImage &img)
+{
+    if (img.isNull())
+        return false;
+    page(pi) = img;
+    setModified(true);
+    return true;
+}
+
+bool ImageDocument::crop(uint pi, const QRect &rubber)
+{
+    return setPage(pi, page(pi).copy(rubber));
+}

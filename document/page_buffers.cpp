@@ -1,0 +1,199 @@
+#include "page_buffers.h"
+
+#include <QColorSpace>
+#include <QSet>
+
+#include <cstdint>
+#include <memory>
+#include <sys/mman.h>
+#include <utility>
+
+namespace {
+
+/// The memory of pages is held as images that the toolkit made, so that those can be taken in as well.
+/// What such an image shows does not matter; only its bytes are lent out.
+class PagePool
+{
+public:
+    [[nodiscard]] QImage take(qsizetype bytes)
+    {
+        wantedBytes = bytes;
+        QImage memory = std::exchange(spare, QImage());
+        return memory.sizeInBytes() >= bytes && isFit(memory) ? memory : QImage();
+    }
+
+    void giveBack(QImage memory)
+    {
+        if (isFit(memory))
+            spare = std::move(memory);
+    }
+
+    void note(qsizetype bytes)
+    {
+        wantedBytes = bytes;
+        if (!isFit(spare))
+            spare = {};
+    }
+
+    [[nodiscard]] qsizetype spareBytes() const { return spare.sizeInBytes(); }
+
+    /// Where the pages begin that stand on memory of the pool.
+    QSet<const uchar *> lent;
+
+private:
+    /// Whether it is not much larger than the pages of now.
+    [[nodiscard]] bool isFit(const QImage &memory) const { return memory.sizeInBytes() <= 2 * wantedBytes; }
+
+    QImage spare;
+    qsizetype wantedBytes = 0;
+};
+
+/// What stands behind a page. It keeps the pool alive too, should a page outlive everything else.
+class Lease
+{
+public:
+    Lease(std::shared_ptr<PagePool> pagePool, QImage pageMemory) :
+        pool(std::move(pagePool)),
+        memory(std::move(pageMemory))
+    {
+        pool->lent.insert(memory.constBits());
+    }
+    ~Lease()
+    {
+        pool->lent.remove(memory.constBits());
+        pool->giveBack(std::move(memory));
+    }
+    Q_DISABLE_COPY_MOVE(Lease)
+
+    [[nodiscard]] uchar *bits() { return memory.bits(); }
+
+private:
+    std::shared_ptr<PagePool> pool;
+    QImage memory;
+};
+
+const std::shared_ptr<PagePool> &page_pool()
+{
+    static const auto pool = std::make_shared<PagePool>();
+    return pool;
+}
+
+void end_lease(void *info)
+{
+    const std::unique_ptr<Lease> lease(static_cast<Lease *>(info));
+}
+
+qsizetype bytes_per_line(int width, QImage::Format format)
+{
+    const qsizetype bits = qsizetype{width} * QImage::toPixelFormat(format).bitsPerPixel();
+    return (bits + 31) / 32 * 4;
+}
+
+/// Asks for large blocks of memory, which the system hands out faster. A refusal costs time, no more.
+void prefer_huge_blocks(QImage &memory)
+{
+    constexpr std::uintptr_t HugeBlock = std::uintptr_t{2} * 1024 * 1024;
+    const auto begin = reinterpret_cast<std::uintptr_t>(memory.bits());
+    const std::uintptr_t end = begin + static_cast<std::uintptr_t>(memory.sizeInBytes());
+    const std::uintptr_t from = (begin + HugeBlock - 1) / HugeBlock * HugeBlock;
+    const std::uintptr_t to = end / HugeBlock * HugeBlock;
+    if (from < to)
+        (void)madvise(reinterpret_cast<void *>(from), to - from, MADV_HUGEPAGE);
+}
+
+/// A page on the bytes of @p memory, which must suffice.
+QImage lend(QImage memory, QSize size, QImage::Format format)
+{
+    auto lease = std::make_unique<Lease>(page_pool(), std::move(memory));
+    QImage page(lease->bits(), size.width(), size.height(), bytes_per_line(size.width(), format), format, end_lease,
+                lease.get());
+    if (!page.isNull())
+        (void)lease.release(); // the last copy of the page calls end_lease()
+    return page;
+}
+
+/// Entries that are 0 but count as opaque, as in a table that was only given its length, stay so.
+void copy_color_table(const QImage &from, QImage &to)
+{
+    if (from.depth() > 8)
+        return;
+    if (from.hasAlphaChannel()) {
+        to.setColorTable(from.colorTable());
+        return;
+    }
+    to.setColorTable({});
+    to.setColorCount(from.colorCount());
+    for (int i = 0; i < from.colorCount(); ++i) {
+        if (from.color(i) != 0)
+            to.setColor(i, from.color(i));
+    }
+}
+
+void copy_attributes(const QImage &from, QImage &to)
+{
+    to.setDotsPerMeterX(from.dotsPerMeterX());
+    to.setDotsPerMeterY(from.dotsPerMeterY());
+    to.setDevicePixelRatio(from.devicePixelRatio());
+    to.setOffset(from.offset());
+    to.setColorSpace(from.colorSpace());
+    for (const QString &key : from.textKeys())
+        to.setText(key, from.text(key));
+}
+
+} // namespace
+
+QImage new_page(QSize size, QImage::Format format)
+{
+    if (size.isEmpty() || format == QImage::Format_Invalid)
+        return {};
+    const qsizetype bytes = bytes_per_line(size.width(), format) * size.height();
+    if (bytes < SmallestPooledBytes)
+        return QImage(size, format);
+
+    QImage memory = page_pool()->take(bytes);
+    if (memory.isNull()) {
+        memory = QImage(size, format);
+        if (memory.isNull())
+            return {};
+        prefer_huge_blocks(memory);
+    }
+    QImage page = lend(std::move(memory), size, format);
+    if (page.depth() == 1)
+        page.setColorTable({0xff000000, 0xffffffff}); // images on foreign memory begin without any
+    return page;
+}
+
+QImage new_page_like(const QImage &pattern, QSize size, QImage::Format format)
+{
+    QImage page = new_page(size, format);
+    if (page.isNull())
+        return page;
+    if (page.format() == pattern.format())
+        copy_color_table(pattern, page);
+    copy_attributes(pattern, page);
+    return page;
+}
+
+QImage new_page_like(const QImage &pattern, QSize size)
+{
+    return new_page_like(pattern, size, pattern.format());
+}
+
+QImage adopt_page(QImage image)
+{
+    const bool isPooled = page_pool()->lent.contains(image.constBits());
+    if (isPooled || image.sizeInBytes() < SmallestPooledBytes || !image.isDetached())
+        return image;
+    page_pool()->note(image.sizeInBytes());
+    const QImage attributes = image.copy(0, 0, 1, 1);
+    const QSize size = image.size();
+    QImage page = lend(std::move(image), size, attributes.format());
+    copy_color_table(attributes, page);
+    copy_attributes(attributes, page);
+    return page;
+}
+
+qsizetype spare_page_bytes()
+{
+    return page_pool()->spareBytes();
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+/// Memory for pages, used again. Writing into memory that was touched before takes a fifth of the time that
+/// new memory takes, and nearly every edit makes a page as large as the one it replaces.
+///
+/// A page made here is an image like any other. When its last copy is gone its memory becomes the spare,
+/// which serves the next page of about that size. There is one spare at most, and none that is more than
+/// twice as large as the page asked for last: an edit needs the old page and the new one, not a third.
+/// Pictures below SmallestPooledBytes, such as previews, neither use nor drop the spare.
+///
+/// Threads:   GUI thread only; the last copy of a page must end there too.
+
+inline constexpr qsizetype SmallestPooledBytes = qsizetype{256} * 1024;
+
+/// A page with undefined pixels and the toolkit's own colour table for that format.
+/// @return null if the size is empty, the format invalid or the memory short
+[[nodiscard]] QImage new_page(QSize size, QImage::Format format);
+
+/// The same with the resolution and the texts of @p pattern, and with its colour table if the formats are equal.
+[[nodiscard]] QImage new_page_like(const QImage &pattern, QSize size, QImage::Format format);
+/// The same in the format of @p pattern.
+[[nodiscard]] QImage new_page_like(const QImage &pattern, QSize size);
+
+/// The same picture, whose memory will serve again: for images that the toolkit made. Move it in; shared
+/// pixels stay where they are, and the image comes back as it was.
+[[nodiscard]] QImage adopt_page(QImage image);
+
+/// Bytes that are kept for the next page.
+[[nodiscard]] qsizetype spare_page_bytes();

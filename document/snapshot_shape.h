@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QImage>
+
+#include <array>
+#include <optional>
+
+/// What the header of a snapshot file tells: a BMP header in the one form that the toolkit writes.
+struct SnapshotShape
+{
+    static constexpr qint64 HeaderBytes = 54;
+    static constexpr qint64 TableEntryBytes = 4; ///< blue, green, red, 0
+
+    int width = 0;
+    int height = 0;
+    int bits = 0; ///< of a pixel in the file: 1, 4, 8 or 24
+    int colorCount = 0; ///< entries of the table between header and pixels
+    int dotsPerMeterX = 0;
+    int dotsPerMeterY = 0;
+
+    /// Rows lie bottom up and are padded to four bytes.
+    [[nodiscard]] qint64 rowBytes() const { return (qint64{width} * bits + 31) / 32 * 4; }
+    [[nodiscard]] qint64 pixelBytes() const { return rowBytes() * height; }
+    [[nodiscard]] qint64 tableBytes() const { return TableEntryBytes * colorCount; }
+    [[nodiscard]] qint64 fileBytes() const { return HeaderBytes + tableBytes() + pixelBytes(); }
+};
+
+using SnapshotHeader = std::array<uchar, SnapshotShape::HeaderBytes>;
+
+/// The file that a page makes. Pages of up to 16 colours take half a byte a pixel.
+/// @return nothing for an image that is no page, a null one too, or whose rows or size are unusual
+[[nodiscard]] std::optional<SnapshotShape> snapshot_shape(const QImage &page);
+
+/// The shape that a header tells.
+/// @return nothing unless the header is, to the byte, that of a file from which a page comes back as it is
+[[nodiscard]] std::optional<SnapshotShape> snapshot_shape(const SnapshotHeader &header);
+
+[[nodiscard]] SnapshotHeader snapshot_header(const SnapshotShape &shape);

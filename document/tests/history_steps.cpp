@@ -1,0 +1,68 @@
+#include "history_steps.h"
+
+#include "pictures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Step = bool (UndoHistory::*)(QImage *, QSize *, double *, uint, QString *);
+
+QColor colorAfter(Step step, UndoHistory &history, uint steps)
+{
+    StepOutputs out;
+    const bool done = (history.*step)(&out.image, &out.size, &out.zoom, steps, &out.name);
+    return done ? out.color() : QColor();
+}
+
+} // namespace
+
+QImage pageOf(const QColor &color)
+{
+    return solidPage(PageSize, color.rgb());
+}
+
+bool insertPage(UndoHistory &history, const QColor &color)
+{
+    return history.insert(pageOf(color), PageSize, 1.0, u"operation"_s);
+}
+
+void insertPages(UndoHistory &history, const QList<QColor> &colors)
+{
+    for (const QColor &color : colors) {
+        if (!insertPage(history, color))
+            qFatal("insertPages - a page was refused");
+    }
+}
+
+QColor undo(UndoHistory &history, uint steps)
+{
+    return colorAfter(&UndoHistory::undo, history, steps);
+}
+
+QColor redo(UndoHistory &history, uint steps)
+{
+    return colorAfter(&UndoHistory::redo, history, steps);
+}
+
+QColor rollback(UndoHistory &history, uint steps)
+{
+    return colorAfter(&UndoHistory::rollback, history, steps);
+}
+
+QStringList numbersIn(const TemporaryHome &home)
+{
+    QStringList numbers;
+    for (const QString &name : home.filesIn(u"tmp"_s))
+        numbers.append(name.chopped(4).last(8));
+    return numbers;
+}
+
+QString snapshotPath(const TemporaryHome &home, const QString &number)
+{
+    for (const QString &name : home.filesIn(u"tmp"_s)) {
+        if (name.endsWith(number + ".bmp"_L1))
+            return home.filePath("tmp/"_L1 + name);
+    }
+    return {};
+}

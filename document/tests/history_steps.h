@@ -1,0 +1,44 @@
+#pragma once
+
+#include "TemporaryHome.h"
+#include "UndoHistory.h"
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QSize>
+#include <QStringList>
+
+#include <limits>
+
+/// Short words for the tests of the history: a page is a colour. What cannot be made ends the test program.
+
+inline constexpr uint AllSteps = std::numeric_limits<uint>::max();
+inline constexpr QSize PageSize(4, 3);
+
+[[nodiscard]] QImage pageOf(const QColor &color);
+[[nodiscard]] bool insertPage(UndoHistory &history, const QColor &color);
+void insertPages(UndoHistory &history, const QList<QColor> &colors);
+
+/// What a step gives back.
+struct StepOutputs
+{
+    QImage image;
+    QSize size;
+    double zoom = 0.0;
+    QString name;
+
+    /// An invalid colour if there is no image.
+    [[nodiscard]] QColor color() const { return image.isNull() ? QColor() : image.pixelColor(0, 0); }
+};
+
+/// Run a step and give the colour of the page that it leads to, an invalid one after a failure.
+[[nodiscard]] QColor undo(UndoHistory &history, uint steps = 0);
+[[nodiscard]] QColor redo(UndoHistory &history, uint steps = 0);
+[[nodiscard]] QColor rollback(UndoHistory &history, uint steps = 0);
+
+/// The numbers of the snapshots, as their names hold them, sorted.
+[[nodiscard]] QStringList numbersIn(const TemporaryHome &home);
+
+/// Path of the snapshot with this number; empty if there is none.
+[[nodiscard]] QString snapshotPath(const TemporaryHome &home, const QString &number);

@@ -1,0 +1,43 @@
+#include "snapshot_pages.h"
+
+#include "image_files.h"
+#include "page_image.h"
+#include "pictures.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+QImage randomPage(QSize size, QImage::Format format, int colorCount, QRandomGenerator &random)
+{
+    QImage page(size, format);
+    for (int y = 0; y < page.height(); ++y) {
+        uchar *const line = page.scanLine(y);
+        for (qsizetype i = 0; i < page.bytesPerLine(); ++i)
+            line[i] = static_cast<uchar>(random.generate());
+    }
+    if (page.depth() <= 8) {
+        QList<QRgb> table(colorCount);
+        for (QRgb &color : table)
+            color = random.generate();
+        page.setColorTable(table);
+    }
+    return page;
+}
+
+void put_file(const QString &path, const QByteArray &bytes)
+{
+    QFile::remove(path);
+    write_file(path, bytes);
+}
+
+QImage toolkitPage(const QByteArray &bytes)
+{
+    QImage image;
+    return image.loadFromData(bytes, "BMP") ? to_page_image(image) : QImage();
+}
+
+bool isSamePage(const QImage &actual, const QImage &expected)
+{
+    return comparePictures(actual, expected) && actual.dotsPerMeterX() == expected.dotsPerMeterX()
+        && actual.dotsPerMeterY() == expected.dotsPerMeterY();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+class QRandomGenerator;
+
+/// Pages and files for the tests of snapshots.
+
+inline constexpr quint32 Seed = 20;
+
+/// A page whose bits are all by chance, those of the padding and of the colours too.
+[[nodiscard]] QImage randomPage(QSize size, QImage::Format format, int colorCount, QRandomGenerator &random);
+
+/// Writes a file anew. One that is written over would be forced to the disk, which takes much longer.
+void put_file(const QString &path, const QByteArray &bytes);
+
+/// What the toolkit reads from these bytes, as a page.
+[[nodiscard]] QImage toolkitPage(const QByteArray &bytes);
+
+/// Whether pictures and resolutions are equal; what differs in the pictures is printed.
+[[nodiscard]] bool isSamePage(const QImage &actual, const QImage &expected);

@@ -1,0 +1,248 @@
+#include "colored_documents.h"
+#include "image_files.h"
+#include "ImageDocument.h"
+#include "pictures.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+class tst_ImageDocument_save : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void savedDocumentLivesInItsNewFile();
+    void savedPageIsReadBack_data();
+    void savedPageIsReadBack();
+    void saveWithoutPathOrFormatFailsInSilence();
+    void twoPagesFitIntoTiffOnly();
+    void twoPagesSavedAsTiffAreReadBack();
+    void failedSaveChangesNothing_data();
+    void failedSaveChangesNothing();
+    void unknownFormatLeavesTheFileAlone();
+    void saveThatDidNotReachTheDiskFails();
+    void lastErrorIsForgottenByTheNextSave();
+
+    void documentWithoutPagesCopiesItsFile();
+    void copyOntoItselfKeepsTheFile();
+    void copyToAPlaceThatCannotBeOpenedAnswersTrue();
+    void copyOfAMissingFileFailsAndLeavesTheTargetAlone();
+
+private:
+    [[nodiscard]] QString path(const QString &name) const { return directory->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> directory;
+};
+
+void tst_ImageDocument_save::init()
+{
+    directory = std::make_unique<QTemporaryDir>();
+    QVERIFY(directory->isValid());
+}
+
+void tst_ImageDocument_save::cleanup()
+{
+    directory.reset();
+}
+
+void tst_ImageDocument_save::savedDocumentLivesInItsNewFile()
+{
+    const auto document = document_of({red});
+    document->setModified(true);
+    const QSignalSpy spy(document.get(), &ImageDocument::modifiedStateChanged);
+
+    QVERIFY(document->save(path(u"b.png"_s), u"PNG"_s));
+
+    QCOMPARE(document->filePath(), path(u"b.png"_s));
+    QCOMPARE(document->imgFormat(), u"PNG"_s);
+    QVERIFY(document->hasFile());
+    QVERIFY(!document->isModified());
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(document->lastError, QString());
+}
+
+void tst_ImageDocument_save::savedPageIsReadBack_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("png") << u"png"_s << 32 << u"a.png"_s;
+    QTest::newRow("BMP of depth 8") << u"BMP"_s << 8 << u"a.bmp"_s;
+    QTest::newRow("bmp of depth 1") << u"bmp"_s << 1 << u"a.bmp"_s;
+    QTest::newRow("ppm under another suffix") << u"ppm"_s << 32 << u"a.png"_s;
+    QTest::newRow("plug-in's tiff") << u"tif"_s << 32 << u"a.tif"_s;
+    QTest::newRow("name in other letters") << u"png"_s << 32 << u"Grüße 写真.png"_s;
+    QTest::newRow("multi-page codec, name in other letters") << u"TIFF"_s << 32 << u"Grüße 写真.tif"_s;
+}
+
+void tst_ImageDocument_save::savedPageIsReadBack()
+{
+    QFETCH(const QString, word);
+    QFETCH(const int, depth);
+    QFETCH(const QString, name);
+    const QImage page = patternedPage({33, 9}, depth);
+    ImageDocument document({}, {});
+    QVERIFY(document.addPage(page));
+
+    QVERIFY(document.save(path(name), word));
+
+    const ImageDocument reloaded(path(name), {});
+    QCOMPARE(reloaded.pageCount(), 1U);
+    QVERIFY(comparePictures(reloaded.page(1), page));
+}
+
+void tst_ImageDocument_save::saveWithoutPathOrFormatFailsInSilence()
+{
+    const auto document = document_of({red});
+    document->lastError = u"earlier"_s;
+
+    QVERIFY(!document->save({}, u"PNG"_s));
+    QCOMPARE(document->lastError, QString());
+    QVERIFY(!document->save(path(u"a.png"_s), {}));
+    QCOMPARE(document->lastError, QString());
+
+    QVERIFY(!QFile::exists(path(u"a.png"_s)));
+}
+
+void tst_ImageDocument_save::twoPagesFitIntoTiffOnly()
+{
+    const auto document = document_of({red, green});
+    write_file(path(u"a.png"_s), "earlier");
+
+    QVERIFY(!document->save(path(u"a.png"_s), u"PNG"_s));
+
+    QCOMPARE(document->lastError, u"Multipage image doesn't supported with format <PNG>"_s);
+    QCOMPARE(file_bytes(path(u"a.png"_s)), "earlier");
+}
+
+void tst_ImageDocument_save::twoPagesSavedAsTiffAreReadBack()
+{
+    QVERIFY(document_of({red, green})->save(path(u"a.tiff"_s), u"TIFF"_s));
+
+    QCOMPARE(colors_of(ImageDocument(path(u"a.tiff"_s), u"TIFF"_s)), (QList<QRgb>{red, green}));
+}
+
+void tst_ImageDocument_save::failedSaveChangesNothing_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("png") << u"PNG"_s << u"Can not open file for write: \nNo such file or directory"_s;
+    QTest::newRow("tiff") << u"TIFF"_s << u"Error saving TIFF image!"_s;
+    QTest::newRow("unknown") << u"xyz"_s << u"Unsupported image format"_s;
+}
+
+void tst_ImageDocument_save::failedSaveChangesNothing()
+{
+    QFETCH(const QString, word);
+    const auto document = document_of({red});
+    document->fileInfo.setFile(u"/some/where/a.png"_s);
+    document->imgFormat_ = u"BMP"_s;
+    document->setModified(true);
+
+    QVERIFY(!document->save(path(u"missing/a.png"_s), word));
+
+    QTEST(document->lastError, "error");
+    QCOMPARE(document->filePath(), u"/some/where/a.png"_s);
+    QCOMPARE(document->imgFormat(), u"BMP"_s);
+    QVERIFY(document->isModified());
+}
+
+void tst_ImageDocument_save::unknownFormatLeavesTheFileAlone()
+{
+    write_file(path(u"a.xyz"_s), "earlier");
+
+    QVERIFY(!document_of({red})->save(path(u"a.xyz"_s), u"gif"_s)); // read, but never written
+
+    QCOMPARE(file_bytes(path(u"a.xyz"_s)), "earlier");
+}
+
+void tst_ImageDocument_save::saveThatDidNotReachTheDiskFails()
+{
+    const auto document = document_of({red});
+
+    for (const QString &word : {u"PNG"_s, u"BMP"_s, u"PPM"_s}) {
+        QVERIFY(!document->save(u"/dev/full"_s, word));
+        QVERIFY2(!document->lastError.isEmpty(), qUtf8Printable(word));
+        QCOMPARE(document->filePath(), QString());
+    }
+    QVERIFY(!document->save(u"/dev/full"_s, u"TIFF"_s));
+    QCOMPARE(document->lastError, u"Error saving TIFF image!"_s);
+}
+
+void tst_ImageDocument_save::lastErrorIsForgottenByTheNextSave()
+{
+    const auto document = document_of({red});
+    QVERIFY(!document->save(path(u"a"_s), u"xyz"_s));
+    QVERIFY(!document->lastError.isEmpty());
+
+    QVERIFY(document->save(path(u"a"_s), u"PNG"_s));
+
+    QCOMPARE(document->lastError, QString());
+}
+
+void tst_ImageDocument_save::documentWithoutPagesCopiesItsFile()
+{
+    QByteArray bytes(200001, '\0');
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>(i * 7 + i / 251);
+    write_file(path(u"a.bin"_s), bytes);
+    ImageDocument document({}, {});
+    document.fileInfo.setFile(path(u"a.bin"_s));
+    const QSignalSpy spy(&document, &ImageDocument::modifiedStateChanged);
+
+    QVERIFY(document.save(path(u"Kopie ü.ppm"_s), u"any word"_s));
+
+    QCOMPARE(file_bytes(path(u"Kopie ü.ppm"_s)), bytes);
+    QCOMPARE(document.filePath(), path(u"a.bin"_s));
+    QCOMPARE(document.imgFormat(), QString());
+    QCOMPARE(spy.size(), 0);
+}
+
+void tst_ImageDocument_save::copyOntoItselfKeepsTheFile()
+{
+    write_file(path(u"a.bin"_s), "precious");
+    QCOMPARE(::link(qPrintable(path(u"a.bin"_s)), qPrintable(path(u"same.bin"_s))), 0);
+    ImageDocument document({}, {});
+    document.fileInfo.setFile(path(u"a.bin"_s));
+
+    QVERIFY(document.save(path(u"a.bin"_s), u"ppm"_s));
+    QVERIFY(document.save(path(u"same.bin"_s), u"ppm"_s));
+
+    QCOMPARE(file_bytes(path(u"a.bin"_s)), "precious");
+}
+
+void tst_ImageDocument_save::copyToAPlaceThatCannotBeOpenedAnswersTrue()
+{
+    write_file(path(u"a.bin"_s), "bytes");
+    ImageDocument document({}, {});
+    document.fileInfo.setFile(path(u"a.bin"_s));
+
+    QVERIFY(document.save(path(u"missing/b.ppm"_s), u"ppm"_s));
+}
+
+void tst_ImageDocument_save::copyOfAMissingFileFailsAndLeavesTheTargetAlone()
+{
+    write_file(path(u"b.ppm"_s), "earlier");
+    ImageDocument document({}, {});
+    document.fileInfo.setFile(path(u"missing.bin"_s));
+
+    QVERIFY(!document.save(path(u"b.ppm"_s), u"ppm"_s));
+
+    QCOMPARE(document.lastError, u"No such file or directory"_s);
+    QCOMPARE(file_bytes(path(u"b.ppm"_s)), "earlier");
+}
+
+QTEST_GUILESS_MAIN(tst_ImageDocument_save)
+#include "tst_ImageDocument_save.moc"

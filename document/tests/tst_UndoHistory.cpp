@@ -1,0 +1,315 @@
+#include "DiagnosticLines.h"
+#include "history_steps.h"
+#include "pictures.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <cstddef>
+#include <malloc.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+// Offered by the sanitizer, but not in every compiler's headers.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Bytes that the process has asked for and not given back.
+qint64 heapBytesInUse()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
+#else
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<qint64>(info.uordblks + info.hblkhd);
+#endif
+}
+
+} // namespace
+
+class tst_UndoHistory : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Construction and insert
+    void freshChainHasNothingToUndoOrRedo();
+    void firstInsertWritesFileNumberOne();
+    void fileNamesBeginWithTheSecondOfTheConstruction();
+    void numbersCountOnInHexadecimalAndAreNotUsedAgain();
+    void insertWithoutANameIsRefused();
+    void insertOfANullImageIsRefused();
+    void snapshotsAreKeptOnDiskAndNotInMemory();
+    void destructionDeletesAllFiles();
+
+    // Insert after a step
+    void insertAfterUndoDropsWhatLayAheadAndWritesNoFile();
+    void insertAfterRedoDropsWhatLayAheadAndWritesNoFile();
+    void insertAfterUndoNeedsNoNameAndNoRoom();
+    void insertAfterUndoOfNoStepsDeletesTheWholeChain();
+
+    // Rollback
+    void rollbackAfterAnEditDeletesTheWholeChain();
+    void insertAfterARollbackWritesNothingAndTheNextOneDoes();
+    void rollbackByStepsKeepsWhatLiesBefore();
+    void failedRollbackKeepsTheChain();
+    void freeRedoWithoutItemsAheadOnlyLogs();
+};
+
+void tst_UndoHistory::freshChainHasNothingToUndoOrRedo()
+{
+    const TemporaryHome home;
+    const UndoHistory history;
+
+    QCOMPARE(history.state(), UndoHistory::Empty);
+    QVERIFY(!history.canUndo());
+    QVERIFY(!history.canRedo());
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+}
+
+void tst_UndoHistory::firstInsertWritesFileNumberOne()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    const DiagnosticLines diagnostics;
+
+    QVERIFY(history.insert(pageOf(Qt::red), QSize(40, 30), 0.5, u"operation"_s));
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QVERIFY(history.canUndo());
+    QVERIFY(!history.canRedo());
+    QCOMPARE(numbersIn(home), QStringList{u"00000001"_s});
+    const QString path = snapshotPath(home, u"00000001"_s);
+    QVERIFY(comparePictures(QImage(path), pageOf(Qt::red)));
+    QCOMPARE(diagnostics.lines(),
+             (QStringList{u"UndoHistory::freeRedo - no redo items"_s, u"UndoHistory::insert"_s, u"UndoHistoryItem"_s,
+                          "UndoHistoryItem::save n="_L1 + path + ", z=0.5, w=40, h=30"_L1,
+                          u"UndoHistory::insert exit: chain items = 1"_s}));
+}
+
+void tst_UndoHistory::fileNamesBeginWithTheSecondOfTheConstruction()
+{
+    const TemporaryHome home;
+    const qint64 before = QDateTime::currentSecsSinceEpoch();
+    UndoHistory history;
+    const qint64 after = QDateTime::currentSecsSinceEpoch();
+
+    insertPages(history, {Qt::red});
+
+    const QString name = home.filesIn(u"tmp"_s).value(0);
+    const qint64 second = name.chopped(12).toLongLong();
+    QVERIFY(before <= second && second <= after);
+    QCOMPARE(name, QString::number(second) + "00000001.bmp"_L1);
+}
+
+void tst_UndoHistory::numbersCountOnInHexadecimalAndAreNotUsedAgain()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, QList<QColor>(10, Qt::red));
+    QCOMPARE(numbersIn(home).constLast(), u"0000000A"_s);
+
+    QCOMPARE(rollback(history), QColor(Qt::red)); // all files are gone
+    insertPages(history, {Qt::green, Qt::blue}); // and the first insert writes none
+
+    QCOMPARE(numbersIn(home), QStringList{u"0000000B"_s});
+}
+
+void tst_UndoHistory::insertWithoutANameIsRefused()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    const DiagnosticLines diagnostics;
+
+    QVERIFY(!history.insert(pageOf(Qt::red), PageSize, 1.0, QString()));
+
+    QCOMPARE(history.state(), UndoHistory::Empty);
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    QCOMPARE(
+        diagnostics.lines(),
+        (QStringList{u"UndoHistory::freeRedo - no redo items"_s, u"UndoHistory::insert - no operation name given!"_s}));
+}
+
+void tst_UndoHistory::insertOfANullImageIsRefused()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+
+    QVERIFY(!history.insert(QImage(), PageSize, 1.0, u"operation"_s));
+
+    QVERIFY(!history.canUndo());
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+}
+
+void tst_UndoHistory::snapshotsAreKeptOnDiskAndNotInMemory()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    const QImage page = patternedPage({400, 300});
+    QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
+    const qint64 before = heapBytesInUse();
+    QVERIFY(before > page.sizeInBytes()); // the count sees pages
+
+    for (int i = 0; i < 100; ++i)
+        QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
+
+    QVERIFY(heapBytesInUse() - before < qint64{1024} * 1024);
+}
+
+void tst_UndoHistory::destructionDeletesAllFiles()
+{
+    const TemporaryHome home;
+    {
+        UndoHistory history;
+        insertPages(history, {Qt::red, Qt::green});
+        QCOMPARE(home.filesIn(u"tmp"_s).size(), 2);
+    }
+
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+}
+
+void tst_UndoHistory::insertAfterUndoDropsWhatLayAheadAndWritesNoFile()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    QCOMPARE(undo(history, 1), QColor(Qt::green));
+    const DiagnosticLines diagnostics;
+
+    QVERIFY(insertPage(history, Qt::green));
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+    QCOMPARE(diagnostics.lines(),
+             (QStringList{u"~UndoHistoryItem"_s, u"UndoHistory::freeRedo exit: chain items = 2"_s}));
+    QCOMPARE(undo(history), QColor(Qt::green));
+}
+
+void tst_UndoHistory::insertAfterRedoDropsWhatLayAheadAndWritesNoFile()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    QCOMPARE(undo(history, 2), QColor(Qt::red));
+    QCOMPARE(redo(history), QColor(Qt::green));
+
+    QVERIFY(insertPage(history, Qt::green));
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+}
+
+void tst_UndoHistory::insertAfterUndoNeedsNoNameAndNoRoom()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green});
+    QCOMPARE(undo(history, 1), QColor(Qt::red));
+    QVERIFY(QDir(home.filePath(u"tmp"_s)).removeRecursively());
+
+    QVERIFY(history.insert(QImage(), QSize(), 1.0, QString()));
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QVERIFY(!QFile::exists(home.filePath(u"tmp"_s)));
+}
+
+void tst_UndoHistory::insertAfterUndoOfNoStepsDeletesTheWholeChain()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    QCOMPARE(undo(history), QColor(Qt::blue)); // which is the last item, so nothing lies ahead
+
+    QVERIFY(insertPage(history, Qt::blue));
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QVERIFY(!history.canUndo());
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+}
+
+void tst_UndoHistory::rollbackAfterAnEditDeletesTheWholeChain()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    const QString path = snapshotPath(home, u"00000003"_s);
+    const DiagnosticLines diagnostics;
+
+    QCOMPARE(rollback(history), QColor(Qt::blue));
+
+    QCOMPARE(history.state(), UndoHistory::Undone);
+    QVERIFY(!history.canUndo());
+    QVERIFY(!history.canRedo());
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    QCOMPARE(diagnostics.lines(),
+             (QStringList{u"UndoHistory::undo"_s, "UndoHistoryItem::load n="_L1 + path + ", z=1, w=4, h=3"_L1,
+                          u"UndoHistory::undo exit: chain items = 3"_s, u"~UndoHistoryItem"_s, u"~UndoHistoryItem"_s,
+                          u"~UndoHistoryItem"_s, u"UndoHistory::freeRedo exit: chain items = 0"_s,
+                          u"UndoHistory::rollback exit: chain items = 0"_s}));
+}
+
+void tst_UndoHistory::insertAfterARollbackWritesNothingAndTheNextOneDoes()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green});
+    QCOMPARE(rollback(history), QColor(Qt::green));
+
+    QVERIFY(insertPage(history, Qt::green));
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QVERIFY(!history.canUndo());
+    QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+
+    QVERIFY(insertPage(history, Qt::blue));
+    QVERIFY(history.canUndo());
+    QCOMPARE(numbersIn(home), QStringList{u"00000003"_s});
+}
+
+void tst_UndoHistory::rollbackByStepsKeepsWhatLiesBefore()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+
+    QCOMPARE(rollback(history, 1), QColor(Qt::green));
+
+    QCOMPARE(history.state(), UndoHistory::Undone);
+    QVERIFY(history.canUndo());
+    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+}
+
+void tst_UndoHistory::failedRollbackKeepsTheChain()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green});
+    QVERIFY(QFile::remove(snapshotPath(home, u"00000002"_s)));
+    const DiagnosticLines diagnostics;
+
+    QCOMPARE(rollback(history), QColor());
+
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QCOMPARE(diagnostics.lines().constLast(), u"UndoHistory::rollback - error undoing!"_s);
+    QCOMPARE(undo(history, 1), QColor(Qt::red));
+}
+
+void tst_UndoHistory::freeRedoWithoutItemsAheadOnlyLogs()
+{
+    const TemporaryHome home;
+    UndoHistory history;
+    insertPages(history, {Qt::red, Qt::green});
+    const DiagnosticLines diagnostics;
+
+    history.freeRedo();
+
+    QCOMPARE(diagnostics.lines(), QStringList{u"UndoHistory::freeRedo - no redo items"_s});
+    QCOMPARE(home.filesIn(u"tmp"_s).size(), 2);
+}
+
+QTEST_GUILESS_MAIN(tst_UndoHistory)
+#include "tst_UndoHistory.moc"

@@ -1,0 +1,142 @@
+#include "DiagnosticLines.h"
+#include "history_steps.h"
+#include "pictures.h"
+#include "process_limits.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <optional>
+#include <sched.h>
+#include <sys/mount.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int DiskBytes = 2 * 1024 * 1024;
+
+/// A disk of 2 MiB for this process alone, in memory. Where the process may not mount one, there is a
+/// limit on the size of files instead, which the pages of these tests outgrow as well.
+///
+/// Made before the application, as a process with threads may be refused.
+class SmallDisk
+{
+public:
+    SmallDisk()
+    {
+        const QByteArray path = QFile::encodeName(directory.path());
+        isMounted = ::unshare(CLONE_NEWNS) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+            && ::mount("none", path.constData(), "tmpfs", 0, "size=2m") == 0;
+    }
+    ~SmallDisk()
+    {
+        if (isMounted)
+            ::umount(QFile::encodeName(directory.path()).constData());
+    }
+    Q_DISABLE_COPY_MOVE(SmallDisk)
+
+    [[nodiscard]] QByteArray path() const { return QFile::encodeName(directory.path()); }
+    [[nodiscard]] bool isReal() const { return isMounted; }
+
+private:
+    QTemporaryDir directory;
+    bool isMounted = false;
+};
+
+/// A page whose colours tell its number, each with a larger file than the one before.
+QImage numberedPage(int number)
+{
+    return solidPage({100, 100 + 100 * number}, qRgb(number, 0, 0));
+}
+
+} // namespace
+
+class tst_UndoHistory_full_disk : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit tst_UndoHistory_full_disk(const SmallDisk &smallDisk) : disk(smallDisk) { }
+
+private slots:
+    void init();
+    void cleanup();
+
+    void chainOutlivesTheDiskThatGotFull();
+    void fileThatDoesNotFitIsAFailedSaveAndStays();
+
+private:
+    const SmallDisk &disk;
+    std::optional<OtherHome> home;
+    std::optional<FileSizeLimit> limit;
+};
+
+void tst_UndoHistory_full_disk::init()
+{
+    home.emplace(disk.path());
+    if (!disk.isReal())
+        limit.emplace(rlim_t{DiskBytes / 4});
+}
+
+void tst_UndoHistory_full_disk::cleanup()
+{
+    limit.reset();
+    home.reset();
+}
+
+void tst_UndoHistory_full_disk::chainOutlivesTheDiskThatGotFull()
+{
+    UndoHistory history;
+    int count = 0;
+    QStringList lines;
+    for (bool done = true; done; count += done ? 1 : 0) {
+        const DiagnosticLines diagnostics;
+        const QImage page = numberedPage(count + 1);
+        done = history.insert(page, page.size(), 1.0, u"operation"_s);
+        lines = diagnostics.lines();
+    }
+
+    QCOMPARE(lines.constLast(),
+             disk.isReal() ? u"UndoHistory::insert - image cannot be inserted!"_s
+                           : u"UndoHistory::insert - error saving file"_s);
+    QVERIFY(count > 3);
+    QCOMPARE(history.state(), UndoHistory::Edited);
+    QCOMPARE(undo(history), QColor(count, 0, 0));
+    QCOMPARE(undo(history), QColor(count - 1, 0, 0));
+    // Room is made by the item that goes, and the page is on file as it is.
+    const QImage page = numberedPage(count - 1);
+    QVERIFY(history.canInsert(page));
+    QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
+    const QImage small = numberedPage(0);
+    QVERIFY(history.insert(small, small.size(), 1.0, u"operation"_s));
+    QCOMPARE(undo(history), QColor(0, 0, 0));
+}
+
+void tst_UndoHistory_full_disk::fileThatDoesNotFitIsAFailedSaveAndStays()
+{
+    const QString base = QFile::decodeName(disk.path()) + "/page"_L1;
+    const QImage page = solidPage({1000, 1000}, qRgb(1, 2, 3)); // 3 MB
+    UndoHistoryItem item(u"operation"_s, base);
+    const DiagnosticLines diagnostics;
+
+    QVERIFY(!item.save(page, page.size(), 1.0));
+
+    QCOMPARE(diagnostics.lines(),
+             QStringList{"UndoHistoryItem::save - error saving image "_L1 + item.fileName() + u'!'});
+    const qint64 written = QFile(item.fileName()).size();
+    QVERIFY(written > 0);
+    QVERIFY(written <= DiskBytes);
+}
+
+int main(int argc, char *argv[])
+{
+    const SmallDisk disk;
+    const QCoreApplication application(argc, argv);
+    tst_UndoHistory_full_disk tests(disk);
+    return QTest::qExec(&tests, argc, argv);
+}
+
+#include "tst_UndoHistory_full_disk.moc"

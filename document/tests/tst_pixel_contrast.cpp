@@ -1,0 +1,204 @@
+#include "contrast.h"
+#include "pixel_operations.h"
+
+#include <QImage>
+#include <QList>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// The rule, one word after the other.
+ChannelBounds plainBounds(const QList<QRgb> &words, int shift)
+{
+    ChannelBounds bounds;
+    for (const QRgb word : words) {
+        const int value = static_cast<int>(word >> shift & 0xff);
+        if (value < bounds.minimum)
+            bounds.minimum = value;
+        else if (value > bounds.maximum)
+            bounds.maximum = value;
+    }
+    return bounds;
+}
+
+/// The arithmetic of one channel, written out.
+QRgb plainValue(QRgb word, int shift, ChannelBounds bounds, int percent)
+{
+    const int range = bounds.maximum - bounds.minimum + 1;
+    const int above = static_cast<int>(word >> shift & 0xff) - bounds.minimum;
+    int value = 0;
+    if (percent > 0)
+        value = above * ((100 + percent) * 256) / (range * 100);
+    else
+        value = above * 25600 / ((100 - percent) * range);
+    return static_cast<QRgb>(value < 0 ? 0 : value > 255 ? 255 : value) << shift;
+}
+
+QList<QRgb> plainContrast(const QList<QRgb> &words, int percent)
+{
+    QList<QRgb> result;
+    for (const QRgb word : words) {
+        QRgb changed = word & 0xff000000;
+        for (const int shift : {16, 8, 0})
+            changed |= plainValue(word, shift, plainBounds(words, shift), percent);
+        result.append(changed);
+    }
+    return result;
+}
+
+QList<QRgb> contrasted(const QList<QRgb> &words, int percent)
+{
+    QList<QRgb> result(words.size());
+    contrast_words(words, result, percent);
+    return result;
+}
+
+QList<QRgb> reds(std::initializer_list<QRgb> values)
+{
+    QList<QRgb> words;
+    for (const QRgb value : values)
+        words.append(0xff000000 | value << 16);
+    return words;
+}
+
+QList<int> redsOf(const QList<QRgb> &words)
+{
+    QList<int> values;
+    for (const QRgb word : words)
+        values.append(qRed(word));
+    return values;
+}
+
+/// The signal that ends a process which runs contrast over a picture; 0 if it ends by itself.
+int signalThatEndsContrastOf(const QImage &image)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit noCore{0, 0};
+        (void)setrlimit(RLIMIT_CORE, &noCore);
+        (void)std::signal(SIGFPE, SIG_DFL); // the test's own handler would report and exit
+        (void)contrasted_page(image, 50);
+        _exit(0);
+    }
+    int status = 0;
+    (void)waitpid(child, &status, 0);
+    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+}
+
+} // namespace
+
+class TestPixelContrast : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void channelBounds_data()
+    {
+        QTest::addColumn<QList<QRgb>>("words");
+        QTest::addColumn<int>("minimum");
+        QTest::addColumn<int>("maximum");
+        QTest::newRow("no words keep the defaults") << QList<QRgb>{} << 255 << 0;
+        QTest::newRow("rising reds move both ends") << reds({10, 105, 200}) << 10 << 200;
+        QTest::newRow("falling reds leave the maximum at 0") << reds({200, 10}) << 10 << 0;
+        QTest::newRow("one value once leaves the maximum at 0") << reds({90}) << 90 << 0;
+        QTest::newRow("one value twice raises the maximum") << reds({90, 90}) << 90 << 90;
+        QTest::newRow("255 is offered to the maximum") << reds({255}) << 255 << 255;
+    }
+
+    void channelBounds()
+    {
+        QFETCH(QList<QRgb>, words);
+        QFETCH(int, minimum);
+        QFETCH(int, maximum);
+
+        const ChannelBounds bounds = channel_bounds(words, 16);
+
+        QCOMPARE(bounds.minimum, minimum);
+        QCOMPARE(bounds.maximum, maximum);
+    }
+
+    void boundsByBlocksEqualBoundsWordByWord()
+    {
+        QRandomGenerator random(4);
+        for (int round = 0; round < 60; ++round) {
+            // Long runs that fall slowly, so that blocks begin and end inside them.
+            QList<QRgb> words(random.bounded(1, 9000));
+            quint32 level = 255;
+            for (QRgb &word : words) {
+                level -= level > 0 && random.bounded(40) == 0 ? 1 : 0;
+                word = (level + (round % 3 == 0 ? 0 : random.bounded(256 - level))) * 0x010101U;
+            }
+            for (const int shift : {16, 8, 0})
+                QCOMPARE(channel_bounds(words, shift), plainBounds(words, shift));
+        }
+    }
+
+    void everyPercentageEqualsTheArithmeticWordByWord()
+    {
+        QRandomGenerator random(5);
+        for (int percent = -100; percent <= 100; ++percent) {
+            if (percent == 0)
+                continue;
+            QList<QRgb> words(40);
+            for (QRgb &word : words)
+                word = random.generate();
+            QCOMPARE(contrasted(words, percent), plainContrast(words, percent));
+        }
+    }
+
+    void raisingStretchesFromTheLowestValue()
+    {
+        QCOMPARE(redsOf(contrasted(reds({10, 105, 200}), 100)), (QList<int>{0, 254, 255}));
+    }
+
+    void loweringToTheLastEndsAt127()
+    {
+        QCOMPARE(redsOf(contrasted(reds({10, 105, 200}), -100)), (QList<int>{0, 63, 127}));
+    }
+
+    void fallingRedsAllBecomeZero() { QCOMPARE(redsOf(contrasted(reds({200, 10}), 100)), (QList<int>{0, 0})); }
+
+    void alphaStays()
+    {
+        const QList<QRgb> result = contrasted({0x12101010, 0x00505050, 0xff909090}, 30);
+
+        QCOMPARE(result[0] >> 24, 0x12U);
+        QCOMPARE(result[1] >> 24, 0x00U);
+        QCOMPARE(result[2] >> 24, 0xffU);
+    }
+
+    void aSinglePixelOfOneEndsTheProcessByDivisionByZero()
+    {
+        QImage image(1, 1, QImage::Format_RGB32);
+        image.fill(qRgb(50, 1, 50));
+
+        QCOMPARE(signalThatEndsContrastOf(image), SIGFPE);
+    }
+
+    void aTableOfASingleOneEndsTheProcessByDivisionByZero()
+    {
+        QImage image(3, 3, QImage::Format_Indexed8);
+        image.setColorTable({qRgb(1, 50, 50)});
+        image.fill(0);
+
+        QCOMPARE(signalThatEndsContrastOf(image), SIGFPE);
+    }
+
+    void twoPixelsOfOneDoNotEndTheProcess()
+    {
+        QImage image(2, 1, QImage::Format_RGB32);
+        image.fill(qRgb(1, 1, 1));
+
+        QCOMPARE(signalThatEndsContrastOf(image), 0);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestPixelContrast)
+#include "tst_pixel_contrast.moc"

@@ -1,0 +1,249 @@
+#include "page_depth.h"
+#include "page_scale.h"
+#include "random_pages.h"
+
+#include <QTest>
+
+#include <limits>
+
+namespace {
+
+/// Black and white pixel by pixel, as it is defined.
+QImage plainMono(const QImage &page)
+{
+    QImage mono(page.size(), QImage::Format_Mono);
+    mono.setColorTable({0xffffffff, 0xff000000});
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            const QRgb color = page.pixel(x, y);
+            mono.setPixel(x, y, qRed(color) + qGreen(color) + qBlue(color) < 387 ? 1 : 0);
+        }
+    }
+    return mono;
+}
+
+QImage onePixel(QRgb color)
+{
+    QImage page(1, 1, QImage::Format_RGB32);
+    page.fill(color);
+    return page;
+}
+
+} // namespace
+
+class TestPixelDepths : public QObject
+{
+    Q_OBJECT
+
+    QRandomGenerator random{8};
+
+private slots:
+    void monoEqualsItsDefinition_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        for (const QImage::Format format : pageFormats()) {
+            if (format != QImage::Format_Indexed8)
+                QTest::newRow(formatName(format)) << format;
+        }
+    }
+
+    void monoEqualsItsDefinition()
+    {
+        QFETCH(QImage::Format, format);
+        for (const QSize size : smallSizes()) {
+            const QImage page = randomPage(random, size, format);
+
+            const QImage mono = toMono(page);
+
+            QCOMPARE(mono.format(), QImage::Format_Mono);
+            QCOMPARE(mono, plainMono(page));
+            QCOMPARE(mono.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000}));
+        }
+    }
+
+    void anAverageOf129IsWhite() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 129))).pixelIndex(0, 0), 0); }
+    void aSumOf386IsBlack() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 128))).pixelIndex(0, 0), 1); }
+
+    void monoKeepsNoResolution()
+    {
+        QImage page = onePixel(0xffffffff);
+        page.setDotsPerMeterX(11811);
+
+        QCOMPARE(toMono(page).dotsPerMeterX(), QImage(1, 1, QImage::Format_Mono).dotsPerMeterX());
+    }
+
+    void theOwnDepthLeavesAPageAsItIs_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        for (const QImage::Format format : pageFormats())
+            QTest::newRow(formatName(format)) << format;
+    }
+
+    void theOwnDepthLeavesAPageAsItIs()
+    {
+        QFETCH(QImage::Format, format);
+        const QImage page = randomPage(random, QSize(9, 5), format);
+
+        const QImage result = converted_to_depth(page, page.depth());
+
+        QCOMPARE(result.format(), format);
+        QCOMPARE(result, page);
+    }
+
+    void depth32OfABitPageEqualsTheToolkits_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::addColumn<QList<QRgb>>("table");
+        for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
+            const char *const name = formatName(format);
+            QTest::addRow("%s, odd colours", name) << format << QList<QRgb>{0xff804020, 0xff0102f3};
+            QTest::addRow("%s, colours with alpha", name) << format << QList<QRgb>{0x10804020, 0x000102f3};
+            QTest::addRow("%s, one colour", name) << format << QList<QRgb>{0xff804020};
+            QTest::addRow("%s, no colours", name) << format << QList<QRgb>{};
+        }
+    }
+
+    void depth32OfABitPageEqualsTheToolkits()
+    {
+        QFETCH(QImage::Format, format);
+        QFETCH(QList<QRgb>, table);
+        for (const QSize size : smallSizes()) {
+            QImage page = randomPage(random, size, format);
+            page.setColorTable(table);
+
+            const QImage result = converted_to_depth(page, 32);
+
+            QCOMPARE(result.format(), QImage::Format_RGB32);
+            QCOMPARE(result, page.convertToFormat(QImage::Format_RGB32));
+        }
+    }
+
+    void depth32OfAnIndexedPageShowsItsColors()
+    {
+        const QImage page = randomPage(random, QSize(31, 17), QImage::Format_Indexed8);
+
+        const QImage result = converted_to_depth(page, 32);
+
+        QCOMPARE(result.format(), QImage::Format_RGB32);
+        for (int x = 0; x < page.width(); ++x)
+            QCOMPARE(result.pixel(x, 11), page.pixel(x, 11));
+    }
+
+    void depth8OfFewColorsIsExact()
+    {
+        QImage page(16, 16, QImage::Format_RGB32);
+        for (int i = 0; i < 256; ++i)
+            page.setPixel(i % 16, i / 16, qRgb(i, 255 - i, i / 2));
+
+        const QImage result = converted_to_depth(page, 8);
+
+        QCOMPARE(result.format(), QImage::Format_Indexed8);
+        QCOMPARE(result.convertToFormat(QImage::Format_RGB32), page);
+    }
+
+    void depth8OfManyColorsHas256Entries()
+    {
+        const QImage page = randomPage(random, QSize(40, 40), QImage::Format_RGB32);
+
+        const QImage result = converted_to_depth(page, 8);
+
+        QCOMPARE(result.format(), QImage::Format_Indexed8);
+        QCOMPARE(result.colorCount(), 256);
+    }
+
+    void depth8OfABitPageKeepsItsTwoColors()
+    {
+        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_MonoLSB);
+
+        const QImage result = converted_to_depth(page, 8);
+
+        QCOMPARE(result.format(), QImage::Format_Indexed8);
+        QCOMPARE(result.color(0), page.color(0));
+        QCOMPARE(result.color(1), page.color(1));
+        QCOMPARE(result.pixel(13, 7), page.pixel(13, 7));
+    }
+
+    void depth1HasItsLowBitFirstAndWhiteAsColor0()
+    {
+        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_RGB32);
+
+        const QImage result = converted_to_depth(page, 1);
+
+        QCOMPARE(result.format(), QImage::Format_MonoLSB);
+        QCOMPARE(result.color(0), 0xffffffff);
+        QCOMPARE(result.color(1), 0xff000000);
+    }
+
+    void anUnknownDepthGivesNoPage() { QVERIFY(converted_to_depth(onePixel(0xffffffff), 16).isNull()); }
+
+    void multipliedSize_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<QSize>("expected");
+        QTest::newRow("twice") << QSize(100, 50) << 2.0 << 2.0 << QSize(199, 99);
+        QTest::newRow("side 1 stays 1") << QSize(1, 1) << 3.0 << 0.1 << QSize(1, 1);
+        QTest::newRow("half, cut") << QSize(100, 50) << 0.5 << 0.5 << QSize(50, 25);
+        QTest::newRow("own size") << QSize(100, 50) << 1.0 << 1.0 << QSize(100, 50);
+        QTest::newRow("nothing") << QSize(100, 50) << 0.0 << 1.0 << QSize(1, 50);
+        QTest::newRow("below nothing is cut towards 0") << QSize(2, 50) << -1.5 << 1.0 << QSize(0, 50);
+    }
+
+    void multipliedSize()
+    {
+        QFETCH(QSize, size);
+        QFETCH(double, x);
+        QFETCH(double, y);
+        QTEST(multiplied_size(size, x, y).value_or(QSize(-7, -7)), "expected");
+    }
+
+    void aSizeThatFitsNoIntIsRefused()
+    {
+        QVERIFY(!multiplied_size(QSize(100, 50), 1e9, 1.0));
+        QVERIFY(!multiplied_size(QSize(100, 50), 1.0, std::numeric_limits<double>::infinity()));
+        QVERIFY(!multiplied_size(QSize(100, 50), std::numeric_limits<double>::quiet_NaN(), 1.0));
+    }
+
+    void scalingPagesWithATableGivesWords_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::addColumn<QRgb>("alpha");
+        QTest::addColumn<QImage::Format>("expected");
+        QTest::newRow("Mono") << QImage::Format_Mono << 0xff000000U << QImage::Format_RGB32;
+        QTest::newRow("Mono with alpha") << QImage::Format_Mono << 0x80000000U << QImage::Format_ARGB32;
+        QTest::newRow("Indexed8") << QImage::Format_Indexed8 << 0xff000000U << QImage::Format_RGB32;
+        QTest::newRow("Indexed8 with alpha") << QImage::Format_Indexed8 << 0x80000000U << QImage::Format_ARGB32;
+        QTest::newRow("RGB32") << QImage::Format_RGB32 << 0xff000000U << QImage::Format_RGB32;
+        QTest::newRow("ARGB32") << QImage::Format_ARGB32 << 0xff000000U << QImage::Format_ARGB32;
+    }
+
+    void scalingPagesWithATableGivesWords()
+    {
+        QFETCH(QImage::Format, format);
+        QFETCH(QRgb, alpha);
+        QFETCH(QImage::Format, expected);
+        QImage page = randomPage(random, QSize(20, 10), format);
+        if (page.colorCount() > 0)
+            page.setColor(0, (page.color(0) & 0x00ffffff) | alpha);
+
+        const QImage result = smoothly_scaled(page, QSize(31, 5));
+
+        QCOMPARE(result.size(), QSize(31, 5));
+        QCOMPARE(result.format(), expected);
+        QCOMPARE(result, page.convertToFormat(expected).scaled(31, 5, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+
+    void theOwnSizeLeavesAPageAsItIs()
+    {
+        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_Indexed8);
+
+        QCOMPARE(smoothly_scaled(page, page.size()), page);
+        QCOMPARE(smoothly_scaled(page, page.size()).format(), QImage::Format_Indexed8);
+    }
+
+    void anEmptySizeGivesNoPage() { QVERIFY(smoothly_scaled(onePixel(0xffffffff), QSize(0, 5)).isNull()); }
+};
+
+QTEST_GUILESS_MAIN(TestPixelDepths)
+#include "tst_pixel_depths.moc"

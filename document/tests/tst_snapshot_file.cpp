@@ -1,0 +1,337 @@
+#include "image_files.h"
+#include "page_buffers.h"
+#include "pictures.h"
+#include "process_limits.h"
+#include "snapshot_file.h"
+#include "snapshot_pages.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// 200 sizes with every remainder of a row's padding, some of them long.
+QList<QSize> manySizes()
+{
+    QList<QSize> sizes;
+    for (int i = 0; i < 190; ++i)
+        sizes.append({1 + i % 67, 1 + i * 7 % 13});
+    for (int i = 0; i < 10; ++i)
+        sizes.append({997 + i, 3 + i});
+    return sizes;
+}
+
+/// The forms in which pages come.
+void addPageForms()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<int>("colorCount");
+
+    QTest::newRow("1 bit") << QImage::Format_Mono << 2;
+    QTest::newRow("1 bit, one colour") << QImage::Format_Mono << 1;
+    QTest::newRow("1 bit, lowest bit first") << QImage::Format_MonoLSB << 2;
+    QTest::newRow("1 bit, lowest bit first, one colour") << QImage::Format_MonoLSB << 1;
+    for (const int count : {1, 2, 3, 15, 16, 17, 18, 100, 255, 256})
+        QTest::addRow("8 bits, %d colours", count) << QImage::Format_Indexed8 << count;
+    QTest::newRow("32 bits") << QImage::Format_RGB32 << 0;
+    QTest::newRow("32 bits with alpha") << QImage::Format_ARGB32 << 0;
+}
+
+/// Forms that no page has, or whose file does not come back as the page that it was.
+void addOddForms()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<int>("colorCount");
+
+    QTest::newRow("1 bit, three colours") << QImage::Format_Mono << 3;
+    QTest::newRow("8 bits, no colours") << QImage::Format_Indexed8 << 0;
+    QTest::newRow("8 bits, too many colours") << QImage::Format_Indexed8 << 257;
+    QTest::newRow("grey") << QImage::Format_Grayscale8 << 0;
+    QTest::newRow("grey of 16 bits") << QImage::Format_Grayscale16 << 0;
+    QTest::newRow("alpha alone") << QImage::Format_Alpha8 << 0;
+    QTest::newRow("16 bits") << QImage::Format_RGB16 << 0;
+    QTest::newRow("24 bits") << QImage::Format_RGB888 << 0;
+    QTest::newRow("premultiplied alpha") << QImage::Format_ARGB32_Premultiplied << 0;
+    QTest::newRow("64 bits") << QImage::Format_RGBA64 << 0;
+}
+
+} // namespace
+
+class tst_snapshot_file : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void fileIsThatOfTheToolkitByteForByte_data() { addPageForms(); }
+    void fileIsThatOfTheToolkitByteForByte();
+    void pageReadBackIsThatOfTheToolkit_data() { addPageForms(); }
+    void pageReadBackIsThatOfTheToolkit();
+    void pagesOfSeveralBlocksAreTheToolkitsToo_data();
+    void pagesOfSeveralBlocksAreTheToolkitsToo();
+    void resolutionIsKept_data();
+    void resolutionIsKept();
+    void oddFormsAreLeftToTheToolkit_data() { addOddForms(); }
+    void oddFormsAreLeftToTheToolkit();
+    void pageOfOneBitWithoutColoursIsWrittenAsByTheToolkit();
+    void pageOfOneBitComesBackWithTheLighterColourFirst_data();
+    void pageOfOneBitComesBackWithTheLighterColourFirst();
+    void rowsOfUnusualLengthAreLeftToTheToolkit();
+    void writingReplacesALongerFile();
+    void pageReadBackTakesItsMemoryFromThePool();
+
+    void nullImageMakesNoFile();
+    void directoryThatIsNotThereIsAFailure();
+    void fullDiskIsAFailure_data();
+    void fullDiskIsAFailure();
+    void partlyWrittenFileStays();
+
+private:
+    QTemporaryDir m_directory;
+    QString m_path;
+};
+
+void tst_snapshot_file::init()
+{
+    QVERIFY(m_directory.isValid());
+    m_path = m_directory.filePath("page.bmp"_L1);
+    QFile::remove(m_path);
+}
+
+void tst_snapshot_file::fileIsThatOfTheToolkitByteForByte()
+{
+    QFETCH(const QImage::Format, format);
+    QFETCH(const int, colorCount);
+    QRandomGenerator random(Seed);
+
+    const QList<QSize> sizes = manySizes();
+    QCOMPARE(sizes.size(), 200);
+    for (const QSize size : sizes) {
+        const QImage page = randomPage(size, format, colorCount, random);
+        QFile::remove(m_path);
+
+        QVERIFY(write_snapshot(m_path, page));
+
+        QVERIFY2(file_bytes(m_path) == encoded(page, "BMP"),
+                 qPrintable(u"%1 by %2"_s.arg(size.width()).arg(size.height())));
+    }
+}
+
+void tst_snapshot_file::pageReadBackIsThatOfTheToolkit()
+{
+    QFETCH(const QImage::Format, format);
+    QFETCH(const int, colorCount);
+    QRandomGenerator random(Seed);
+
+    for (const QSize size : manySizes()) {
+        const QByteArray bytes = encoded(randomPage(size, format, colorCount, random), "BMP");
+        put_file(m_path, bytes);
+
+        const QImage page = read_snapshot(m_path);
+
+        QVERIFY(!page.isNull());
+        QVERIFY2(isSamePage(page, toolkitPage(bytes)), qPrintable(u"%1 by %2"_s.arg(size.width()).arg(size.height())));
+    }
+}
+
+void tst_snapshot_file::pagesOfSeveralBlocksAreTheToolkitsToo_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<int>("colorCount");
+
+    QTest::newRow("32 bits, three blocks") << QSize(1001, 1000) << QImage::Format_RGB32 << 0;
+    QTest::newRow("32 bits, rows longer than a block") << QSize(400'003, 5) << QImage::Format_RGB32 << 0;
+    QTest::newRow("8 bits, two blocks") << QSize(1500, 1001) << QImage::Format_Indexed8 << 256;
+    QTest::newRow("4 bits, two blocks") << QSize(2001, 1500) << QImage::Format_Indexed8 << 16;
+    QTest::newRow("1 bit, two blocks") << QSize(4001, 3000) << QImage::Format_MonoLSB << 2;
+}
+
+void tst_snapshot_file::pagesOfSeveralBlocksAreTheToolkitsToo()
+{
+    QFETCH(const QSize, size);
+    QFETCH(const QImage::Format, format);
+    QFETCH(const int, colorCount);
+    QRandomGenerator random(Seed);
+    const QImage page = randomPage(size, format, colorCount, random);
+    const QByteArray bytes = encoded(page, "BMP");
+
+    QVERIFY(write_snapshot(m_path, page));
+
+    QVERIFY(file_bytes(m_path) == bytes);
+    QVERIFY(isSamePage(read_snapshot(m_path), toolkitPage(bytes)));
+}
+
+void tst_snapshot_file::resolutionIsKept_data()
+{
+    QTest::addColumn<int>("x");
+    QTest::addColumn<int>("y");
+
+    QTest::newRow("300 by 600 dots an inch") << 11811 << 23622;
+    QTest::newRow("one") << 1 << 2147483647;
+    QTest::newRow("negative") << -5 << -11811;
+}
+
+void tst_snapshot_file::resolutionIsKept()
+{
+    QFETCH(const int, x);
+    QFETCH(const int, y);
+    for (const int depth : {1, 8, 32}) {
+        QImage page = patternedPage({7, 5}, depth);
+        page.setDotsPerMeterX(x);
+        page.setDotsPerMeterY(y);
+
+        QVERIFY(write_snapshot(m_path, page));
+
+        QCOMPARE(file_bytes(m_path), encoded(page, "BMP"));
+        const QImage readBack = read_snapshot(m_path);
+        QCOMPARE(readBack.dotsPerMeterX(), x);
+        QCOMPARE(readBack.dotsPerMeterY(), y);
+    }
+}
+
+void tst_snapshot_file::oddFormsAreLeftToTheToolkit()
+{
+    QFETCH(const QImage::Format, format);
+    QFETCH(const int, colorCount);
+    QRandomGenerator random(Seed);
+    const QImage image = randomPage({13, 6}, format, colorCount, random);
+
+    QVERIFY(write_snapshot(m_path, image));
+
+    const QByteArray bytes = encoded(image, "BMP");
+    QCOMPARE(file_bytes(m_path), bytes);
+    QVERIFY(isSamePage(read_snapshot(m_path), toolkitPage(bytes)));
+}
+
+void tst_snapshot_file::pageOfOneBitWithoutColoursIsWrittenAsByTheToolkit()
+{
+    QRandomGenerator random(Seed);
+    for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
+        const QImage page = randomPage({13, 6}, format, 0, random);
+
+        QVERIFY(write_snapshot(m_path, page));
+
+        QCOMPARE(file_bytes(m_path), encoded(page, "BMP"));
+    }
+}
+
+void tst_snapshot_file::pageOfOneBitComesBackWithTheLighterColourFirst_data()
+{
+    QTest::addColumn<QRgb>("color0");
+    QTest::addColumn<QRgb>("color1");
+    QTest::addColumn<bool>("exchanged");
+
+    QTest::newRow("black and white") << 0xff000000U << 0xffffffffU << true;
+    QTest::newRow("white and black") << 0xffffffffU << 0xff000000U << false;
+    QTest::newRow("equally light") << 0xff808080U << 0xff808080U << false;
+    QTest::newRow("slightly lighter") << 0xff808080U << 0xff818181U << true;
+    QTest::newRow("same lightness, other colour") << 0xff808080U << 0xff808081U << false;
+}
+
+void tst_snapshot_file::pageOfOneBitComesBackWithTheLighterColourFirst()
+{
+    QFETCH(const QRgb, color0);
+    QFETCH(const QRgb, color1);
+    QFETCH(const bool, exchanged);
+    QImage page = patternedPage({9, 4}, 1);
+    page.setColorTable({color0, color1});
+    QVERIFY(write_snapshot(m_path, page));
+
+    const QImage readBack = read_snapshot(m_path);
+
+    QCOMPARE(readBack.format(), QImage::Format_Mono);
+    QCOMPARE(readBack.colorTable(), exchanged ? QList<QRgb>({color1, color0}) : QList<QRgb>({color0, color1}));
+    QCOMPARE(readBack.pixelIndex(0, 0), exchanged ? 0 : 1); // (0,0) is set in the pattern
+    QCOMPARE(readBack.pixel(0, 0), color1);
+    QVERIFY(isSamePage(readBack, toolkitPage(file_bytes(m_path))));
+}
+
+void tst_snapshot_file::rowsOfUnusualLengthAreLeftToTheToolkit()
+{
+    const QImage whole = patternedPage({40, 9}, 8);
+    QImage left(whole.constBits(), 13, 9, whole.bytesPerLine(), QImage::Format_Indexed8);
+    left.setColorTable(whole.colorTable());
+
+    QVERIFY(write_snapshot(m_path, left));
+
+    QCOMPARE(file_bytes(m_path), encoded(left, "BMP"));
+    QVERIFY(comparePictures(read_snapshot(m_path), whole.copy(0, 0, 13, 9)));
+}
+
+void tst_snapshot_file::writingReplacesALongerFile()
+{
+    put_file(m_path, QByteArray(10'000, 'x'));
+
+    QVERIFY(write_snapshot(m_path, patternedPage({5, 4})));
+
+    QCOMPARE(file_bytes(m_path), encoded(patternedPage({5, 4}), "BMP"));
+}
+
+void tst_snapshot_file::pageReadBackTakesItsMemoryFromThePool()
+{
+    const QImage source = patternedPage({400, 300});
+    QVERIFY(source.sizeInBytes() >= SmallestPooledBytes);
+    QVERIFY(write_snapshot(m_path, source));
+    QImage page = read_snapshot(m_path);
+    QVERIFY(!page.isNull());
+    const uchar *const memory = page.constBits();
+
+    page = QImage();
+    QVERIFY(spare_page_bytes() >= source.sizeInBytes());
+    page = read_snapshot(m_path);
+
+    QCOMPARE(page.constBits(), memory);
+}
+
+void tst_snapshot_file::nullImageMakesNoFile()
+{
+    QVERIFY(!write_snapshot(m_path, QImage()));
+    QVERIFY(!QFile::exists(m_path));
+}
+
+void tst_snapshot_file::directoryThatIsNotThereIsAFailure()
+{
+    QVERIFY(!write_snapshot(m_directory.filePath("missing/page.bmp"_L1), patternedPage({5, 4})));
+    QVERIFY(!write_snapshot(m_directory.path(), patternedPage({5, 4})));
+}
+
+void tst_snapshot_file::fullDiskIsAFailure_data()
+{
+    QTest::addColumn<QImage>("image");
+
+    QTest::newRow("small page, 1 bit") << patternedPage({5, 4}, 1);
+    QTest::newRow("small page, 8 bits") << patternedPage({5, 4}, 8);
+    QTest::newRow("small page, 32 bits") << patternedPage({5, 4}, 32);
+    QTest::newRow("several blocks") << patternedPage({1000, 900}, 32);
+    QTest::newRow("the toolkit's own, small") << patternedPage({5, 4}).convertToFormat(QImage::Format_RGB888);
+    QTest::newRow("the toolkit's own, large") << patternedPage({500, 400}).convertToFormat(QImage::Format_RGB888);
+}
+
+void tst_snapshot_file::fullDiskIsAFailure()
+{
+    QFETCH(const QImage, image);
+
+    // The toolkit alone would not have noticed a small picture.
+    QVERIFY(!write_snapshot(u"/dev/full"_s, image));
+}
+
+void tst_snapshot_file::partlyWrittenFileStays()
+{
+    const QImage page = patternedPage({100, 100});
+    {
+        const FileSizeLimit limit(20'000);
+        QVERIFY(!write_snapshot(m_path, page));
+    }
+
+    QCOMPARE(file_bytes(m_path), encoded(page, "BMP").first(20'000));
+    QVERIFY(read_snapshot(m_path).isNull());
+}
+
+QTEST_GUILESS_MAIN(tst_snapshot_file)
+#include "tst_snapshot_file.moc"

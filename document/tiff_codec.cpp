@@ -1,0 +1,249 @@
+#include "tiff_codec.h"
+
+#include "image_memory.h"
+#include "rgb_rows.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <tiffio.h>
+
+namespace {
+
+constexpr int RgbBytes = 3;
+// By default the library buffers a whole strip, and with our tags one strip is the whole page.
+constexpr tmsize_t WriteBufferBytes = tmsize_t{256} * 1024;
+
+struct TiffMemoryFreer
+{
+    void operator()(void *memory) const { _TIFFfree(memory); }
+};
+using TiffRow = std::unique_ptr<uchar, TiffMemoryFreer>;
+
+TiffRow allocateRgbRow(int width)
+{
+    return TiffRow(static_cast<uchar *>(_TIFFmalloc(tmsize_t{width} * RgbBytes)));
+}
+
+/// What the tags of a directory tell about its pixels.
+struct PageTags
+{
+    quint32 width = 0;
+    quint32 height = 0;
+    quint16 samplesPerPixel = 0;
+    quint16 bitsPerSample = 0;
+    quint16 photometric = 0;
+
+    [[nodiscard]] quint32 depth() const
+    {
+        const quint32 bits = quint32{samplesPerPixel} * bitsPerSample;
+        return bits == 24 ? 32 : bits;
+    }
+    [[nodiscard]] int colorCount() const
+    {
+        const bool indexed = photometric == PHOTOMETRIC_PALETTE || (samplesPerPixel == 1 && bitsPerSample >= 2);
+        return indexed && bitsPerSample <= 8 ? 1 << bitsPerSample : 0;
+    }
+};
+
+/// Intended: a tag without a value fails, also one that is not looked at afterwards. No default is taken.
+bool readTags(TIFF *tif, PageTags &tags)
+{
+    quint16 compression = 0;
+    quint16 planarConfig = 0;
+    quint16 resolutionUnit = 0;
+    float xResolution = 0;
+    float yResolution = 0;
+    const std::array results{
+        TIFFGetField(tif, TIFFTAG_COMPRESSION, &compression),
+        TIFFGetField(tif, TIFFTAG_IMAGEWIDTH, &tags.width),
+        TIFFGetField(tif, TIFFTAG_IMAGELENGTH, &tags.height),
+        TIFFGetField(tif, TIFFTAG_SAMPLESPERPIXEL, &tags.samplesPerPixel),
+        TIFFGetField(tif, TIFFTAG_BITSPERSAMPLE, &tags.bitsPerSample),
+        TIFFGetField(tif, TIFFTAG_PHOTOMETRIC, &tags.photometric),
+        TIFFGetField(tif, TIFFTAG_PLANARCONFIG, &planarConfig),
+        TIFFGetField(tif, TIFFTAG_RESOLUTIONUNIT, &resolutionUnit),
+        TIFFGetField(tif, TIFFTAG_XRESOLUTION, &xResolution),
+        TIFFGetField(tif, TIFFTAG_YRESOLUTION, &yResolution),
+    };
+    // The library keeps one mark for both resolutions, so the value tells which of them the file lacks.
+    return std::ranges::all_of(results, [](int result) { return result == 1; }) && xResolution != 0 && yResolution != 0;
+}
+
+QImage::Format formatFor(TIFF *tif, quint32 depth)
+{
+    switch (depth) {
+    case 1:
+        // Intended: the low bit first where the file has the high bit first. Rows pass as they stand, and
+        // the pages that are made 1-bit here hold their low bit first: they come back as they were.
+        return TIFFIsMSB2LSB(tif) ? QImage::Format_MonoLSB : QImage::Format_Mono;
+    case 8:
+        return QImage::Format_Indexed8;
+    case 32:
+        return QImage::Format_RGB32;
+    default:
+        return QImage::Format_Invalid;
+    }
+}
+
+/// A page with room for its pixels, or null.
+QImage makePage(TIFF *tif, const PageTags &tags)
+{
+    constexpr quint32 LongestSide = std::numeric_limits<int>::max();
+    const QImage::Format format = formatFor(tif, tags.depth());
+    if (format == QImage::Format_Invalid || tags.width > LongestSide || tags.height > LongestSide)
+        return {};
+    const auto pixels = static_cast<double>(tags.width) * tags.height;
+    if (pixels * tags.depth() / 8 > static_cast<double>(affordable_image_bytes()))
+        return {};
+
+    QImage page(static_cast<int>(tags.width), static_cast<int>(tags.height), format);
+    if (tags.depth() == 1 && !page.isNull())
+        page.setColorTable({0xff000000, 0xffffffff});
+    // Intended: the colours of the file stay out. The page keeps a table of zeros, which shows as opaque
+    // black, and only its indices are those of the file.
+    if (tags.depth() == 8 && !page.isNull())
+        page.setColorCount(tags.colorCount());
+    return page;
+}
+
+bool hasColorMap(TIFF *tif)
+{
+    quint16 *red = nullptr;
+    quint16 *green = nullptr;
+    quint16 *blue = nullptr;
+    return TIFFGetField(tif, TIFFTAG_COLORMAP, &red, &green, &blue) == 1;
+}
+
+bool readRgbRows(TIFF *tif, QImage &image)
+{
+    const int width = image.width();
+    const TiffRow row = allocateRgbRow(width);
+    if (!row)
+        return false;
+    // A file of separate planes fills only a part of the row.
+    std::fill_n(row.get(), static_cast<std::size_t>(width) * RgbBytes, uchar{0});
+    for (int y = 0; y < image.height(); ++y) {
+        if (TIFFReadScanline(tif, row.get(), static_cast<quint32>(y), 0) != 1)
+            return false;
+        expand_rgb_row(row.get(), reinterpret_cast<QRgb *>(image.scanLine(y)), width);
+    }
+    return true;
+}
+
+bool readPlainRows(TIFF *tif, QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        if (TIFFReadScanline(tif, image.scanLine(y), static_cast<quint32>(y), 0) != 1)
+            return false;
+    }
+    return true;
+}
+
+bool readRows(TIFF *tif, QImage &image)
+{
+    const tmsize_t rowBytes = TIFFScanlineSize(tif);
+    const tmsize_t wanted =
+        image.depth() == 32 ? tmsize_t{image.width()} * RgbBytes : (tmsize_t{image.width()} * image.depth() + 7) / 8;
+    // Four samples of eight bits, one of 32 and their like: more than the row can take.
+    if (rowBytes <= 0 || rowBytes > wanted)
+        return false;
+    if (image.depth() == 32)
+        return readRgbRows(tif, image);
+    if (rowBytes < wanted)
+        image.fill(0U);
+    return readPlainRows(tif, image);
+}
+
+/// The three tags that depend on the depth; all 0, which the library refuses, for a depth that has none.
+PageTags tagsForDepth(int depth)
+{
+    switch (depth) {
+    case 32:
+        return {.samplesPerPixel = 3, .bitsPerSample = 8, .photometric = PHOTOMETRIC_RGB};
+    case 8:
+        return {.samplesPerPixel = 1, .bitsPerSample = 8, .photometric = PHOTOMETRIC_MINISBLACK};
+    case 1:
+        return {.samplesPerPixel = 1, .bitsPerSample = 1, .photometric = PHOTOMETRIC_MINISWHITE};
+    default:
+        return {};
+    }
+}
+
+bool writeTags(TIFF *tif, const QImage &image)
+{
+    const PageTags tags = tagsForDepth(image.depth());
+    const std::array results{
+        TIFFSetField(tif, TIFFTAG_COMPRESSION, COMPRESSION_NONE),
+        TIFFSetField(tif, TIFFTAG_IMAGEWIDTH, image.width()),
+        TIFFSetField(tif, TIFFTAG_IMAGELENGTH, image.height()),
+        TIFFSetField(tif, TIFFTAG_SAMPLESPERPIXEL, tags.samplesPerPixel),
+        TIFFSetField(tif, TIFFTAG_BITSPERSAMPLE, tags.bitsPerSample),
+        TIFFSetField(tif, TIFFTAG_PHOTOMETRIC, tags.photometric),
+        TIFFSetField(tif, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG),
+        TIFFSetField(tif, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER),
+        TIFFSetField(tif, TIFFTAG_XRESOLUTION, image.dotsPerMeterX() / 100.0),
+        TIFFSetField(tif, TIFFTAG_YRESOLUTION, image.dotsPerMeterY() / 100.0),
+    };
+    return std::ranges::all_of(results, [](int result) { return result == 1; });
+}
+
+bool writeRgbRows(TIFF *tif, const QImage &image)
+{
+    const TiffRow row = allocateRgbRow(image.width());
+    if (!row)
+        return false;
+    for (int y = 0; y < image.height(); ++y) {
+        pack_rgb_row(reinterpret_cast<const QRgb *>(image.constScanLine(y)), row.get(), image.width());
+        if (TIFFWriteScanline(tif, row.get(), static_cast<quint32>(y), 0) != 1)
+            return false;
+    }
+    return true;
+}
+
+bool writePlainRows(TIFF *tif, const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        // The library only reads the row; its interface is older than const.
+        auto *row = const_cast<uchar *>(image.constScanLine(y));
+        if (TIFFWriteScanline(tif, row, static_cast<quint32>(y), 0) != 1)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void TiffCloser::operator()(TIFF *tif) const
+{
+    TIFFClose(tif);
+}
+
+TiffHandle open_tiff(const QString &filePath, const char *mode)
+{
+    return TiffHandle(TIFFOpen(QFile::encodeName(filePath).constData(), mode));
+}
+
+bool readTiffPage(TIFF *tif, QImage &image)
+{
+    image = {};
+    PageTags tags;
+    if (!readTags(tif, tags))
+        return false;
+    if (tags.photometric == PHOTOMETRIC_PALETTE && !hasColorMap(tif))
+        return false;
+    QImage page = makePage(tif, tags);
+    if (page.isNull() || !readRows(tif, page))
+        return false;
+    image = std::move(page);
+    return true;
+}
+
+bool writeTiffPage(TIFF *tif, const QImage &image)
+{
+    if (!writeTags(tif, image) || TIFFWriteBufferSetup(tif, nullptr, WriteBufferBytes) != 1)
+        return false;
+    return image.depth() == 32 ? writeRgbRows(tif, image) : writePlainRows(tif, image);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <memory>
+
+using TIFF = struct tiff;
+
+/// Pages of a multi-page TIFF file, one directory each.
+///
+/// Rows are streamed, so there is never a second copy of a page. Neither palettes nor the bit order of
+/// 1-bit pages are translated, and the resolution is written but not read. The library's own messages go
+/// to its default handlers.
+///
+/// Errors:    a false; the file or the image is then cut short.
+/// Threads:   GUI thread only.
+
+struct TiffCloser
+{
+    void operator()(TIFF *tif) const;
+};
+/// An open file, which is closed with the handle.
+using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
+
+/// Opens a file of any name.
+/// @param mode  "w" makes the file anew; "rm" reads without mapping the file
+/// @return null on failure
+[[nodiscard]] TiffHandle open_tiff(const QString &filePath, const char *mode);
+
+/// Reads the current directory. Pages of depth 1, 8 and 24 are taken, with all ten tags that
+/// writeTiffPage() sets; 24 becomes RGB32.
+/// @param[out] image  null after a failure
+[[nodiscard]] bool readTiffPage(TIFF *tif, QImage &image);
+
+/// Writes the tags and rows of one page of depth 1, 8 or 32. Alpha and colour table are dropped.
+[[nodiscard]] bool writeTiffPage(TIFF *tif, const QImage &image);
