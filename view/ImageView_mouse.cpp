@@ -1,0 +1,182 @@
+#include "classic_rect.h"
+#include "hand_cursors.h"
+#include "ImageItem.h"
+#include "ImageView.h"
+#include "Q3Canvas.h"
+#include "RubberItem.h"
+
+#include <QMouseEvent>
+#include <QTimerEvent>
+#include <QTransform>
+
+namespace {
+
+constexpr int AutoScrollIntervalMs = 50;
+
+} // namespace
+
+QPoint ImageView::canvasPoint(const QPoint &contentsPoint) const
+{
+    return inverseWorldMatrix().map(contentsPoint);
+}
+
+bool ImageView::rubberIsTopMostAt(const QPoint &point) const
+{
+    const Q3CanvasItemList hit = m_canvas->collisions(point);
+    return !hit.isEmpty() && hit.first()->rtti() == RubberItem::Rtti;
+}
+
+void ImageView::contentsMousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+
+    if (m_bFreeHandScrollingOn) {
+        setCursor(closed_hand_cursor());
+        m_bDragging = true;
+        m_dragStart = event->position().toPoint();
+        return;
+    }
+
+    const QPoint point = canvasPoint(event->position().toPoint());
+    if (rubberIsTopMostAt(point)) {
+        if (m_rubber->mode() == RubberItem::RubberOverHandle) {
+            m_rubber->setMode(RubberItem::RubberResizing);
+        } else {
+            setCursor(closed_hand_cursor());
+            m_rubber->startMove(point);
+        }
+        return;
+    }
+    startSelection(point);
+}
+
+void ImageView::startSelection(const QPoint &point)
+{
+    setCursor(Qt::CrossCursor);
+    hideSelection();
+
+    // Intended: a press beside the picture ends the selection too, but begins none.
+    if (m_canvas->collisions(point).isEmpty())
+        return;
+    m_bSelecting = true;
+    m_selectionStart = point;
+}
+
+void ImageView::contentsMouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_bFreeHandScrollingOn) {
+        setCursor(open_hand_cursor());
+        m_bDragging = false;
+        return;
+    }
+
+    stopScrollTimer();
+    m_bSelecting = false;
+    if (m_rubber->isVisible())
+        m_rubber->setMode(RubberItem::RubberIdle);
+
+    const QPoint point = canvasPoint(event->position().toPoint());
+    setCursor(rubberIsTopMostAt(point) ? open_hand_cursor() : QCursor(Qt::ArrowCursor));
+}
+
+void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
+{
+    m_canvas->setUnchanged(QRect(QPoint(0, 0), m_canvas->size()));
+
+    const QPoint contentsPoint = event->position().toPoint();
+    const QPoint point = canvasPoint(contentsPoint);
+    const bool repaint = followPointer(contentsPoint, point) || showHoverCursor(point);
+
+    emit statusChanged(statusText(point));
+    if (repaint)
+        repaintVisible();
+}
+
+/// Carries on the gesture that a press has begun. False if none is under way.
+bool ImageView::followPointer(const QPoint &contentsPoint, const QPoint &point)
+{
+    if (m_bFreeHandScrollingOn && m_bDragging) {
+        // The start stays: positions are contents coordinates, so the grabbed point follows by itself.
+        scrollBy(m_dragStart.x() - contentsPoint.x(), m_dragStart.y() - contentsPoint.y());
+        return true;
+    }
+
+    const bool visible = m_rubber->isVisible();
+    if (m_bSelecting && !visible) {
+        m_rubber->setSize(point.x() - m_selectionStart.x() + 1, point.y() - m_selectionStart.y() + 1);
+        m_rubber->move(m_selectionStart.x(), m_selectionStart.y());
+        m_rubber->show();
+        emit selectionChanged();
+        setCursor(Qt::CrossCursor);
+        return true;
+    }
+    if (m_bSelecting || (visible && m_rubber->mode() == RubberItem::RubberResizing)) {
+        autoScroll(contentsPoint);
+        m_rubber->resizeTo(point);
+        return true;
+    }
+    if (visible && m_rubber->mode() == RubberItem::RubberMoving) {
+        autoScroll(contentsPoint);
+        m_rubber->moveTo(point);
+        return true;
+    }
+    return false;
+}
+
+/// Shows what a press at @p point would do. False if nothing has changed, which saves the repaint of
+/// every plain move over the picture.
+bool ImageView::showHoverCursor(const QPoint &point)
+{
+    if (rubberIsTopMostAt(point)) {
+        const int shape = m_rubber->hitTest(point, inverseWorldMatrix().m11());
+        setCursor(shape == Qt::BitmapCursor ? open_hand_cursor() : QCursor(static_cast<Qt::CursorShape>(shape)));
+        return true;
+    }
+
+    // Intended: this also takes the open hand of free-hand scrolling away until the next press.
+    if (cursor().shape() == Qt::ArrowCursor)
+        return false;
+    setCursor(Qt::ArrowCursor);
+    return true;
+}
+
+void ImageView::autoScroll(const QPoint &position)
+{
+    ensureVisible(position.x(), position.y(), 0, 0);
+
+    const bool inside = classic_contains(visibleContents(), position, true);
+    if (inside)
+        stopScrollTimer();
+    else if (m_scrollTimer == 0)
+        m_scrollTimer = startTimer(AutoScrollIntervalMs);
+}
+
+void ImageView::stopScrollTimer()
+{
+    if (m_scrollTimer == 0)
+        return;
+    killTimer(m_scrollTimer);
+    m_scrollTimer = 0;
+}
+
+void ImageView::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_scrollTimer)
+        return;
+
+    const QPoint position = viewportToContents(mapFromGlobal(QCursor::pos()));
+    ensureVisible(position.x(), position.y(), 0, 0);
+    if (!m_rubber->isVisible())
+        return;
+
+    // Intended: while a new selection is drawn only the view moves; the rectangle follows at the next move.
+    const QPoint point = canvasPoint(position);
+    if (m_rubber->mode() == RubberItem::RubberResizing)
+        m_rubber->resizeTo(point);
+    else if (m_rubber->mode() == RubberItem::RubberMoving)
+        m_rubber->moveTo(point);
+    else
+        return;
+    repaintVisible();
+}

@@ -1,0 +1,389 @@
+#include "hand_cursors.h"
+#include "RubberItem.h"
+#include "ViewFixture.h"
+
+#include <QCursor>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Counts the paint events of a widget.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget)
+    {
+        QCoreApplication::processEvents();
+        widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count;
+        return false;
+    }
+
+    int count = 0;
+};
+
+bool shows_open_hand(const ImageView &view)
+{
+    return view.cursor().shape() == Qt::BitmapCursor
+        && view.cursor().bitmap().toImage() == open_hand_cursor().bitmap().toImage();
+}
+
+bool shows_closed_hand(const ImageView &view)
+{
+    return view.cursor().shape() == Qt::BitmapCursor
+        && view.cursor().bitmap().toImage() == closed_hand_cursor().bitmap().toImage();
+}
+
+QPoint contents_position(const ImageView &view)
+{
+    return {view.contentsX(), view.contentsY()};
+}
+
+} // namespace
+
+class tst_ImageView_mouse : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        // Out of the way: the pointer of the X server has no part in the gestures that are sent.
+        QCursor::setPos(0, 0);
+    }
+
+    void aDragOnThePictureDrawsASelection()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        QSignalSpy selectionChanged(&fixture.view, &ImageView::selectionChanged);
+
+        fixture.press(QPoint(20, 30));
+        QCOMPARE(fixture.view.cursor().shape(), Qt::CrossCursor);
+        fixture.move(QPoint(40, 40));
+        fixture.move(QPoint(59, 79));
+        fixture.release(QPoint(59, 79));
+
+        QVERIFY(fixture.view.hasSelection());
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(20, 30), QPoint(59, 79)));
+        QCOMPARE(selectionChanged.count(), 2); // the press hides, the first move shows
+        QVERIFY(shows_open_hand(fixture.view)); // the pointer lies on the selection
+    }
+
+    void aPressAndAReleaseWithoutAMoveShowNoRubber()
+    {
+        ViewFixture fixture(QSize(200, 150));
+
+        fixture.press(QPoint(20, 30));
+        fixture.release(QPoint(20, 30));
+
+        QVERIFY(!fixture.view.hasSelection());
+        QCOMPARE(fixture.view.selection(), QRect());
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void aPressBesideThePictureHidesTheSelectionAndBeginsNone()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+        QSignalSpy selectionChanged(&fixture.view, &ImageView::selectionChanged);
+
+        fixture.press(QPoint(250, 180));
+        QVERIFY(!fixture.view.hasSelection());
+        QCOMPARE(selectionChanged.count(), 1);
+        QCOMPARE(fixture.view.cursor().shape(), Qt::CrossCursor);
+        fixture.move(QPoint(100, 100));
+
+        QVERIFY(!fixture.view.hasSelection());
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void onlyTheFirstBackwardsSelectionIsTurned()
+    {
+        ViewFixture fixture(QSize(200, 150));
+
+        fixture.drag(QPoint(80, 70), QPoint(30, 20));
+        // From 80 to 30 the width is -49, so the corners are 80 and 30.
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(30, 20), QPoint(80, 70)));
+
+        fixture.move(QPoint(150, 120)); // leaves the selection
+        fixture.drag(QPoint(180, 140), QPoint(130, 110));
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(180, 140), QPoint(130, 110)));
+    }
+
+    void aSelectionIsMovedByItsInside()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+
+        fixture.move(QPoint(40, 50));
+        QVERIFY(shows_open_hand(fixture.view));
+        fixture.press(QPoint(40, 50));
+        QVERIFY(shows_closed_hand(fixture.view));
+        fixture.move(QPoint(50, 45));
+        fixture.release(QPoint(50, 45));
+
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(30, 25), QPoint(69, 74)));
+    }
+
+    void aSelectionIsResizedByAGrip()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+
+        fixture.move(QPoint(20, 50));
+        QCOMPARE(fixture.view.cursor().shape(), Qt::SizeHorCursor);
+        fixture.drag(QPoint(20, 50), QPoint(10, 60));
+
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(10, 30), QPoint(59, 79)));
+    }
+
+    void aRightPressDoesNothingButItsReleaseEndsTheGesture()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+
+        fixture.press(QPoint(100, 100), Qt::RightButton);
+        QVERIFY(fixture.view.hasSelection());
+        fixture.release(QPoint(150, 120), Qt::RightButton);
+
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+        fixture.move(QPoint(120, 110)); // the selection follows no more
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(20, 30), QPoint(59, 79)));
+    }
+
+    void pointsAreImagePixelsAtEveryZoom()
+    {
+        ViewFixture fixture(QSize(100, 80));
+        QVERIFY(fixture.view.setZoomIndex(2)); // 2:1
+
+        fixture.drag(QPoint(20, 30), QPoint(58, 78));
+
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(10, 15), QPoint(29, 39)));
+    }
+
+    void aMoveTellsTheStatus()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        QSignalSpy statusChanged(&fixture.view, &ImageView::statusChanged);
+
+        fixture.move(QPoint(17, 23));
+        fixture.move(QPoint(250, 23));
+
+        QCOMPARE(statusChanged.count(), 2);
+        QCOMPARE(statusChanged.at(0).at(0).toString(), u"[200x150] (17,23)"_s);
+        QCOMPARE(statusChanged.at(1).at(0).toString(), u"[200x150]"_s);
+    }
+
+    void aPlainHoverPaintsNothing()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.move(QPoint(10, 10));
+        PaintCounter paints(fixture.view.viewport());
+
+        for (int i = 0; i < 50; ++i) {
+            fixture.move(QPoint(10 + i, 10 + i));
+            QCoreApplication::processEvents();
+        }
+
+        QCOMPARE(paints.count, 0);
+    }
+
+    void aSelectionMoveRepaintsTheVisiblePartOnce()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(40, 40));
+        PaintCounter paints(fixture.view.viewport());
+
+        fixture.move(QPoint(59, 79));
+        QCoreApplication::processEvents();
+
+        QCOMPARE(paints.count, 1);
+    }
+
+    void theSelectionIsADottedLineOfOneScreenPixel()
+    {
+        ViewFixture fixture(QSize(30, 20));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
+        fixture.view.replaceImage(1, solidPage(QSize(30, 20), qRgb(255, 255, 255)));
+        QVERIFY(fixture.view.setZoomIndex(0));
+        fixture.drag(QPoint(40, 40), QPoint(120, 120));
+        fixture.move(QPoint(250, 180));
+
+        const QImage screen = fixture.view.viewport()->grab().toImage();
+
+        int black = 0, white = 0;
+        for (int x = 48; x < 112; ++x) {
+            (screen.pixel(x, 40) == qRgb(0, 0, 0) ? black : white) += 1;
+            QCOMPARE(screen.pixel(x, 42), qRgb(255, 255, 255)); // one pixel wide
+        }
+        QVERIFY2(black >= 16 && white >= 16, qPrintable(u"%1 black, %2 white"_s.arg(black).arg(white)));
+    }
+
+    void freeHandScrollingDragsThePictureUnderThePointer()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.setContentsPos(500, 400);
+        fixture.view.OnToggleScroll(true);
+        QVERIFY(shows_open_hand(fixture.view));
+
+        fixture.press(QPoint(100, 100));
+        QVERIFY(shows_closed_hand(fixture.view));
+        fixture.move(QPoint(70, 120));
+        QCOMPARE(contents_position(fixture.view), QPoint(530, 380));
+        fixture.move(QPoint(60, 130));
+        QCOMPARE(contents_position(fixture.view), QPoint(540, 370));
+        fixture.release(QPoint(60, 130));
+        QVERIFY(shows_open_hand(fixture.view));
+
+        QVERIFY(!fixture.view.hasSelection());
+    }
+
+    void theHandStopsAtTheEndsOfThePicture()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.OnToggleScroll(true);
+
+        fixture.press(QPoint(100, 100));
+        fixture.move(QPoint(150, 150));
+
+        QCOMPARE(contents_position(fixture.view), QPoint(0, 0));
+    }
+
+    void theFirstHoverInFreeHandModeTakesTheHandAwayUntilThePress()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.OnToggleScroll(true);
+
+        fixture.move(QPoint(100, 100));
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+        fixture.press(QPoint(100, 100));
+        QVERIFY(shows_closed_hand(fixture.view));
+        fixture.release(QPoint(100, 100));
+        QVERIFY(shows_open_hand(fixture.view));
+    }
+
+    void freeHandScrollingLeavesTheSelectionAlone()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+        fixture.view.OnToggleScroll(true);
+
+        fixture.drag(QPoint(40, 50), QPoint(30, 40));
+
+        QCOMPARE(fixture.view.selection(), QRect(QPoint(20, 30), QPoint(59, 79)));
+        QCOMPARE(contents_position(fixture.view), QPoint(10, 10));
+    }
+
+    void switchingFreeHandScrollingOffEndsADrag()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.OnToggleScroll(true);
+        fixture.press(QPoint(100, 100));
+
+        fixture.view.OnToggleScroll(false);
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+        fixture.move(QPoint(50, 50));
+
+        QCOMPARE(contents_position(fixture.view), QPoint(0, 0));
+    }
+
+    void aPointerHeldOutsideScrollsWithoutFurtherEvents()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+        fixture.move(QPoint(59, 79));
+        fixture.press(QPoint(59, 79)); // the bottom right grip
+        const QPoint outside(fixture.view.viewport()->width() + 40, 90);
+        QCursor::setPos(fixture.view.viewport()->mapToGlobal(outside));
+        fixture.move(outside);
+        const int first = fixture.view.contentsX();
+        const int firstRight = fixture.view.selection().right();
+
+        QTRY_VERIFY(fixture.view.contentsX() >= first + 3 * 40); // each step brings the pointer's point in
+        QVERIFY(fixture.view.selection().right() > firstRight); // and the side that is held follows
+
+        fixture.move(QPoint(100, 90)); // strictly inside again
+        const int stopped = fixture.view.contentsX();
+        QTest::qWait(200); // four intervals in which nothing may come
+        QCOMPARE(fixture.view.contentsX(), stopped);
+        fixture.release(QPoint(100, 90));
+    }
+
+    void aNewSelectionCatchesUpOnlyAtTheNextMove()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+        const QPoint outside(fixture.view.viewport()->width() + 40, 90);
+        QCursor::setPos(fixture.view.viewport()->mapToGlobal(outside));
+        fixture.move(outside);
+        const QRect selection = fixture.view.selection();
+        const int first = fixture.view.contentsX();
+
+        QTRY_VERIFY(fixture.view.contentsX() >= first + 3 * 40);
+        QCOMPARE(fixture.view.selection(), selection);
+
+        fixture.move(outside);
+        QVERIFY(fixture.view.selection().right() > selection.right());
+        fixture.release(outside);
+    }
+
+    void theTimerTicksEveryFiftyMilliseconds()
+    {
+        ViewFixture fixture(QSize(20000, 100));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+        const QPoint outside(fixture.view.viewport()->width() + 10, 90);
+        QCursor::setPos(fixture.view.viewport()->mapToGlobal(outside));
+        fixture.move(outside);
+        QSignalSpy moves(&fixture.view, &ImageView::contentsMoving);
+        QElapsedTimer clock;
+        clock.start();
+
+        QTRY_VERIFY(moves.count() >= 10);
+
+        QVERIFY2(clock.elapsed() >= 400, qPrintable(QString::number(clock.elapsed()))); // 10 steps of 50 ms
+        fixture.release(outside);
+    }
+
+    void anyReleaseStopsTheTimer()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+        const QPoint outside(fixture.view.viewport()->width() + 40, 90);
+        QCursor::setPos(fixture.view.viewport()->mapToGlobal(outside));
+        fixture.move(outside);
+
+        fixture.release(outside, Qt::RightButton);
+        const int stopped = fixture.view.contentsX();
+        QTest::qWait(200); // four intervals in which nothing may come
+
+        QCOMPARE(fixture.view.contentsX(), stopped);
+    }
+
+    void aDoubleClickIsAPress()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+
+        QTest::mouseDClick(fixture.view.viewport(), Qt::LeftButton, {}, QPoint(150, 120));
+
+        QVERIFY(!fixture.view.hasSelection());
+    }
+};
+
+QTEST_MAIN(tst_ImageView_mouse)
+#include "tst_ImageView_mouse.moc"
