@@ -1,0 +1,329 @@
+#include "FixedSpinBox.h"
+#include "InputFixedDialog.h"
+#include "InputStringDialog.h"
+#include "InputTwoFixedDialog.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSlider>
+#include <QTest>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class tst_input_dialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fixedDialogSaysWhatItAsksFor();
+    void fixedDialogStartsWithItsFirstValue();
+    void fixedDialogValueFollowsTheKeys();
+    void fixedDialogEndsAtItsMaximum_data();
+    void fixedDialogEndsAtItsMaximum();
+    void fixedDialogIsAtLeast320Wide();
+    void fixedDialogHearsKeysFirstOnItsSlider();
+    void fixedDialogClosesByReturnAndEscape();
+
+    void twoFixedDialogAsksForBothValues();
+    void twoFixedDialogValuesAreTheScaledNumbers();
+    void twoFixedDialogControlsStandOneUnderTheOther();
+    void twoFixedDialogIsAtLeast200Wide();
+
+    void stringDialogSaysWhatItAsksFor();
+    void stringDialogReturnsTheTypedText();
+    void stringDialogStartsWithoutOkIfNothingDoesNotMatch();
+    void stringDialogStartsWithOkIfNothingMatches();
+    void stringDialogEnablesOkForAWholeMatchAlone_data();
+    void stringDialogEnablesOkForAWholeMatchAlone();
+    void stringDialogRefusesCharactersThatCannotMatch();
+    void stringDialogStaysOpenOnReturnUntilTheTextMatches();
+    void stringDialogIsAtLeast200Wide();
+};
+
+namespace {
+
+std::unique_ptr<InputFixedDialog> scaleDialog(double max = 3.0)
+{
+    return std::make_unique<InputFixedDialog>(u"Scale Vertically"_s, u"Vertical Scale"_s,
+                                              u"Number to multiple actual image height on"_s, 0.1, max, 1.0, 0.1, 1,
+                                              nullptr, "image_scale_v_dialog", true);
+}
+
+std::unique_ptr<InputTwoFixedDialog> offsetDialog()
+{
+    return std::make_unique<InputTwoFixedDialog>(u"Offset"_s, u"Left"_s, u"From the left edge"_s, u"Top"_s,
+                                                 u"From the top edge"_s, 0.0, 10.0, 2.5, 0.5, 1, nullptr, "offset",
+                                                 true);
+}
+
+std::unique_ptr<InputStringDialog> stringDialog(const QString &pattern)
+{
+    return std::make_unique<InputStringDialog>(u"Name"_s, u"New name"_s, u"Letters alone"_s,
+                                               QRegularExpression(pattern), nullptr, "name_dialog", true);
+}
+
+QSlider *sliderOf(const QWidget &dialog)
+{
+    return dialog.findChild<QSlider *>(u"double_slider"_s);
+}
+
+QPushButton *okButtonOf(const QWidget &dialog)
+{
+    return dialog.findChild<QPushButton *>(u"my_ok_btn"_s);
+}
+
+QStringList captionsOf(const QWidget &dialog)
+{
+    QStringList texts;
+    const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+    for (const QLabel *const label : labels)
+        texts << label->text();
+    return texts;
+}
+
+} // namespace
+
+void tst_input_dialogs::fixedDialogSaysWhatItAsksFor()
+{
+    const auto dialog = scaleDialog();
+
+    QCOMPARE(dialog->windowTitle(), u"Scale Vertically"_s);
+    QCOMPARE(dialog->objectName(), u"image_scale_v_dialog"_s);
+    QVERIFY(dialog->isModal());
+    QVERIFY(captionsOf(*dialog).contains(u"Vertical Scale"_s));
+    QCOMPARE(sliderOf(*dialog)->toolTip(), u"Number to multiple actual image height on"_s);
+    QCOMPARE(sliderOf(*dialog)->accessibleName(), u"Vertical Scale"_s);
+}
+
+void tst_input_dialogs::fixedDialogStartsWithItsFirstValue()
+{
+    const auto dialog = scaleDialog();
+
+    QCOMPARE(sliderOf(*dialog)->value(), 10);
+    QCOMPARE(dialog->value(), 1.0);
+}
+
+void tst_input_dialogs::fixedDialogValueFollowsTheKeys()
+{
+    const auto dialog = scaleDialog();
+    dialog->show();
+
+    QTest::keyClick(sliderOf(*dialog), Qt::Key_Right);
+    QTest::keyClick(sliderOf(*dialog), Qt::Key_Right);
+
+    QCOMPARE(dialog->value(), 1.2);
+}
+
+void tst_input_dialogs::fixedDialogEndsAtItsMaximum_data()
+{
+    QTest::addColumn<double>("max");
+    QTest::newRow("little memory: no enlarging") << 1.0;
+    QTest::newRow("much memory: three times") << 3.0;
+    QTest::newRow("in between, on a tenth") << 1.7;
+}
+
+void tst_input_dialogs::fixedDialogEndsAtItsMaximum()
+{
+    QFETCH(const double, max);
+    const auto dialog = scaleDialog(max);
+    dialog->show();
+
+    QTest::keyClick(sliderOf(*dialog), Qt::Key_End);
+    QCOMPARE(dialog->value(), max);
+
+    QTest::keyClick(sliderOf(*dialog), Qt::Key_Home);
+    QCOMPARE(dialog->value(), 0.1);
+}
+
+void tst_input_dialogs::fixedDialogIsAtLeast320Wide()
+{
+    const auto dialog = scaleDialog();
+
+    QCOMPARE(dialog->width(), std::max(320, dialog->sizeHint().width()));
+    QCOMPARE(dialog->height(), dialog->sizeHint().height());
+    QVERIFY(dialog->sizeHint().width() < 320);
+}
+
+void tst_input_dialogs::fixedDialogHearsKeysFirstOnItsSlider()
+{
+    const auto dialog = scaleDialog();
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+
+    QCOMPARE(dialog->focusWidget(), sliderOf(*dialog));
+}
+
+void tst_input_dialogs::fixedDialogClosesByReturnAndEscape()
+{
+    const auto accepted = scaleDialog();
+    accepted->show();
+    QTest::keyClick(sliderOf(*accepted), Qt::Key_Return);
+    QCOMPARE(accepted->result(), int(QDialog::Accepted));
+    QVERIFY(!accepted->isVisible());
+
+    const auto rejected = scaleDialog();
+    rejected->show();
+    QTest::keyClick(sliderOf(*rejected), Qt::Key_Escape);
+    QCOMPARE(rejected->result(), int(QDialog::Rejected));
+    QVERIFY(!rejected->isVisible());
+}
+
+void tst_input_dialogs::twoFixedDialogAsksForBothValues()
+{
+    const auto dialog = offsetDialog();
+    const QList<FixedSpinBox *> boxes = dialog->findChildren<FixedSpinBox *>();
+
+    QCOMPARE(dialog->windowTitle(), u"Offset"_s);
+    QCOMPARE(dialog->objectName(), u"offset"_s);
+    QVERIFY(dialog->isModal());
+    QCOMPARE(captionsOf(*dialog), QStringList({u"Left"_s, u"Top"_s}));
+    QCOMPARE(boxes.count(), 2);
+    QCOMPARE(boxes.at(0)->toolTip(), u"From the left edge"_s);
+    QCOMPARE(boxes.at(1)->toolTip(), u"From the top edge"_s);
+    for (const FixedSpinBox *const box : boxes) {
+        QCOMPARE(box->minimum(), 0);
+        QCOMPARE(box->maximum(), 100);
+        QCOMPARE(box->singleStep(), 5);
+    }
+}
+
+void tst_input_dialogs::twoFixedDialogValuesAreTheScaledNumbers()
+{
+    const auto dialog = offsetDialog();
+    dialog->show();
+    QCOMPARE(dialog->first(), 25.0);
+    QCOMPARE(dialog->second(), 25.0);
+    const QList<FixedSpinBox *> boxes = dialog->findChildren<FixedSpinBox *>();
+
+    QTest::keyClick(boxes.at(0), Qt::Key_Up);
+    QTest::keyClick(boxes.at(1), Qt::Key_Down);
+
+    QCOMPARE(dialog->first(), 30.0);
+    QCOMPARE(dialog->second(), 20.0);
+}
+
+void tst_input_dialogs::twoFixedDialogControlsStandOneUnderTheOther()
+{
+    const auto dialog = offsetDialog();
+    dialog->show();
+    const QList<FixedSpinBox *> boxes = dialog->findChildren<FixedSpinBox *>();
+
+    const QPoint first = boxes.at(0)->mapTo(dialog.get(), QPoint(0, 0));
+    const QPoint second = boxes.at(1)->mapTo(dialog.get(), QPoint(0, 0));
+    QCOMPARE(second.x(), first.x());
+    QVERIFY(second.y() > first.y() + boxes.at(0)->height());
+    QVERIFY(okButtonOf(*dialog)->y() > second.y() + boxes.at(1)->height());
+}
+
+void tst_input_dialogs::twoFixedDialogIsAtLeast200Wide()
+{
+    const auto dialog = offsetDialog();
+
+    QCOMPARE(dialog->size(), QSize(std::max(200, dialog->sizeHint().width()), dialog->sizeHint().height()));
+}
+
+void tst_input_dialogs::stringDialogSaysWhatItAsksFor()
+{
+    const auto dialog = stringDialog(u"[a-z]+"_s);
+    const auto *const edit = dialog->findChild<QLineEdit *>();
+
+    QCOMPARE(dialog->windowTitle(), u"Name"_s);
+    QCOMPARE(dialog->objectName(), u"name_dialog"_s);
+    QVERIFY(dialog->isModal());
+    QCOMPARE(captionsOf(*dialog), QStringList(u"New name"_s));
+    QCOMPARE(edit->toolTip(), u"Letters alone"_s);
+    QCOMPARE(edit->accessibleName(), u"New name"_s);
+}
+
+void tst_input_dialogs::stringDialogReturnsTheTypedText()
+{
+    const auto dialog = stringDialog(u"[a-z]+"_s);
+    dialog->show();
+    QCOMPARE(dialog->text(), QString());
+
+    QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"letter"_s);
+
+    QCOMPARE(dialog->text(), u"letter"_s);
+}
+
+void tst_input_dialogs::stringDialogStartsWithoutOkIfNothingDoesNotMatch()
+{
+    QVERIFY(!okButtonOf(*stringDialog(u"[a-z]+"_s))->isEnabled());
+}
+
+void tst_input_dialogs::stringDialogStartsWithOkIfNothingMatches()
+{
+    QVERIFY(okButtonOf(*stringDialog(u"[a-z]*"_s))->isEnabled());
+}
+
+void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("match") << "[a-z]{2,3}"
+                           << "ab" << true;
+    QTest::newRow("may still become one") << "[a-z]{2,3}"
+                                          << "a" << false;
+    QTest::newRow("cannot become one") << "[a-z]{2,3}"
+                                       << "1" << false;
+    QTest::newRow("match with something behind") << "[a-z]{2,3}"
+                                                 << "abcd" << false;
+    QTest::newRow("either of two words as a whole") << "one|two"
+                                                    << "twofold" << false;
+    QTest::newRow("letters of every script") << "\\w+" << u"Größe"_s << true;
+    QTest::newRow("a line break is a character too") << "a.b" << u"a\u2028b"_s << true;
+}
+
+void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone()
+{
+    QFETCH(const QString, pattern);
+    QFETCH(const QString, text);
+    QFETCH(const bool, enabled);
+    const auto dialog = stringDialog(pattern);
+
+    dialog->findChild<QLineEdit *>()->setText(text);
+
+    QCOMPARE(okButtonOf(*dialog)->isEnabled(), enabled);
+}
+
+void tst_input_dialogs::stringDialogRefusesCharactersThatCannotMatch()
+{
+    const auto dialog = stringDialog(u"[a-z]+"_s);
+    dialog->show();
+
+    QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"a1b"_s);
+
+    QCOMPARE(dialog->text(), u"ab"_s);
+}
+
+void tst_input_dialogs::stringDialogStaysOpenOnReturnUntilTheTextMatches()
+{
+    const auto dialog = stringDialog(u"[a-z]{2}"_s);
+    dialog->show();
+    auto *const edit = dialog->findChild<QLineEdit *>();
+
+    QTest::keyClicks(edit, u"a"_s);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QVERIFY(dialog->isVisible());
+
+    QTest::keyClicks(edit, u"b"_s);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QVERIFY(!dialog->isVisible());
+    QCOMPARE(dialog->result(), int(QDialog::Accepted));
+}
+
+void tst_input_dialogs::stringDialogIsAtLeast200Wide()
+{
+    const auto dialog = stringDialog(u"[a-z]+"_s);
+
+    QCOMPARE(dialog->size(), QSize(std::max(200, dialog->sizeHint().width()), dialog->sizeHint().height()));
+}
+
+QTEST_MAIN(tst_input_dialogs)
+#include "tst_input_dialogs.moc"
