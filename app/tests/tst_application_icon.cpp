@@ -1,0 +1,27 @@
+#include "application_icon.h"
+
+#include <QPixmap>
+#include <QTest>
+
+class tst_application_icon : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theIconHasItsOwnPictureForEverySize()
+    {
+        QCOMPARE(applicationIcon().availableSizes(),
+                 (QList<QSize>{{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {128, 128}}));
+    }
+
+    void theGroundAroundThePageIsTransparent()
+    {
+        const QImage shown = applicationIcon().pixmap(48, 48).toImage();
+
+        QCOMPARE(qAlpha(shown.pixel(0, 0)), 0);
+        QCOMPARE(qAlpha(shown.pixel(24, 24)), 255);
+    }
+};
+
+QTEST_MAIN(tst_application_icon)
+#include "tst_application_icon.moc"
