@@ -1,0 +1,137 @@
+#include "ImageManager.h"
+
+#include "IdMenu.h"
+#include "ImageDocument.h"
+#include "ImageDocumentView.h"
+#include "window_settings.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QStatusBar>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+ImageDocumentView *ImageManager::currentView() const
+{
+    return qobject_cast<ImageDocumentView *>(tabWidget->currentWidget());
+}
+
+ImageDocument *ImageManager::currentDocument() const
+{
+    const ImageDocumentView *const view = currentView();
+    return view ? view->document() : nullptr;
+}
+
+QImage ImageManager::currentPageImage() const
+{
+    const ImageDocument *const document = currentDocument();
+    return document ? document->page(currentView()->currentPage()) : QImage();
+}
+
+void ImageManager::updateDocumentActions()
+{
+    const bool hasDocument = currentDocument() != nullptr;
+
+    for (const QLatin1StringView name :
+         {"file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, "file_close"_L1, "file_close_all"_L1})
+        actions.value(name)->setEnabled(hasDocument);
+    if (!hasDocument) { // the history decides otherwise
+        actions.value("edit_undo"_L1)->setEnabled(false);
+        actions.value("edit_redo"_L1)->setEnabled(false);
+    }
+    zoomGroup->setEnabled(hasDocument);
+    for (const QLatin1StringView name :
+         {"view_zoom_in"_L1, "view_zoom_out"_L1, "view_scroll"_L1, "depth_menu"_L1, "scale_menu"_L1, "rotate_menu"_L1,
+          "flip_menu"_L1, "effects_menu"_L1, "image_brightness"_L1, "image_contrast"_L1, "image_invert"_L1})
+        actions.value(name)->setEnabled(hasDocument);
+    updateImageCropControls();
+    updateZoomControls();
+}
+
+void ImageManager::updateZoomControls()
+{
+    ImageDocumentView *const view = currentView();
+    if (!view)
+        return;
+
+    const int limit = view->zoomIndexLimit();
+    const int index = view->zoomIndex();
+    const int last = static_cast<int>(zoomIds.size()) - 1;
+    for (int i = 0; i <= last; ++i) {
+        if (QAction *const action = zoomMenu->findActionForId(zoomIds.at(static_cast<size_t>(i)))) {
+            action->setCheckable(true);
+            action->setChecked(false);
+            action->setEnabled(i >= limit);
+        }
+    }
+    if (QAction *const action = zoomMenu->findActionForId(zoomIds.at(static_cast<size_t>(index)))) {
+        action->setCheckable(true);
+        action->setChecked(true);
+    }
+    actions.value("view_zoom_in"_L1)->setEnabled(limit < index);
+    actions.value("view_zoom_out"_L1)->setEnabled(index < last);
+}
+
+void ImageManager::updateTabTitle(ImageDocumentView *view, bool modified)
+{
+    QString title = view->document()->fileName();
+    if (modified)
+        title += '*'_L1;
+    tabWidget->setTabText(tabWidget->indexOf(view), title);
+}
+
+void ImageManager::documentModifiedStateChanged(bool modified)
+{
+    if (auto *const view = qobject_cast<ImageDocumentView *>(sender()))
+        updateTabTitle(view, modified);
+}
+
+void ImageManager::tabChanged(QWidget * /*tab*/)
+{
+    // Intended: only the view that comes up is guarded against a second connection. One that was current
+    // before stays connected, so the action reaches every view that has been current.
+    if (ImageDocumentView *const view = currentView()) {
+        QAction *const scrollAction = actions.value("view_scroll"_L1);
+        disconnect(scrollAction, &QAction::toggled, view, &ImageView::OnToggleScroll);
+        connect(scrollAction, &QAction::toggled, view, &ImageView::OnToggleScroll);
+    }
+    updateDocumentActions();
+}
+
+void ImageManager::onStatusChanged(const QString &text)
+{
+    if (viewStatusEnabled)
+        statusBar()->showMessage(text, 0);
+}
+
+void ImageManager::closeCurrentTab()
+{
+    ImageDocumentView *const view = currentView();
+    const ImageDocument *const document = currentDocument();
+    tabWidget->removeTab(tabWidget->indexOf(view));
+    delete view;
+    delete document;
+    if (tabWidget->count() == 0)
+        updateDocumentActions();
+}
+
+void ImageManager::closeAllTabs()
+{
+    while (tabWidget->count() != 0)
+        closeCurrentTab();
+}
+
+void ImageManager::closeEvent(QCloseEvent *event)
+{
+    if (!confirmSaveAll()) {
+        event->ignore();
+        return;
+    }
+    closeAllTabs();
+    QMainWindow::closeEvent(event);
+    QCoreApplication::processEvents();
+    view_save_layout();
+}

@@ -1,0 +1,174 @@
+#pragma once
+
+#include "pixel_operations.h"
+#include "UndoHistory.h"
+
+#include <QHash>
+#include <QImage>
+#include <QList>
+#include <QMainWindow>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <functional>
+
+class IdMenu;
+class ImageDocument;
+class ImageDocumentView;
+class QAction;
+class QActionGroup;
+class QTabWidget;
+class QToolBar;
+
+/// The one main window: a tab for each document, the actions, menus and tool bar, and the commands that
+/// drive documents and views.
+///
+/// Ownership: owns the documents of its tabs; closing a tab deletes its view, then its document. Widgets
+///            and actions belong to the window by Qt parentage.
+/// Threads:   GUI thread only. Commands may run nested inside an open message box.
+class ImageManager : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit ImageManager(QWidget *parent = nullptr);
+
+    /// Opens the files of an argument list, the first entry being the program itself. "-t" marks the next
+    /// file as temporary: it opens as an unnamed document and is removed from disk. Ends the process with
+    /// status 0 when there is no file, or none that opens.
+    void processArgs(const QStringList &args);
+
+    /// Makes a document of a file and a tab for it; tells the user what went wrong.
+    /// @param format     format word, empty to go by the content
+    /// @param temporary  the file is about to go: the document is cut loose from it and gets a name such
+    ///                   as Untitled2
+    /// @return true when the file has a tab
+    bool load_file(const QString &path, const QString &format, bool temporary);
+
+    /// Makes the tab for a loaded document and takes ownership of it.
+    bool addDocumentTab(ImageDocument *doc);
+
+public slots:
+    /// Takes the argument message of another start and comes to the front.
+    void processMessage(const QString &msg);
+
+    void file_new();
+    void file_open();
+    bool file_save();
+    bool file_save_as();
+    void file_save_all();
+    void file_close();
+    void file_close_all();
+
+    void edit_undo();
+    void edit_redo();
+
+    void view_show_labels(bool v);
+    void view_big_pixmaps(bool v);
+    void view_show_tooltips(bool v);
+    void view_movable_toolbars(bool v);
+    void view_save_layout();
+    void view_reset_layout();
+    void view_zoom_out();
+    void view_zoom_in();
+    void view_zoom_by_id(int id);
+
+    void image_depth_1_bit();
+    void image_depth_8_bit();
+    void image_depth_32_bit();
+    void image_invert();
+    void image_brightness();
+    void image_contrast();
+    void image_rotate_90();
+    void image_rotate_180();
+    void image_rotate_270();
+    void image_flip_vertically();
+    void image_flip_horizontally();
+    void image_scale_horizontally();
+    void image_scale_vertically();
+    void image_scale_proportionally();
+    void image_resize();
+    void image_crop();
+
+    void tabChanged(QWidget *tab);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private slots:
+    void documentModifiedStateChanged(bool modified);
+    void updateImageCropControls();
+    void onStatusChanged(const QString &text);
+
+private:
+    enum HistoryStep : int { HistoryUndo = 0, HistoryRedo = 1, HistoryRollback = 2 };
+
+    /// What a scale command asks for, and which sides its factor applies to.
+    struct ScaleCommand
+    {
+        QString caption;
+        QString label;
+        QString prompt;
+        const char *name;
+        bool horizontal;
+        bool vertical;
+    };
+
+    [[nodiscard]] ImageDocumentView *currentView() const;
+    [[nodiscard]] ImageDocument *currentDocument() const;
+    [[nodiscard]] QImage currentPageImage() const;
+
+    void makeActions();
+    void makeZoomActions();
+    void makeMenus();
+    void makeToolBar();
+    void readSettings();
+    void connectActions();
+    QAction *makeAction(QLatin1StringView name, QObject *parent);
+    void makeActions(std::initializer_list<QLatin1StringView> names, QObject *parent);
+    QActionGroup *makeActionGroup(std::initializer_list<QLatin1StringView> names);
+    QAction *makeGroupMenu(QActionGroup *group, QLatin1StringView name);
+    void applyIcons();
+    void addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names);
+    void placeActions(QWidget *place, std::initializer_list<QLatin1StringView> names);
+
+    void freezeUi();
+    void thawUi();
+    void endEdit();
+    void updateActions();
+    void showStatus(const QString &text);
+    [[nodiscard]] bool saveUndoState();
+    [[nodiscard]] bool beginEdit();
+    void finishEdit(bool ok);
+    [[nodiscard]] bool applyHistory(HistoryStep step, uint steps);
+    bool runEdit(const std::function<bool(uint)> &operation);
+    void previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint));
+    void previewEdit(const QString &title, const QString &label, ImageTransform transform,
+                     bool (ImageDocument::*operation)(uint, int));
+    void scalePage(const ScaleCommand &command);
+
+    void updateDocumentActions();
+    void updateZoomControls();
+    void updateTabTitle(ImageDocumentView *view, bool modified);
+    void closeCurrentTab();
+    void closeAllTabs();
+    bool reportFailedLoad(ImageDocument *document, const QString &name);
+    [[nodiscard]] bool askToSaveInstead();
+
+    bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);
+    void saveMerged(const QString &path);
+    [[nodiscard]] bool confirmSave();
+    [[nodiscard]] bool confirmSaveAll();
+    [[nodiscard]] QList<ImageDocument *> openDocuments() const;
+    void showNextTab();
+
+    UndoHistory undoHistory; ///< shared by all tabs
+    QHash<QLatin1StringView, QAction *> actions; ///< every action by its name in the action table
+    std::array<int, 8> zoomIds = {}; ///< menu ids of the zoom actions, by zoom index
+    IdMenu *zoomMenu = nullptr;
+    QActionGroup *zoomGroup = nullptr;
+    QToolBar *toolBar = nullptr;
+    QTabWidget *tabWidget = nullptr;
+    bool viewStatusEnabled = true; ///< whether status texts of the views are shown
+};

@@ -1,0 +1,78 @@
+#include "IdMenu.h"
+#include "ImageDocumentView.h"
+#include "ImageManager.h"
+#include "window_settings.h"
+
+#include <QAction>
+#include <QToolBar>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+void ImageManager::updateImageCropControls()
+{
+    const ImageDocumentView *const view = currentView();
+    actions.value("image_crop"_L1)->setEnabled(view && view->hasSelection());
+}
+
+void ImageManager::view_show_labels(bool v)
+{
+    toolBar->setToolButtonStyle(v ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+    write_window_setting(WindowSetting::ShowLabels, v);
+}
+
+void ImageManager::view_big_pixmaps(bool v)
+{
+    write_window_setting(WindowSetting::BigPixmaps, v);
+}
+
+void ImageManager::view_show_tooltips(bool v)
+{
+    write_window_setting(WindowSetting::ShowTooltips, v);
+}
+
+void ImageManager::view_movable_toolbars(bool v)
+{
+    toolBar->setMovable(v);
+    write_window_setting(WindowSetting::MovableToolbars, v);
+}
+
+void ImageManager::view_save_layout()
+{
+    // Intended: a window state begins with a zero byte, which ends the text, so the layout that is stored
+    // is always the empty one and the bar comes back in its place at the next start.
+    const QByteArray state = saveState(0);
+    write_window_setting(WindowSetting::Layout, QString::fromLatin1(state.constData()));
+    write_window_setting(WindowSetting::Width, width());
+    write_window_setting(WindowSetting::Height, height());
+}
+
+void ImageManager::view_reset_layout()
+{
+    actions.value("view_labels"_L1)->setChecked(true);
+    actions.value("view_movable"_L1)->setChecked(false);
+    addToolBar(toolBar);
+    write_window_setting(WindowSetting::Layout, QString());
+}
+
+void ImageManager::view_zoom_out()
+{
+    currentView()->zoomOut();
+    updateZoomControls();
+}
+
+void ImageManager::view_zoom_in()
+{
+    currentView()->zoomIn();
+    updateZoomControls();
+}
+
+void ImageManager::view_zoom_by_id(int id)
+{
+    const auto entry = std::ranges::find(zoomIds, id);
+    if (entry == zoomIds.end())
+        return;
+    currentView()->setZoomIndex(static_cast<int>(entry - zoomIds.begin()));
+    updateZoomControls();
+}

@@ -1,0 +1,344 @@
+#include "WindowFixture.h"
+
+#include "window_settings.h"
+
+#include <QActionGroup>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_ImageManager : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theFirstStartHasTheDefaultSizeLabelsAndAFixedBar()
+    {
+        const WindowFixture fixture;
+
+        QCOMPARE(fixture.window.size(), QSize(335, 564));
+        QCOMPARE(fixture.window.windowTitle(), u"Image Manager"_s);
+        QCOMPARE(fixture.toolBar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+        QVERIFY(!fixture.toolBar()->isMovable());
+        QVERIFY(fixture.action(u"view_labels"_s)->isChecked());
+        QVERIFY(!fixture.action(u"view_movable"_s)->isChecked());
+        QCOMPARE(fixture.toolBar()->windowTitle(), u"Image Manager Toolbar"_s);
+        QCOMPARE(fixture.toolBar()->objectName(), u"Image Manager Toolbar"_s);
+        QCOMPARE(fixture.toolBar()->iconSize(), QSize(24, 24));
+    }
+
+    void storedSettingsAreReadAtTheStart()
+    {
+        const TemporaryHome home;
+        write_window_setting(WindowSetting::ShowLabels, false);
+        write_window_setting(WindowSetting::MovableToolbars, true);
+        write_window_setting(WindowSetting::Width, 800);
+        write_window_setting(WindowSetting::Height, 600);
+
+        const ImageManager window;
+
+        const auto *const toolBar = window.findChild<QToolBar *>();
+        QCOMPARE(window.size(), QSize(800, 600));
+        QCOMPARE(toolBar->toolButtonStyle(), Qt::ToolButtonIconOnly);
+        QVERIFY(toolBar->isMovable());
+    }
+
+    void aGarbledLayoutDoesNoHarm()
+    {
+        const TemporaryHome home;
+        write_window_setting(WindowSetting::Layout, u"\u00ff\u00fd garbled \u00e9"_s);
+
+        const ImageManager window;
+
+        QVERIFY(window.findChild<QToolBar *>()->isVisibleTo(&window));
+    }
+
+    void theSettingsFileOfAFormerKindIsRemoved()
+    {
+        const TemporaryHome home;
+        QVERIFY(QDir(home.path()).mkdir(u".qt"_s));
+        QFile former(home.filePath(u".qt/image_editorrc"_s));
+        QVERIFY(former.open(QIODevice::WriteOnly));
+        former.close();
+
+        const ImageManager window;
+
+        QVERIFY(!former.exists());
+    }
+
+    void theBarHasFiveMenusInOrder()
+    {
+        const WindowFixture fixture;
+
+        QCOMPARE(WindowFixture::entries(fixture.window.menuBar()),
+                 (QStringList{u"&File"_s, u"&Edit"_s, u"&View"_s, u"&Zoom"_s, u"&Image"_s}));
+    }
+
+    void eachMenuHasItsEntriesInOrder_data()
+    {
+        QTest::addColumn<QString>("entries");
+
+        QTest::newRow("&File") << u"&Open...|-|&Save|Save &As...|Save A&ll...|-|&Print|-|&Close|Close All|-|E&xit"_s;
+        QTest::newRow("&Edit") << u"U&ndo|R&edo"_s;
+        QTest::newRow("&View") << u"&Labels|&Movable Toolbars|&Reset Layout"_s;
+        QTest::newRow("&Zoom") << u"8:1|4:1|2:1|1:1|1:2|1:4|1:8|1:16"_s;
+        QTest::newRow("&Image") << u"&Color Bit Depth|&Invert|&Brightness...|&Contrast...|&Rotate|&Flip|&Scale|C&rop|"
+                                   "&Properties..."_s;
+    }
+
+    void eachMenuHasItsEntriesInOrder()
+    {
+        const WindowFixture fixture;
+
+        QTEST(WindowFixture::entries(fixture.menu(QString::fromLatin1(QTest::currentDataTag()))).join('|'_L1),
+              "entries");
+    }
+
+    void theSubMenusHaveTheirEntriesInOrder_data()
+    {
+        QTest::addColumn<QString>("entries");
+
+        QTest::newRow("scale_menu") << u"&Horizontally...|&Vertically...|&Proportionally...|&Resize..."_s;
+        QTest::newRow("rotate_menu") << u"9&0 degrees CCW|&90 degrees CW|&180 degrees"_s;
+        QTest::newRow("flip_menu") << u"&Horizontally|&Vertically"_s;
+        QTest::newRow("depth_menu") << u"&1 bit|&8 bit|&32 bit"_s;
+        QTest::newRow("effects_menu") << u"&Brightness...|&Contrast...|&Color Bit Depth|&Invert"_s;
+    }
+
+    void theSubMenusHaveTheirEntriesInOrder()
+    {
+        const WindowFixture fixture;
+        const QAction *const action = fixture.action(QString::fromLatin1(QTest::currentDataTag()));
+
+        QTEST(WindowFixture::entries(action->menu()).join('|'_L1), "entries");
+    }
+
+    void theToolBarHasItsButtonsInOrder()
+    {
+        const WindowFixture fixture;
+
+        QCOMPARE(WindowFixture::entries(fixture.toolBar()).join('|'_L1),
+                 u"&Save|-|U&ndo|R&edo|-|Zoom &Out|Zoom &In|-|&Scroll|C&rop|-|&Scale|&Rotate|&Flip|Effects|-|"
+                 "&Properties..."_s);
+    }
+
+    void theToolCommandsExistOnNoBar()
+    {
+        const WindowFixture fixture;
+        for (const QString &name : {u"tool_graphics_editor"_s, u"tool_ocr"_s, u"tool_send"_s, u"tool_upload"_s,
+                                    u"tool_configure"_s, u"file_new"_s, u"view_big_pixmaps"_s}) {
+            const QAction *const action = fixture.action(name);
+            QVERIFY2(action, qPrintable(name));
+            for (const QObject *const place : action->associatedObjects())
+                QVERIFY2(
+                    !fixture.window.menuBar()->actions().contains(qobject_cast<const QMenu *>(place)->menuAction()),
+                    qPrintable(name));
+        }
+    }
+
+    void withoutATabOnlyTheCommandsOfTheProgramAreOn()
+    {
+        const WindowFixture fixture;
+
+        for (const QString &name :
+             {u"file_open"_s, u"file_exit"_s, u"view_labels"_s, u"view_movable"_s, u"view_reset"_s})
+            QVERIFY2(fixture.enabled(name), qPrintable(name));
+        for (const QString &name :
+             {u"file_save"_s,       u"file_save_as"_s, u"file_save_all"_s, u"file_print"_s,       u"file_close"_s,
+              u"file_close_all"_s,  u"edit_undo"_s,    u"edit_redo"_s,     u"view_zoom_in"_s,     u"view_zoom_out"_s,
+              u"view_scroll"_s,     u"image_crop"_s,   u"scale_menu"_s,    u"rotate_menu"_s,      u"flip_menu"_s,
+              u"depth_menu"_s,      u"effects_menu"_s, u"image_invert"_s,  u"image_brightness"_s, u"image_contrast"_s,
+              u"image_properties"_s})
+            QVERIFY2(!fixture.enabled(name), qPrintable(name));
+        for (const QAction *const zoom : fixture.menu(u"&Zoom"_s)->actions())
+            QVERIFY(!zoom->isEnabled());
+    }
+
+    void aTabSwitchesTheDocumentCommandsOnAndTheLastOneOffAgain()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        const QStringList names = {u"file_save"_s,      u"file_save_as"_s, u"file_save_all"_s, u"file_close"_s,
+                                   u"file_close_all"_s, u"view_zoom_in"_s, u"view_zoom_out"_s, u"view_scroll"_s};
+        for (const QString &name : names)
+            QVERIFY2(fixture.enabled(name), qPrintable(name));
+        fixture.action(u"file_close"_s)->trigger();
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        for (const QString &name : names)
+            QVERIFY2(!fixture.enabled(name), qPrintable(name));
+    }
+
+    void cropFollowsTheSelection()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(!fixture.enabled(u"image_crop"_s));
+
+        fixture.select(QPoint(10, 10), QPoint(30, 30));
+        QVERIFY(fixture.enabled(u"image_crop"_s));
+        fixture.select(QPoint(150, 150), QPoint(150, 150)); // beside the picture
+        QVERIFY(!fixture.enabled(u"image_crop"_s));
+    }
+
+    void theCheckedZoomFollowsEveryZoomCommand()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
+        QVERIFY(zooms.at(3)->isChecked());
+
+        fixture.action(u"view_zoom_in"_s)->trigger();
+        QVERIFY(zooms.at(2)->isChecked());
+        fixture.action(u"view_zoom_out"_s)->trigger();
+        fixture.action(u"view_zoom_out"_s)->trigger();
+        QVERIFY(zooms.at(4)->isChecked());
+        zooms.at(6)->trigger();
+        QVERIFY(zooms.at(6)->isChecked());
+        QCOMPARE(fixture.currentView()->zoomIndex(), 6);
+        QCOMPARE(std::ranges::count_if(zooms, &QAction::isChecked), 1);
+    }
+
+    void theZoomButtonsAreOffAtTheirEnds()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
+
+        zooms.at(0)->trigger();
+        QVERIFY(!fixture.enabled(u"view_zoom_in"_s));
+        QVERIFY(fixture.enabled(u"view_zoom_out"_s));
+        zooms.at(7)->trigger();
+        QVERIFY(fixture.enabled(u"view_zoom_in"_s));
+        QVERIFY(!fixture.enabled(u"view_zoom_out"_s));
+        for (const QAction *const zoom : zooms)
+            QVERIFY(zoom->isEnabled());
+    }
+
+    void anUnknownZoomIdDoesNothing()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        fixture.window.view_zoom_by_id(7);
+
+        QCOMPARE(fixture.currentView()->zoomIndex(), 3);
+    }
+
+    void theZoomBelongsToTheTab()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        fixture.action(u"view_zoom_in"_s)->trigger();
+        QVERIFY(fixture.open(u"b.png"_s));
+        const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
+        QVERIFY(zooms.at(3)->isChecked());
+
+        fixture.tabs()->setCurrentIndex(0);
+
+        QVERIFY(zooms.at(2)->isChecked());
+    }
+
+    void scrollReachesEveryViewThatHasBeenCurrent()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s, QSize(2000, 1500)));
+        QVERIFY(fixture.open(u"b.png"_s, QSize(2000, 1500)));
+
+        fixture.action(u"view_scroll"_s)->setChecked(true);
+
+        for (const int index : {0, 1}) {
+            fixture.tabs()->setCurrentIndex(index);
+            QCoreApplication::processEvents();
+            fixture.select(QPoint(100, 100), QPoint(60, 70)); // drags the picture instead
+            QCOMPARE(fixture.currentView()->contentsX(), 40);
+            QCOMPARE(fixture.currentView()->contentsY(), 30);
+            QVERIFY(!fixture.currentView()->hasSelection());
+        }
+    }
+
+    void aStatusTextOfTheViewReachesTheStatusBar()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        fixture.select(QPoint(10, 10), QPoint(30, 30));
+
+        QCOMPARE(fixture.window.statusBar()->currentMessage(), u"[64x48] (30,30)"_s);
+    }
+
+    void labelsAndMovableAreStoredWhenTheyChange()
+    {
+        const WindowFixture fixture;
+
+        fixture.action(u"view_labels"_s)->setChecked(false);
+        fixture.action(u"view_movable"_s)->setChecked(true);
+
+        QCOMPARE(fixture.toolBar()->toolButtonStyle(), Qt::ToolButtonIconOnly);
+        QVERIFY(fixture.toolBar()->isMovable());
+        QCOMPARE(read_window_setting(WindowSetting::ShowLabels, true).toBool(), false);
+        QCOMPARE(read_window_setting(WindowSetting::MovableToolbars, false).toBool(), true);
+    }
+
+    void bigPixmapsAndTooltipsAreOnlyStored()
+    {
+        WindowFixture fixture;
+
+        fixture.action(u"view_big_pixmaps"_s)->setChecked(true);
+        fixture.window.view_show_tooltips(false);
+
+        QCOMPARE(fixture.toolBar()->iconSize(), QSize(24, 24));
+        QCOMPARE(read_window_setting(WindowSetting::BigPixmaps, false).toBool(), true);
+        QCOMPARE(read_window_setting(WindowSetting::ShowTooltips, true).toBool(), false);
+    }
+
+    void resetLayoutBringsLabelsAndBarBackAndLeavesTheSize()
+    {
+        WindowFixture fixture;
+        fixture.action(u"view_labels"_s)->setChecked(false);
+        fixture.action(u"view_movable"_s)->setChecked(true);
+        fixture.window.addToolBar(Qt::BottomToolBarArea, fixture.toolBar());
+        fixture.window.resize(700, 500);
+        write_window_setting(WindowSetting::Layout, u"something"_s);
+
+        fixture.action(u"view_reset"_s)->trigger();
+
+        QVERIFY(fixture.action(u"view_labels"_s)->isChecked());
+        QVERIFY(!fixture.toolBar()->isMovable());
+        QCOMPARE(fixture.window.toolBarArea(fixture.toolBar()), Qt::TopToolBarArea);
+        QCOMPARE(fixture.window.size(), QSize(700, 500));
+        QCOMPARE(read_window_setting(WindowSetting::Layout, u"none"_s).toString(), QString());
+    }
+
+    void closingStoresTheSizeAndAnEmptyLayout()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        fixture.window.resize(640, 500);
+
+        QVERIFY(fixture.window.close());
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QCOMPARE(read_window_setting(WindowSetting::Width, 0).toInt(), 640);
+        QCOMPARE(read_window_setting(WindowSetting::Height, 0).toInt(), 500);
+        QCOMPARE(read_window_setting(WindowSetting::Layout, u"none"_s).toString(), QString());
+    }
+
+    void everyControlHasAnAccessibleName()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        QVERIFY(!fixture.tabs()->accessibleName().isEmpty());
+        QVERIFY(!fixture.toolBar()->accessibleName().isEmpty());
+        QVERIFY(!fixture.currentView()->accessibleName().isEmpty());
+        for (const QAction *const action : fixture.toolBar()->actions())
+            QVERIFY(action->isSeparator() || !action->text().isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_ImageManager)
+#include "tst_ImageManager.moc"

@@ -1,0 +1,407 @@
+#include "ImageItem.h"
+#include "NextBox.h"
+#include "NextDialog.h"
+#include "Q3Canvas.h"
+#include "WindowFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Presses OK in the dialog of a command and looks at its title.
+std::function<void(QDialog &)> accepted(const QString &title)
+{
+    return [title](QDialog &dialog) {
+        QCOMPARE(dialog.windowTitle(), title);
+        auto *const ok = dialog.findChild<QPushButton *>(u"my_ok_btn"_s);
+        QVERIFY(ok);
+        ok->click();
+    };
+}
+
+void edit(const WindowFixture &fixture, const QString &action, const QString &title)
+{
+    const NextDialog dialog(accepted(title));
+    fixture.action(action)->trigger();
+}
+
+QImage page_of(const WindowFixture &fixture)
+{
+    return std::as_const(*fixture.currentView()->document()).page(1);
+}
+
+QStringList snapshots(const WindowFixture &fixture)
+{
+    return fixture.home.filesIn(u"tmp"_s);
+}
+
+/// Number of the snapshot in its file name, hexadecimal.
+QString number_of(const QString &fileName)
+{
+    return fileName.chopped(4).right(8);
+}
+
+} // namespace
+
+class tst_ImageManager_edit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyPreviewCommandChangesPageCanvasAndTitle_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QImage>("expected");
+
+        const QImage page = patternedPage(QSize(64, 48));
+        QImage inverted = page;
+        inverted.invertPixels();
+        const QTransform counterClockwise(0, -1, 1, 0, 0, 0);
+        const QTransform clockwise(0, 1, -1, 0, 0, 0);
+        QTest::newRow("image_invert") << u"Invert"_s << inverted;
+        QTest::newRow("flip_vertically") << u"Flip Vertically"_s << page.mirrored(false, true);
+        QTest::newRow("flip_horizontally") << u"Flip Horizontally"_s << page.mirrored(true, false);
+        QTest::newRow("rotate_cw") << u"Rotate 90 degrees CW"_s << page.transformed(clockwise);
+        QTest::newRow("rotate_180") << u"Rotate 180 degrees"_s << page.mirrored(true, true);
+        QTest::newRow("rotate_ccw") << u"Rotate 90 degrees CCW"_s << page.transformed(counterClockwise);
+        QTest::newRow("depth_32") << u"Image Depth 32 bit"_s << page;
+        QTest::newRow("depth_8") << u"Image Depth 8 bit"_s << page.convertToFormat(QImage::Format_Indexed8);
+        QTest::newRow("depth_1") << u"Image Depth 1 bit"_s << page.convertToFormat(QImage::Format_MonoLSB);
+    }
+
+    void everyPreviewCommandChangesPageCanvasAndTitle()
+    {
+        QFETCH(QString, title);
+        QFETCH(QImage, expected);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        edit(fixture, QString::fromLatin1(QTest::currentDataTag()), title);
+
+        QVERIFY(comparePictures(page_of(fixture), expected));
+        QVERIFY(comparePictures(fixture.currentView()->imageItem()->pageImage(), expected));
+        QCOMPARE(fixture.currentView()->canvas()->size(), expected.size());
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+        QVERIFY(fixture.enabled(u"edit_undo"_s));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+        QCOMPARE(snapshots(fixture).size(), 1);
+        QVERIFY(fixture.window.isEnabled());
+        QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void aRejectedPreviewChangesNothingAndCostsNoSnapshot()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+        const NextDialog dialog(
+            [](QDialog &preview) { preview.findChild<QPushButton *>(u"my_cancel_btn"_s)->click(); });
+
+        fixture.action(u"image_invert"_s)->trigger();
+
+        QCOMPARE(page_of(fixture), page);
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+        QVERIFY(snapshots(fixture).isEmpty());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+    }
+
+    void theSliderOfTheDialogIsThePercentage_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<QRgb>("expected");
+
+        // The page is (10, 20, 0) and then (200, 200, 0).
+        // Brightness 100: the value 200 * 257 doubles to 102800, 37265 too much; that much saturation goes, so blue
+        // rises to 37265 / 257 = 145.
+        // Contrast 100: red 200 over 10 to 200 is 190 * 51200 / 19100 = 509, cut to 255, green 200 over 20 to
+        // 200 is 180 * 51200 / 18100 = 509; blue is 0 everywhere.
+        QTest::newRow("image_brightness") << u"Brightness"_s << 100 << qRgb(255, 255, 145);
+        QTest::newRow("image_contrast") << u"Contrast"_s << 100 << qRgb(255, 255, 0);
+    }
+
+    void theSliderOfTheDialogIsThePercentage()
+    {
+        QFETCH(QString, title);
+        QFETCH(int, percent);
+        QFETCH(QRgb, expected);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QImage page(4, 1, QImage::Format_RGB32);
+        page.fill(qRgb(200, 200, 0));
+        page.setPixel(0, 0, qRgb(10, 20, 0));
+        QVERIFY(fixture.currentView()->document()->setPage(1, page));
+        const NextDialog dialog([percent, &title](QDialog &preview) {
+            auto *const slider = preview.findChild<QSlider *>();
+            QCOMPARE(slider->value(), 0);
+            QCOMPARE(slider->minimum(), -100);
+            QCOMPARE(slider->maximum(), 100);
+            slider->setValue(percent);
+            accepted(title)(preview);
+        });
+
+        fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
+
+        QCOMPARE(page_of(fixture).pixel(1, 0), expected);
+    }
+
+    void anAcceptedZeroStillCostsASnapshotButLeavesThePage()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+
+        edit(fixture, u"image_brightness"_s, u"Brightness"_s);
+
+        QCOMPARE(snapshots(fixture).size(), 1);
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+    }
+
+    void undoSavesThePresentPageFirstAndRedoComesBackToIt()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage first = page_of(fixture);
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        const QImage second = page_of(fixture);
+        edit(fixture, u"rotate_cw"_s, u"Rotate 90 degrees CW"_s);
+        const QImage third = page_of(fixture);
+
+        fixture.action(u"edit_undo"_s)->trigger();
+        QCOMPARE(snapshots(fixture).size(), 3);
+        QVERIFY(comparePictures(page_of(fixture), second));
+        QCOMPARE(fixture.currentView()->canvas()->size(), second.size());
+        QVERIFY(fixture.enabled(u"edit_redo"_s));
+
+        fixture.action(u"edit_redo"_s)->trigger();
+        QVERIFY(comparePictures(page_of(fixture), third));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+
+        fixture.action(u"edit_undo"_s)->trigger();
+        fixture.action(u"edit_undo"_s)->trigger();
+        QVERIFY(comparePictures(page_of(fixture), first));
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s}); // an undone document counts as changed
+    }
+
+    void anEditAfterUndoCutsTheNewerItemsAndWritesNoFile()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.action(u"edit_undo"_s)->trigger(); // a chain of three, standing at the second
+
+        edit(fixture, u"rotate_180"_s, u"Rotate 180 degrees"_s);
+
+        QStringList numbers;
+        for (const QString &name : snapshots(fixture))
+            numbers.append(number_of(name));
+        QCOMPARE(numbers, (QStringList{u"00000001"_s, u"00000002"_s}));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+    }
+
+    void undoInAnotherTabBringsTheFirstTabsPageThere()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s, QSize(64, 48)));
+        const QImage page = page_of(fixture);
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        QVERIFY(fixture.open(u"b.png"_s, QSize(30, 20)));
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QVERIFY(comparePictures(page_of(fixture), page));
+        QCOMPARE(fixture.currentView()->canvas()->size(), QSize(64, 48));
+        QCOMPARE(fixture.titles().at(1), u"b.png*"_s);
+    }
+
+    void undoKeepsTheZoom()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.action(u"view_zoom_in"_s)->trigger();
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QCOMPARE(fixture.currentView()->zoomIndex(), 2);
+    }
+
+    void aSnapshotThatIsGoneLeavesThePage()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        const QImage page = page_of(fixture);
+        QVERIFY(QFile::remove(fixture.home.filePath(u"tmp/"_s + snapshots(fixture).constFirst())));
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(fixture.window.isEnabled());
+    }
+
+    void croppingKeepsTheSelectionAloneAndEndsIt()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+        fixture.select(QPoint(10, 12), QPoint(29, 31));
+
+        fixture.action(u"image_crop"_s)->trigger();
+
+        QVERIFY(comparePictures(page_of(fixture), page.copy(10, 12, 20, 20)));
+        QCOMPARE(fixture.currentView()->canvas()->size(), QSize(20, 20));
+        QVERIFY(!fixture.enabled(u"image_crop"_s));
+        fixture.action(u"edit_undo"_s)->trigger();
+        QVERIFY(comparePictures(page_of(fixture), page));
+    }
+
+    void aFailedCropRollsBackAndCostsTheHistory()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        const QImage page = page_of(fixture);
+        fixture.select(QPoint(5, 5), QPoint(10, 10));
+        fixture.select(QPoint(40, 40), QPoint(20, 20)); // the second backwards one keeps its negative size
+
+        fixture.action(u"image_crop"_s)->trigger();
+
+        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(snapshots(fixture).isEmpty());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+
+        edit(fixture, u"image_invert"_s, u"Invert"_s); // after a rollback the next edit writes no snapshot
+        QVERIFY(snapshots(fixture).isEmpty());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+    }
+
+    void resizingAsksForTheSize()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog([](QDialog &resize) {
+            QCOMPARE(resize.objectName(), u"image_resize_p_dialog"_s);
+            const QList<QLineEdit *> edits = resize.findChildren<QLineEdit *>();
+            QCOMPARE(edits.size(), 2);
+            QCOMPARE(edits.at(0)->text(), u"64"_s);
+            edits.at(0)->setText(u"32"_s);
+            edits.at(1)->setText(u"40"_s);
+            accepted(u"Resize"_s)(resize);
+        });
+
+        fixture.action(u"image_resize"_s)->trigger();
+
+        QCOMPARE(page_of(fixture).size(), QSize(32, 40));
+        QCOMPARE(fixture.currentView()->canvas()->size(), QSize(32, 40));
+    }
+
+    void scalingAppliesTheFactorToItsSides_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QSize>("expected");
+
+        // Half of 64 by 48: (63 * 0.5) + 1 = 32, (47 * 0.5) + 1 = 24.
+        QTest::newRow("scale_proportionally")
+            << u"Scale Proportionally"_s << u"image_scale_p_dialog"_s << QSize(32, 24);
+        QTest::newRow("scale_vertically") << u"Scale Vertically"_s << u"image_scale_v_dialog"_s << QSize(64, 24);
+        QTest::newRow("scale_horizontally") << u"Scale Horizontally"_s << u"image_scale_h_dialog"_s << QSize(32, 48);
+    }
+
+    void scalingAppliesTheFactorToItsSides()
+    {
+        QFETCH(QString, title);
+        QFETCH(QString, name);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog([&](QDialog &scale) {
+            QCOMPARE(scale.objectName(), name);
+            auto *const slider = scale.findChild<QSlider *>();
+            QCOMPARE(slider->value(), 10);
+            slider->setValue(5);
+            accepted(title)(scale);
+        });
+
+        fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
+
+        QTEST(page_of(fixture).size(), "expected");
+        QTEST(fixture.currentView()->canvas()->size(), "expected");
+    }
+
+    void aScaleOfOneStillWritesASnapshot()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+
+        edit(fixture, u"scale_proportionally"_s, u"Scale Proportionally"_s);
+
+        QCOMPARE(snapshots(fixture).size(), 1);
+        QVERIFY(comparePictures(page_of(fixture), page));
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+    }
+
+    void theSmallestScaleIsATenthAndTheLargestThree()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog([](QDialog &scale) {
+            auto *const slider = scale.findChild<QSlider *>();
+            QCOMPARE(slider->minimum(), 1);
+            QCOMPARE(slider->maximum(), 30); // a small page on any machine that runs tests
+            scale.reject();
+        });
+
+        fixture.action(u"scale_proportionally"_s)->trigger();
+    }
+
+    void anEditTellsItsStepsInTheStatusBar()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QStringList texts;
+        connect(fixture.window.statusBar(), &QStatusBar::messageChanged, &fixture.window,
+                [&texts](const QString &text) { texts.append(text); });
+
+        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.action(u"edit_undo"_s)->trigger();
+        fixture.action(u"edit_redo"_s)->trigger();
+
+        QCOMPARE(
+            texts,
+            (QStringList{u"Saving Undo/Redo information..."_s, u"Changing the image..."_s,
+                         u"Saving Undo/Redo information..."_s, u"Undoing operation..."_s, u"Redoing operation..."_s}));
+    }
+
+    void theHistoryIsGoneWithTheWindow()
+    {
+        const TemporaryHome home;
+        auto window = std::make_unique<ImageManager>();
+        const QString path = home.filePath(u"a.png"_s);
+        QVERIFY(patternedPage(QSize(8, 8)).save(path));
+        QVERIFY(window->load_file(path, {}, false));
+        {
+            const NextDialog dialog(accepted(u"Invert"_s));
+            window->image_invert();
+        }
+        QCOMPARE(home.filesIn(u"tmp"_s).size(), 1);
+
+        window.reset();
+
+        QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    }
+};
+
+QTEST_MAIN(tst_ImageManager_edit)
+#include "tst_ImageManager_edit.moc"

@@ -1,0 +1,190 @@
+#include "NextBox.h"
+#include "NextFileDialog.h"
+#include "WindowFixture.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 LoadLimit = 536870912; // bytes
+
+/// A file of zeros that takes no room on disk.
+QString sparse_file(const WindowFixture &fixture, const QString &name, qint64 size)
+{
+    QFile file(fixture.home.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
+        qFatal("cannot make %s", qPrintable(name));
+    return file.fileName();
+}
+
+} // namespace
+
+class tst_ImageManager_load : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void eachFileGetsATabAndTheLastOneIsCurrent()
+    {
+        WindowFixture fixture;
+
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.open(u"b.bmp"_s));
+        QVERIFY(fixture.open(u"c.jpg"_s));
+
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png"_s, u"b.bmp"_s, u"c.jpg"_s}));
+        QCOMPARE(fixture.tabs()->currentIndex(), 2);
+        QCOMPARE(fixture.currentView()->currentPage(), 1U);
+        QVERIFY(fixture.currentView()->isVisible());
+    }
+
+    void theSameFileTwiceIsTwoTabsWithEqualTitles()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"a.png"_s);
+
+        QVERIFY(fixture.window.load_file(path, {}, false));
+        QVERIFY(fixture.window.load_file(path, {}, false));
+
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png"_s, u"a.png"_s}));
+    }
+
+    void aTemporaryFileBecomesAnUnnamedDocumentThatCountsEveryLoad()
+    {
+        // The counter is one for the process: what earlier tests loaded is in it.
+        WindowFixture fixture;
+        const QString path = fixture.file(u"scan.png"_s);
+        QVERIFY(fixture.window.load_file(path, {}, true));
+        const QString first = fixture.titles().at(0);
+        const int number = first.mid(8).chopped(1).toInt();
+        QCOMPARE(first, u"Untitled%1*"_s.arg(number));
+        {
+            const NextBox box = answerNextBox(QMessageBox::Ok);
+            QVERIFY(!fixture.window.load_file(u"/nowhere/at.all"_s, {}, false)); // uses a number up
+        }
+
+        QVERIFY(fixture.window.load_file(path, {}, true));
+
+        QCOMPARE(fixture.titles().at(1), u"Untitled%1*"_s.arg(number + 2));
+        const ImageDocument *const document = fixture.currentView()->document();
+        QVERIFY(!document->hasFile());
+        QCOMPARE(document->imgFormat(), u"BMP"_s);
+        QVERIFY(!document->isModified());
+    }
+
+    void aFileWithARelativePathStartsWithTheMark()
+    {
+        WindowFixture fixture;
+        (void)fixture.file(u"a.png"_s);
+        const QString former = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(fixture.home.path()));
+
+        QVERIFY(fixture.window.load_file(u"a.png"_s, {}, false));
+        QVERIFY(QDir::setCurrent(former));
+
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+    }
+
+    void theMarkFollowsTheModifiedState()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.open(u"b.png"_s));
+
+        fixture.view(0)->document()->setModified(true);
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
+        fixture.view(0)->document()->setModified(false);
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png"_s, u"b.png"_s}));
+    }
+
+    void aFileThatCannotBeReadGetsABoxAndNoTab()
+    {
+        WindowFixture fixture;
+        QFile garbage(fixture.home.filePath(u"garbage.png"_s));
+        QVERIFY(garbage.open(QIODevice::WriteOnly));
+        garbage.write("no picture at all");
+        garbage.close();
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        QVERIFY(!fixture.window.load_file(garbage.fileName(), {}, false));
+
+        QCOMPARE(box.title(), u"Load failed"_s);
+        QCOMPARE(box.text(), u"Error loading file"_s);
+        QCOMPARE(box.buttons(), QMessageBox::Ok);
+        QCOMPARE(fixture.tabs()->count(), 0);
+    }
+
+    void aFileTooLargeIsOfferedAsACopyAndNoLeavesIt()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
+        const NextBox box = answerNextBox(QMessageBox::No);
+
+        QVERIFY(!fixture.window.load_file(path, {}, false));
+
+        QCOMPARE(box.title(), u"Image Manager"_s);
+        QCOMPARE(box.text(),
+                 u"Could not load image\nNot enough memory to load bitmap image\nDo you want to save it?"_s);
+        QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        QCOMPARE(box.defaultButton(), QMessageBox::No);
+        QCOMPARE(fixture.tabs()->count(), 0);
+    }
+
+    void aFileTooLargeCanBeSavedByteForByte()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
+        {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            file.write("head");
+            file.seek(LoadLimit - 3);
+            file.write("tail");
+        }
+        const QString copy = fixture.home.filePath(u"copy.ppm"_s);
+        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextFileDialog dialog([&copy](QFileDialog &chooser) {
+            QCOMPARE(chooser.nameFilters().size(), 1);
+            NextFileDialog::accept(chooser, copy);
+        });
+
+        QVERIFY(fixture.window.load_file(path, {}, false));
+
+        QCOMPARE(QFileInfo(copy).size(), LoadLimit + 1);
+        QFile file(copy);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.read(4), "head");
+        QVERIFY(file.seek(LoadLimit - 3));
+        QCOMPARE(file.readAll(), "tail");
+        QCOMPARE(fixture.tabs()->count(), 0);
+    }
+
+    void cancellingTheDialogOfTheCopyGivesFalse()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
+        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextFileDialog dialog([](QFileDialog &chooser) { chooser.reject(); });
+
+        QVERIFY(!fixture.window.load_file(path, {}, false));
+    }
+
+    void theFormatWordDecidesHowAFileIsRead()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"a.png"_s);
+        {
+            const NextBox box = answerNextBox(QMessageBox::Ok);
+            QVERIFY(!fixture.window.load_file(path, u"bmp"_s, false));
+        }
+
+        QVERIFY(fixture.window.load_file(path, u"png"_s, false));
+    }
+};
+
+QTEST_MAIN(tst_ImageManager_load)
+#include "tst_ImageManager_load.moc"
