@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <array>
 
@@ -226,6 +227,9 @@ void ImageManager::makeToolBar()
     toolBar->setWindowTitle(tr("Image Manager Toolbar"));
     toolBar->setObjectName(tr("Image Manager Toolbar"));
     toolBar->setAccessibleName(toolBar->windowTitle());
+    // The button behind which the bar hides what a narrow window has no room for.
+    if (auto *const extension = toolBar->findChild<QToolButton *>(u"qt_toolbar_ext_button"_s))
+        extension->setAccessibleName(tr("More commands"));
     placeActions(toolBar,
                  {"file_save"_L1, Separator, "edit_undo"_L1, "edit_redo"_L1, Separator, "view_zoom_out"_L1,
                   "view_zoom_in"_L1, Separator, "view_scroll"_L1, "image_crop"_L1, Separator, "scale_menu"_L1,
