@@ -1,0 +1,138 @@
+#include "ImageManagerProgram.h"
+
+#include "pictures.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Role = Accessible::Role;
+using State = Accessible::State;
+
+Place::Place()
+{
+    if (!m_home.isValid() || !m_pictures.isValid())
+        qFatal("Place - no temporary directory");
+}
+
+QString Place::page(const QString &name, QSize size) const
+{
+    const QString path = m_pictures.filePath(name);
+    if (!patternedPage(size).save(path))
+        qFatal("Place - cannot write %s", qPrintable(path));
+    return path;
+}
+
+ImageManagerProgram::ImageManagerProgram(const Place &place) : m_program(QStringLiteral(IM_PROGRAM))
+{
+    m_program.setHome(place.home());
+}
+
+bool ImageManagerProgram::open(const QStringList &paths)
+{
+    return start(paths) && window() != 0
+        && QTest::qWaitFor([&] { return tabTitles().size() == paths.size(); }, Program::patienceMs);
+}
+
+bool ImageManagerProgram::open(const QStringList &paths, QSize windowSize)
+{
+    if (!open(paths))
+        return false;
+    const WindowId id = window();
+    m_desktop.resize(id, windowSize);
+    m_desktop.move(id, {100, 100});
+    return QTest::qWaitFor(
+        [&] {
+            const QRect frame = application().find(Role::Frame).extents();
+            return frame == m_desktop.geometry(id) && frame.size() == windowSize && m_desktop.activeWindow() == id;
+        },
+        Program::patienceMs);
+}
+
+std::optional<int> ImageManagerProgram::close()
+{
+    m_desktop.close(window());
+    return m_program.waitForExit();
+}
+
+MessageBox ImageManagerProgram::answer(const QString &button)
+{
+    MessageBox box = m_program.waitForMessageBox();
+    if (!box.press(button))
+        return {};
+    const bool hasGone =
+        QTest::qWaitFor([&] { return !m_program.isRunning() || !box.dialog.has(State::Showing); }, Program::patienceMs);
+    return hasGone ? box : MessageBox();
+}
+
+Accessible ImageManagerProgram::application()
+{
+    return m_program.accessible();
+}
+
+QStringList ImageManagerProgram::tabTitles()
+{
+    QStringList titles;
+    const QList<Accessible> tabs = application().findAll(Role::Tab);
+    for (const Accessible &tab : tabs)
+        titles.append(tab.name());
+    return titles;
+}
+
+QString ImageManagerProgram::currentTab()
+{
+    return application().find(Role::TabList).name();
+}
+
+QString ImageManagerProgram::statusText()
+{
+    return application().find(Role::StatusBar).name();
+}
+
+QStringList ImageManagerProgram::menuEntries(const QString &menu)
+{
+    QStringList entries;
+    const QList<Accessible> children =
+        application().find(Role::MenuBar).find(Role::MenuItem, menu).find(Role::Menu).children();
+    for (const Accessible &entry : children)
+        entries.append(entry.role() == Role::Separator ? u"-"_s : entry.name());
+    return entries;
+}
+
+Accessible ImageManagerProgram::menuEntry(const QString &menu, const QString &entry)
+{
+    return application().find(Role::MenuBar).find(Role::MenuItem, menu).find(Role::MenuItem, entry);
+}
+
+QList<Accessible> ImageManagerProgram::tools()
+{
+    QList<Accessible> buttons;
+    const QList<Accessible> children = application().find(Role::ToolBar).children();
+    for (const Accessible &child : children) {
+        const Role role = child.role();
+        if (role == Role::Button || role == Role::CheckBox || role == Role::ToggleButton || role == Role::MenuButton)
+            buttons.append(child);
+    }
+    return buttons;
+}
+
+Accessible ImageManagerProgram::tool(const QString &name)
+{
+    const QList<Accessible> buttons = tools();
+    for (const Accessible &button : buttons) {
+        if (button.name() == name)
+            return button;
+    }
+    return {};
+}
+
+QRect ImageManagerProgram::canvas()
+{
+    const QList<Accessible> shown = application().findAll(
+        [](const Accessible &control) { return control.name() == "Page picture"_L1 && control.has(State::Showing); });
+    return shown.value(0).extents();
+}
+
+QPoint ImageManagerProgram::origin()
+{
+    return positionOf(m_desktop.pixel(canvas().topLeft()));
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Accessible.h"
+#include "Desktop.h"
+#include "Program.h"
+
+#include <QRect>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <optional>
+
+/// A home directory for the program and a directory for its pictures, apart from each other, so that one
+/// survives several starts.
+class Place
+{
+public:
+    Place();
+    Q_DISABLE_COPY_MOVE(Place)
+
+    [[nodiscard]] QString home() const { return m_home.path(); }
+    /// Absolute path of a name in the pictures' directory; nothing is made.
+    [[nodiscard]] QString path(const QString &name) const { return m_pictures.filePath(name); }
+    /// Writes patternedPage() under the name, in the format of its suffix, and answers its path.
+    [[nodiscard]] QString page(const QString &name, QSize size = {100, 80}) const;
+
+private:
+    QTemporaryDir m_home;
+    QTemporaryDir m_pictures;
+};
+
+/// Image Manager in a process of its own, and what a user sees of its window.
+///
+/// Every lookup asks the program anew; a control that is not there is null.
+class ImageManagerProgram
+{
+public:
+    explicit ImageManagerProgram(const Place &place);
+
+    [[nodiscard]] Program &process() { return m_program; }
+    [[nodiscard]] Desktop &desktop() { return m_desktop; }
+
+    [[nodiscard]] bool start(const QStringList &arguments) { return m_program.start(arguments); }
+    /// Starts and waits until the window is up and holds as many tabs as there are arguments.
+    [[nodiscard]] bool open(const QStringList &paths);
+    /// Starts, gives the window this size as a user's hand would, and waits until it shows.
+    [[nodiscard]] bool open(const QStringList &paths, QSize windowSize);
+    /// Closes the window by the window manager and answers the exit status.
+    [[nodiscard]] std::optional<int> close();
+    /// Waits for a message box, presses a button and answers what the box said once it has gone.
+    [[nodiscard]] MessageBox answer(const QString &button);
+
+    [[nodiscard]] WindowId window() { return m_program.waitForWindow(QStringLiteral("Image Manager")); }
+    [[nodiscard]] Accessible application();
+    [[nodiscard]] QStringList tabTitles();
+    [[nodiscard]] QString currentTab();
+    [[nodiscard]] QString statusText();
+
+    /// The pop-up's entries in order; "-" for a separator. @p menu is a name on the bar or below it.
+    [[nodiscard]] QStringList menuEntries(const QString &menu);
+    [[nodiscard]] Accessible menuEntry(const QString &menu, const QString &entry);
+    /// A tool button, whatever its kind.
+    [[nodiscard]] Accessible tool(const QString &name);
+    [[nodiscard]] QList<Accessible> tools();
+
+    /// Where the picture is shown, on the screen.
+    [[nodiscard]] QRect canvas();
+    /// The page's point at the canvas's top left corner at 1:1, read from a page of patternedPage().
+    [[nodiscard]] QPoint origin();
+
+private:
+    Program m_program;
+    Desktop m_desktop;
+};
