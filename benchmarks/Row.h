@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+/// Where the rows find what they measure.
+struct Surroundings
+{
+    QString programs; ///< directory of our own programs
+    QString inputs; ///< directory of make_inputs
+    QString frameBuffer; ///< file in which the X server keeps its screen
+};
+
+/// One round of a side: seconds, bytes or a count, as its bar says. Nothing if it did not work.
+using Round = std::function<std::optional<double>()>;
+
+/// One of the two things that a bar compares.
+struct Side
+{
+    enum Place {
+        Here, ///< it starts programs of its own and only waits for them
+        OwnProcess, ///< it works, in a process (with a QApplication) in which the other side never was
+    };
+
+    QString name;
+    Place place;
+    std::function<Round(const Surroundings &)> prepare; ///< run once; what it returns runs every round
+};
+
+/// What must hold.
+struct Bar
+{
+    enum Kind {
+        SecondsRatio, ///< job by yardstick, both in seconds
+        BytesRatio, ///< job by yardstick, both in bytes
+        BytesExcess, ///< job less yardstick in bytes; the goal is in MB of 10^6 bytes
+        Count, ///< the job's count; there is no yardstick
+    };
+
+    QString name;
+    Kind kind;
+    double goal; ///< met by values up to this one
+    Side job;
+    std::optional<Side> yardstick;
+};
+
+/// A row of the table of goals.
+struct Row
+{
+    int number;
+    QString job;
+    QList<Bar> bars;
+};
+
+/// Start to picture, and peak memory with the picture shown, against other viewers.
+[[nodiscard]] QList<Row> program_rows();
+
+/// Repainting, scrolling and selecting in the view, against bare widgets.
+[[nodiscard]] QList<Row> view_rows();
+
+/// The rows of all groups, by number. A new group is declared above and added to its list.
+[[nodiscard]] QList<Row> all_rows();

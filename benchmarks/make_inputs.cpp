@@ -1,0 +1,267 @@
+// Makes the pages that the rows open, the same bytes every time:
+//
+//   make_inputs DIRECTORY
+//
+// Each has paper tint, text, a continuous-tone picture and noise on every pixel, as a scanner delivers them, and
+// the mark. Each lies in a directory of its own, since some viewers look at the neighbours too. A file that is there
+// already stays.
+
+#include "mark.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFont>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+#include <QPoint>
+
+#include <tiffio.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <numbers>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize A4(4960, 7016);
+constexpr QSize A3(7016, 9921);
+
+struct TiffCloser
+{
+    void operator()(TIFF *tiff) const { TIFFClose(tiff); }
+};
+using TiffFile = std::unique_ptr<TIFF, TiffCloser>;
+
+/// Small generator of our own: the standard library's distributions differ between its makers.
+class Noise
+{
+public:
+    /// The next number from -amplitude to amplitude.
+    int next(int amplitude)
+    {
+        state ^= state << 13U;
+        state ^= state >> 7U;
+        state ^= state << 17U;
+        const auto range = 2 * static_cast<std::uint64_t>(amplitude) + 1;
+        return static_cast<int>((state >> 32U) * range >> 32U) - amplitude;
+    }
+
+private:
+    std::uint64_t state = 0x9e3779b97f4a7c15;
+};
+
+void drawMark(QPainter &painter, QPoint corner, int stripeWidth, Mark mark)
+{
+    for (int i = 0; i < MarkStripes; ++i) {
+        const QRect stripe(corner.x() + i * stripeWidth, corner.y(), stripeWidth, StripeHeight);
+        painter.fillRect(stripe, QColor(i % 2 == 0 ? mark.first : mark.second));
+    }
+}
+
+void drawMarks(QPainter &painter, QSize size, Mark mark)
+{
+    drawMark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, mark);
+    drawMark(painter, QPoint(size.width() / 2 - 2 * StripeWidth, (size.height() - StripeHeight) / 2), StripeWidth,
+             mark);
+    drawMark(painter, QPoint(StripeWidth, size.height() - StripeHeight - StripeWidth), LargeStripeWidth, mark);
+}
+
+void drawText(QPainter &painter, QSize size)
+{
+    QFont font(u"DejaVu Serif"_s);
+    font.setPixelSize(size.height() / 84);
+    painter.setFont(font);
+    painter.setPen(QColor(35, 32, 40));
+    const int lineHeight = size.height() / 60;
+    for (int line = 1; line < 54; ++line) {
+        const QString text = u"%1  The quick brown fox jumps over the lazy dog, and the page goes on, line by line."_s;
+        painter.drawText(QPoint(size.width() / 12, 500 + line * lineHeight), text.arg(line));
+    }
+}
+
+/// A picture without edges in the lower half of the page: three waves, one for each channel.
+QImage tonePicture(QSize size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    const auto wave = [](double turns) {
+        return static_cast<int>(127.5 + 110 * std::sin(2 * std::numbers::pi * turns));
+    };
+    for (int y = 0; y < size.height(); ++y) {
+        const double v = static_cast<double>(y) / size.height();
+        auto *const line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const double u = static_cast<double>(x) / size.width();
+            line[x] = qRgb(wave(u + v * v), wave(1.3 * v - u * u), wave(u * v + 0.3));
+        }
+    }
+    return picture;
+}
+
+/// The page before the scanner saw it.
+QImage cleanPage(QSize size, QColor paper, Mark mark)
+{
+    QImage page(size, QImage::Format_RGB32);
+    page.fill(paper);
+    QPainter painter(&page);
+    drawText(painter, size);
+    painter.drawImage(QPoint(size.width() / 4, size.height() * 3 / 5),
+                      tonePicture({size.width() / 2, size.height() / 4}));
+    drawMarks(painter, size, mark);
+    return page;
+}
+
+/// A colour scan; @p dpi decides the size that the program reports, not the pixels.
+QImage colourPage(QSize size, int dpi)
+{
+    QImage page = cleanPage(size, QColor(244, 239, 226), ColourMark);
+    Noise noise;
+    constexpr int amplitude = 3; // brings the PNG of a page at 600 dpi to about 48 MB
+    const auto noisy = [&noise](int value) { return std::clamp(value + noise.next(amplitude), 0, 255); };
+    for (int y = 0; y < size.height(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(page.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] = qRgb(noisy(qRed(line[x])), noisy(qGreen(line[x])), noisy(qBlue(line[x])));
+    }
+    page.setDotsPerMeterX(qRound(dpi / 0.0254));
+    page.setDotsPerMeterY(page.dotsPerMeterX());
+    return page;
+}
+
+/// A line of bits, 1 being black. The tones become the dots of a screen, as in print.
+std::vector<uchar> thresholdedLine(const QImage &page, int y, Noise &noise)
+{
+    constexpr double cell = 12;
+    const auto swing = [](int at) { return std::cos(2 * std::numbers::pi * at / cell); };
+    std::vector<uchar> bits(static_cast<std::size_t>((page.width() + 7) / 8));
+    const auto *const line = reinterpret_cast<const QRgb *>(page.constScanLine(y));
+    for (int x = 0; x < page.width(); ++x) {
+        const int limit = 128 + static_cast<int>(50 * (swing(x) + swing(y))) + noise.next(8);
+        if (qGray(line[x]) < std::clamp(limit, 20, 235))
+            bits[static_cast<std::size_t>(x / 8)] |= static_cast<uchar>(0x80 >> x % 8);
+    }
+    return bits;
+}
+
+TiffFile openTiff(const QString &path, QSize size, int bits, int samples)
+{
+    TiffFile file(TIFFOpen(QFile::encodeName(path).constData(), "w"));
+    if (!file)
+        return nullptr;
+    TIFFSetField(file.get(), TIFFTAG_IMAGEWIDTH, size.width());
+    TIFFSetField(file.get(), TIFFTAG_IMAGELENGTH, size.height());
+    TIFFSetField(file.get(), TIFFTAG_BITSPERSAMPLE, bits);
+    TIFFSetField(file.get(), TIFFTAG_SAMPLESPERPIXEL, samples);
+    TIFFSetField(file.get(), TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    TIFFSetField(file.get(), TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    TIFFSetField(file.get(), TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
+    TIFFSetField(file.get(), TIFFTAG_XRESOLUTION, 600.0);
+    TIFFSetField(file.get(), TIFFTAG_YRESOLUTION, 600.0);
+    return file;
+}
+
+bool writeColourTiff(const QString &path)
+{
+    const QImage page = colourPage(A4, 600).convertToFormat(QImage::Format_RGB888);
+    const TiffFile file = openTiff(path, A4, 8, 3);
+    if (!file)
+        return false;
+    TIFFSetField(file.get(), TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
+    TIFFSetField(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_NONE);
+    TIFFSetField(file.get(), TIFFTAG_ROWSPERSTRIP, 64);
+    std::vector<uchar> line(static_cast<std::size_t>(3 * A4.width()));
+    for (int y = 0; y < A4.height(); ++y) {
+        std::copy_n(page.constScanLine(y), line.size(), line.begin());
+        if (TIFFWriteScanline(file.get(), line.data(), static_cast<uint32_t>(y), 0) < 0)
+            return false;
+    }
+    return true;
+}
+
+bool writeBlackTiff(const QString &path)
+{
+    const QImage page = cleanPage(A4, Qt::white, BlackMark);
+    const TiffFile file = openTiff(path, A4, 1, 1);
+    if (!file)
+        return false;
+    TIFFSetField(file.get(), TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
+    TIFFSetField(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
+    TIFFSetField(file.get(), TIFFTAG_ROWSPERSTRIP, A4.height());
+    Noise noise;
+    for (int y = 0; y < A4.height(); ++y) {
+        std::vector<uchar> line = thresholdedLine(page, y, noise);
+        if (TIFFWriteScanline(file.get(), line.data(), static_cast<uint32_t>(y), 0) < 0)
+            return false;
+    }
+    return true;
+}
+
+bool writeByToolkit(const QString &path, const char *format, const QImage &page)
+{
+    QImageWriter writer(path, format);
+    if (qstrcmp(format, "jpeg") == 0)
+        writer.setQuality(88);
+    return writer.write(page);
+}
+
+struct Input
+{
+    const char *name;
+    std::function<bool(const QString &)> write;
+};
+
+const std::array inputs{
+    Input{"a4_300_jpeg/page.jpg",
+          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A4 / 2, 300)); }},
+    Input{"a4_600_jpeg/page.jpg",
+          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A4, 600)); }},
+    Input{"a4_600_png/page.png", [](const QString &path) { return writeByToolkit(path, "png", colourPage(A4, 600)); }},
+    Input{"a4_600_tiff/page.tif", writeColourTiff},
+    Input{"a4_600_1bit_tiff/page.tif", writeBlackTiff},
+    Input{"a3_600_jpeg/page.jpg",
+          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A3, 600)); }},
+};
+
+/// Written under another name first, so that an interrupted run leaves no half of a page behind.
+bool make(const Input &input, const QDir &directory)
+{
+    const QString name = QString::fromLatin1(input.name);
+    if (directory.exists(name))
+        return true;
+    const QString unfinished = directory.filePath(u"unfinished"_s);
+    QFile::remove(unfinished);
+    std::puts(input.name);
+    return directory.mkpath(QFileInfo(name).path()) && input.write(unfinished)
+        && QFile::rename(unfinished, directory.filePath(name));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    if (argc != 2) {
+        std::fputs("usage: make_inputs DIRECTORY\n", stderr);
+        return 2;
+    }
+    const QDir directory(QFile::decodeName(argv[1]));
+    if (!directory.mkpath(u"."_s))
+        return 1;
+    for (const Input &input : inputs) {
+        if (!make(input, directory)) {
+            std::fprintf(stderr, "make_inputs: cannot write %s\n", input.name);
+            return 1;
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QEvent>
+#include <QObject>
+#include <QPoint>
+#include <QSize>
+#include <QWidget>
+
+#include <functional>
+
+class ImageView;
+class QImage;
+class QPainter;
+
+/// A widget that paints itself by one function and by nothing else.
+class BareWidget : public QWidget
+{
+public:
+    explicit BareWidget(std::function<void(QPainter &)> paintAll);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    std::function<void(QPainter &)> paint;
+};
+
+/// A widget on the screen, and how often it was painted.
+///
+/// Ownership: borrows the widget.
+class Stage : public QObject
+{
+public:
+    /// @param painted  the widget itself or the viewport of it
+    explicit Stage(QWidget *painted);
+
+    [[nodiscard]] int paintCount() const { return count; }
+
+    /// Brings the window to the front at the left top of the screen and lets all that follows settle.
+    void bringUp();
+
+    /// Seconds of @p step and of the painting that it asked for, which must come.
+    [[nodiscard]] double secondsUntilPainted(const std::function<void()> &step) const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *widget;
+    int count = 0;
+};
+
+/// Makes the part of the view that shows the picture @p size large.
+void fit_viewport(ImageView &view, QSize size);
+
+/// Gives the view a page as the main window does.
+void show_page(ImageView &view, const QImage &page);
+
+/// Sends a mouse event at a point of the widget, with the left button held or not.
+void send_mouse(QWidget *widget, QEvent::Type type, QPoint at, bool leftHeld);

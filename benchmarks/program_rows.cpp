@@ -1,0 +1,169 @@
+// Whole programs: started on a file, watched until the picture stands, killed.
+
+#include "Row.h"
+#include "Screen.h"
+#include "StartedProgram.h"
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr double MaximalSeconds = 60;
+
+struct Input
+{
+    const char *path;
+    Mark mark = ColourMark;
+    double decodedBytes = 0;
+};
+
+constexpr double A4Pixels = 4960.0 * 7016.0;
+constexpr Input SmallJpeg{.path = "a4_300_jpeg/page.jpg"};
+constexpr Input Jpeg{.path = "a4_600_jpeg/page.jpg", .decodedBytes = 4 * A4Pixels};
+constexpr Input Png{.path = "a4_600_png/page.png"};
+constexpr Input Tiff{.path = "a4_600_tiff/page.tif", .decodedBytes = 4 * A4Pixels};
+constexpr Input BlackTiff{.path = "a4_600_1bit_tiff/page.tif", .mark = BlackMark};
+constexpr Input LargeJpeg{.path = "a3_600_jpeg/page.jpg"};
+
+/// Polls until @p holds; the program under watch gets the processor.
+bool waitUntil(const StartedProgram &program, const std::function<bool()> &holds)
+{
+    while (!holds()) {
+        if (!program.isRunning() || program.age() > MaximalSeconds)
+            return false;
+        std::this_thread::sleep_for(1ms);
+    }
+    return true;
+}
+
+/// The window of the program before may still be there.
+bool waitUntilGone(const Screen &screen, Mark mark)
+{
+    const auto start = std::chrono::steady_clock::now();
+    while (screen.shows(mark)) {
+        if (std::chrono::steady_clock::now() - start > 5s)
+            return false;
+        std::this_thread::sleep_for(1ms);
+    }
+    return true;
+}
+
+std::optional<double> secondsToPicture(const QStringList &command, Mark mark, const Screen &screen)
+{
+    if (!waitUntilGone(screen, mark))
+        return {};
+    const StartedProgram program(command);
+    if (!waitUntil(program, [&] { return screen.shows(mark); }))
+        return {};
+    return program.age();
+}
+
+/// Waits until the peak stands still.
+std::optional<double> settledPeak(const StartedProgram &program)
+{
+    constexpr double quietSeconds = 0.5;
+    double peak = 0;
+    double since = program.age();
+    const bool settled = waitUntil(program, [&] {
+        if (const double now = program.peakMemory(); now > peak) {
+            peak = now;
+            since = program.age();
+        }
+        return program.age() - since > quietSeconds;
+    });
+    return settled ? std::optional(peak) : std::nullopt;
+}
+
+std::optional<double> bytesWithPicture(const QStringList &command, Mark mark, const Screen &screen)
+{
+    if (!waitUntilGone(screen, mark))
+        return {};
+    const StartedProgram program(command);
+    if (!waitUntil(program, [&] { return screen.shows(mark); }))
+        return {};
+    return settledPeak(program);
+}
+
+/// Our own programs lie beside this one, the others in PATH.
+QString programPath(const QString &name, const Surroundings &surroundings)
+{
+    const bool isOurs = name == "imagemanager"_L1 || name == "bare_window"_L1;
+    return isOurs ? surroundings.programs + u'/' + name : name;
+}
+
+using Measure = std::optional<double> (*)(const QStringList &command, Mark mark, const Screen &screen);
+
+Side openedBy(const QString &program, const Input &input, Measure measure)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto screen = std::make_shared<Screen>(surroundings.frameBuffer);
+        const QStringList command{programPath(program, surroundings),
+                                  surroundings.inputs + u'/' + QString::fromLatin1(input.path)};
+        return [=] { return screen->isValid() ? measure(command, input.mark, *screen) : std::nullopt; };
+    };
+    return {program, Side::Here, prepare};
+}
+
+Bar startBar(const Input &input, const QString &peer, double goal)
+{
+    return {peer, Bar::SecondsRatio, goal, openedBy(u"imagemanager"_s, input, secondsToPicture),
+            openedBy(peer, input, secondsToPicture)};
+}
+
+Bar memoryBar(const QString &name, const Input &input, const QString &peer, double goal)
+{
+    return {name, Bar::BytesRatio, goal, openedBy(u"imagemanager"_s, input, bytesWithPicture),
+            openedBy(peer, input, bytesWithPicture)};
+}
+
+/// What a viewer cannot do without: the decoded page and a window.
+Side pageAndBareWindow(const Input &input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const QStringList command{programPath(u"bare_window"_s, surroundings)};
+        return [=]() -> std::optional<double> {
+            const StartedProgram window(command);
+            const std::optional<double> peak = settledPeak(window);
+            return peak ? std::optional(*peak + input.decodedBytes) : std::nullopt;
+        };
+    };
+    return {u"decoded bytes + bare_window"_s, Side::Here, prepare};
+}
+
+Bar excessBar(const QString &name, const Input &input)
+{
+    return {name, Bar::BytesExcess, 10, openedBy(u"imagemanager"_s, input, bytesWithPicture), pageAndBareWindow(input)};
+}
+
+} // namespace
+
+QList<Row> program_rows()
+{
+    return {
+        {1, u"start to picture, A4/300 JPEG"_s, {startBar(SmallJpeg, u"feh"_s, 1.15)}},
+        {2, u"start to picture, A4/600 JPEG"_s, {startBar(Jpeg, u"feh"_s, 1.10)}},
+        {3, u"start to picture, A4/600 JPEG"_s, {startBar(Jpeg, u"eog"_s, 0.30), startBar(Jpeg, u"gthumb"_s, 0.33)}},
+        {4, u"start to picture, A4/600 PNG"_s, {startBar(Png, u"feh"_s, 1.05)}},
+        {5, u"start to picture, A4/600 TIFF"_s, {startBar(Tiff, u"feh"_s, 0.65), startBar(Tiff, u"mtpaint"_s, 0.72)}},
+        {6,
+         u"start to picture, A4/600 1-bit TIFF"_s,
+         {startBar(BlackTiff, u"feh"_s, 0.33), startBar(BlackTiff, u"mtpaint"_s, 0.60)}},
+        {9, u"start to picture, A3/600 JPEG"_s, {startBar(LargeJpeg, u"feh"_s, 1.05)}},
+        {10,
+         u"our window's cost, A4/300 and A4/600 JPEG"_s,
+         {startBar(SmallJpeg, u"bare_window"_s, 1.10), startBar(Jpeg, u"bare_window"_s, 1.10)}},
+        {44,
+         u"peak memory, view"_s,
+         {excessBar(u"decoded bytes + bare_window, JPEG"_s, Jpeg), excessBar(u"the same, TIFF"_s, Tiff),
+          memoryBar(u"feh, JPEG"_s, Jpeg, u"feh"_s, 1.20), memoryBar(u"feh, TIFF"_s, Tiff, u"feh"_s, 0.50)}},
+        {45,
+         u"peak memory, view A4/600 1 bit"_s,
+         {memoryBar(u"feh"_s, BlackTiff, u"feh"_s, 0.18), memoryBar(u"mtpaint"_s, BlackTiff, u"mtpaint"_s, 0.85)}},
+    };
+}

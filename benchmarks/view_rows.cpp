@@ -1,0 +1,227 @@
+// The view under the hand: repainting, scrolling and selecting, against bare widgets of the same size.
+
+#include "ImageView.h"
+#include "painted_widgets.h"
+#include "Row.h"
+
+#include <QApplication>
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmap>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Zoom
+{
+    const char *name;
+    double factor;
+};
+
+constexpr std::array Zooms{Zoom{"8:1", 8.0}, Zoom{"4:1", 4.0},  Zoom{"2:1", 2.0},   Zoom{"1:1", 1.0},
+                           Zoom{"1:2", 0.5}, Zoom{"1:4", 0.25}, Zoom{"1:8", 0.125}, Zoom{"1:16", 0.0625}};
+constexpr int NaturalSize = 3;
+
+/// What a window of 1280 by 1024 and the first window of the program, 335 by 564, leave for the picture and its bars.
+constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
+
+constexpr int StepsOfARound = 40;
+
+/// A page of one of the three depths.
+QImage loadPage(int depth, const Surroundings &surroundings)
+{
+    const char *const name = depth == 1 ? "a4_600_1bit_tiff/page.tif" : "a4_600_tiff/page.tif";
+    const QImage page = QImageReader(surroundings.inputs + u'/' + QString::fromLatin1(name)).read();
+    if (depth != 8)
+        return depth == 1 ? page : page.convertToFormat(QImage::Format_RGB32);
+
+    const QImage grey = page.convertToFormat(QImage::Format_Grayscale8);
+    QImage indexed(grey.size(), QImage::Format_Indexed8);
+    for (int i = 0; i < 256; ++i)
+        indexed.setColor(i, qRgb(i, i, i));
+    for (int y = 0; y < grey.height(); ++y)
+        std::memcpy(indexed.scanLine(y), grey.constScanLine(y), static_cast<std::size_t>(grey.width()));
+    return indexed;
+}
+
+/// Mean seconds of a repaint that is asked for and comes by the event loop, as those that follow the mouse do.
+double secondsOfRepaint(Stage &stage, QWidget &widget)
+{
+    double seconds = 0;
+    for (int i = 0; i < StepsOfARound; ++i)
+        seconds += stage.secondsUntilPainted([&widget] { widget.update(); });
+    return seconds / StepsOfARound;
+}
+
+/// A view on the screen that shows a page.
+struct ShownView
+{
+    ImageView view{nullptr};
+    Stage stage{view.viewport()};
+
+    ShownView(const QImage &page, int zoomIndex, QSize viewportSize)
+    {
+        show_page(view, page);
+        (void)view.setZoomIndex(zoomIndex);
+        stage.bringUp();
+        fit_viewport(view, viewportSize);
+        if (view.viewport()->size() != viewportSize)
+            qFatal("the picture has another size than that of the bare widget");
+    }
+};
+
+/// A bare widget on the screen.
+struct ShownWidget
+{
+    BareWidget widget;
+    Stage stage{&widget};
+
+    ShownWidget(std::function<void(QPainter &)> paint, QSize size) : widget(std::move(paint))
+    {
+        widget.resize(size);
+        stage.bringUp();
+    }
+};
+
+Side viewRepaint(int depth, int zoomIndex, QSize size)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto shown = std::make_shared<ShownView>(loadPage(depth, surroundings), zoomIndex, size);
+        return [shown] {
+            shown->stage.bringUp();
+            return secondsOfRepaint(shown->stage, *shown->view.viewport());
+        };
+    };
+    return {u"ImageView"_s, Side::OwnProcess, prepare};
+}
+
+Side widgetRepaint(const QString &name, QSize size,
+                   const std::function<std::function<void(QPainter &)>(const Surroundings &)> &makePaint)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto shown = std::make_shared<ShownWidget>(makePaint(surroundings), size);
+        return [shown] {
+            shown->stage.bringUp();
+            return secondsOfRepaint(shown->stage, shown->widget);
+        };
+    };
+    return {name, Side::OwnProcess, prepare};
+}
+
+/// The page by drawPixmap, and the ground only where the page does not reach: the same picture by the plainest road.
+Side pixmapRepaint(int zoomIndex, QSize size)
+{
+    const double factor = Zooms.at(static_cast<std::size_t>(zoomIndex)).factor;
+    return widgetRepaint(u"drawPixmap"_s, size, [=](const Surroundings &surroundings) {
+        const QPixmap pixmap = QPixmap::fromImage(loadPage(32, surroundings));
+        const QRect covered(QPoint(0, 0), (QSizeF(pixmap.size()) * factor).toSize());
+        const QRegion ground = QRegion(QRect(QPoint(0, 0), size)) - covered;
+        return [=](QPainter &painter) {
+            for (const QRect &rectangle : ground)
+                painter.fillRect(rectangle, Qt::gray);
+            painter.scale(factor, factor);
+            painter.drawPixmap(0, 0, pixmap);
+        };
+    });
+}
+
+Side plainFillRepaint(QSize size)
+{
+    return widgetRepaint(u"plain fill"_s, size, [=](const Surroundings &) {
+        return [=](QPainter &painter) { painter.fillRect(QRect(QPoint(0, 0), size), Qt::gray); };
+    });
+}
+
+/// One move of the mouse with the left button held, and the painting that follows.
+/// @param byHand  the picture is pulled along; else a selection grows and shrinks
+Side drag(bool byHand, QSize size)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto shown = std::make_shared<ShownView>(loadPage(32, surroundings), NaturalSize, size);
+        shown->view.OnToggleScroll(byHand);
+        return [shown, size] {
+            shown->stage.bringUp();
+            QWidget *const viewport = shown->view.viewport();
+            send_mouse(viewport, QEvent::MouseButtonPress, {size.width() / 2, size.height() / 2}, true);
+            double seconds = 0;
+            for (int i = 1; i <= StepsOfARound; ++i) {
+                const int away = -5 * std::min(i, StepsOfARound - i); // out and back
+                const QPoint at(size.width() / 2 + away, size.height() / 2 + away);
+                seconds += shown->stage.secondsUntilPainted([&] { send_mouse(viewport, QEvent::MouseMove, at, true); });
+            }
+            send_mouse(viewport, QEvent::MouseButtonRelease, {0, 0}, false);
+            return seconds / StepsOfARound;
+        };
+    };
+    return {byHand ? u"scroll"_s : u"select"_s, Side::OwnProcess, prepare};
+}
+
+/// Paint events of the picture while the mouse goes over it with no button held.
+Side hover(QSize size)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto shown = std::make_shared<ShownView>(loadPage(32, surroundings), NaturalSize, size);
+        return [shown, size]() -> std::optional<double> {
+            shown->stage.bringUp();
+            const int before = shown->stage.paintCount();
+            for (int x = 0; x < size.width(); x += 5) {
+                send_mouse(shown->view.viewport(), QEvent::MouseMove, {x, size.height() / 2}, false);
+                QApplication::processEvents();
+            }
+            return shown->stage.paintCount() - before;
+        };
+    };
+    return {u"hover"_s, Side::OwnProcess, prepare};
+}
+
+QString sizeName(QSize size)
+{
+    return u"%1x%2"_s.arg(size.width()).arg(size.height());
+}
+
+/// A bar for each zoom and each size of the window.
+QList<Bar> repaintBars(const QString &yardstickName, int depth, double goal,
+                       const std::function<Side(int zoomIndex, QSize size)> &yardstick)
+{
+    QList<Bar> bars;
+    for (const QSize size : ViewportSizes) {
+        for (int i = 0; i < static_cast<int>(Zooms.size()); ++i) {
+            const QString zoom = QString::fromLatin1(Zooms.at(static_cast<std::size_t>(i)).name);
+            const QString name = u"%1, %2 %3 bit %4"_s.arg(yardstickName, sizeName(size)).arg(depth).arg(zoom);
+            bars.append({name, Bar::SecondsRatio, goal, viewRepaint(depth, i, size), yardstick(i, size)});
+        }
+    }
+    return bars;
+}
+
+QList<Bar> dragBars(const QString &yardstickName, bool byHand, double goal,
+                    const std::function<Side(QSize size)> &yardstick)
+{
+    QList<Bar> bars;
+    for (const QSize size : ViewportSizes)
+        bars.append({u"%1, %2"_s.arg(yardstickName, sizeName(size)), Bar::SecondsRatio, goal, drag(byHand, size),
+                     yardstick(size)});
+    return bars;
+}
+
+} // namespace
+
+QList<Row> view_rows()
+{
+    const auto fill = [](int /*zoomIndex*/, QSize size) { return plainFillRepaint(size); };
+    const auto naturalSize = [](QSize size) { return pixmapRepaint(NaturalSize, size); };
+    return {
+        {35, u"repaint, 32-bit page"_s, repaintBars(u"drawPixmap"_s, 32, 1.15, pixmapRepaint)},
+        {36, u"repaint, 1-bit and 8-bit page"_s,
+         repaintBars(u"plain fill"_s, 1, 9, fill) + repaintBars(u"plain fill"_s, 8, 9, fill)},
+        {38, u"scroll by the hand, per move"_s, dragBars(u"drawPixmap"_s, true, 1.1, naturalSize)},
+        {39, u"selection drag, per move"_s, dragBars(u"plain fill"_s, false, 1.4, plainFillRepaint)},
+        {40, u"plain hover over the picture"_s, {{u"paint events"_s, Bar::Count, 0, hover(ViewportSizes.front()), {}}}},
+    };
+}
