@@ -20,6 +20,9 @@ function(im_add_library name)
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} im_options)
 endfunction()
 
+# Snapshots and settings land in the home directory: the tests have one of their own.
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/test-home)
+
 # A test program tests/<name>.cpp of the calling folder. It links that folder and nothing above it.
 # X11 gives it an X server and a window manager of its own.
 function(im_add_test name)
@@ -39,5 +42,8 @@ function(im_add_test name)
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
+    set_tests_properties(${name} PROPERTIES
+        LABELS "${arg_LABELS}"
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home")
 endfunction()
