@@ -11,6 +11,8 @@ target_compile_definitions(im_options INTERFACE
     QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+include(PrecompiledHeaders)
+
 # A folder's headers are on the path only of targets that link it, so an include that breaks the
 # layering does not compile.
 function(im_add_library name)
@@ -18,9 +20,23 @@ function(im_add_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} im_options)
+    im_use_precompiled_headers(${name})
 endfunction()
 
-# Snapshots and settings land in the home directory: the tests have one of their own.
+# What several tests of a folder share. Nothing else links it.
+function(im_add_test_library name)
+    if(NOT BUILD_TESTING)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} im_options)
+    im_use_precompiled_headers(${name} TEST)
+endfunction()
+
+# Snapshots and settings land in the home directory: the tests have one of their own. They compare texts as they
+# stand in the code.
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/test-home)
 
 # A test program tests/<name>.cpp of the calling folder. It links that folder and nothing above it.
@@ -32,6 +48,7 @@ function(im_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "SOURCES;LINKS;LABELS")
     add_executable(${name} tests/${name}.cpp ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINKS} Qt6::Test im_options)
+    im_use_precompiled_headers(${name} TEST)
     target_compile_definitions(${name} PRIVATE IM_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
     set(command $<TARGET_FILE:${name}>)
     if(arg_X11)
@@ -45,5 +62,5 @@ function(im_add_test name)
     set_tests_properties(${name} PROPERTIES
         LABELS "${arg_LABELS}"
         TIMEOUT ${arg_TIMEOUT}
-        ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home")
+        ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home;LC_ALL=C.UTF-8;LANGUAGE=")
 endfunction()
