@@ -25,7 +25,8 @@ void Q3HBox::setSpacing(int spacing)
 
 QSize Q3HBox::sizeHint() const
 {
-    return QWidget::sizeHint(); // that of the layout; QFrame's own looks at the frame alone
+    // That of the layout: QFrame's own looks at the frame alone.
+    return QWidget::sizeHint(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void Q3HBox::childEvent(QChildEvent *event)

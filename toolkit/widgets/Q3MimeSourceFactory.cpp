@@ -1,6 +1,7 @@
 #include "Q3MimeSourceFactory.h"
 
 #include <QDir>
+#include <QFile>
 #include <QPixmap>
 #include <QScopedValueRollback>
 
@@ -68,7 +69,9 @@ void Q3MimeSourceFactory::setData(const QString &abs_name, std::unique_ptr<QMime
 const QMimeSource *Q3MimeSourceFactory::dataOfFile(const QString &abs_name) const
 {
     // A plain name is a resource and never a file of the current directory.
-    const QImage image(QDir::isAbsolutePath(abs_name) ? abs_name : ":/images/"_L1 + abs_name);
+    const QString path = QDir::isAbsolutePath(abs_name) ? abs_name : ":/images/"_L1 + abs_name;
+    // Looked at first: a reader that finds no file loads every plug-in to try the suffixes of all formats.
+    const QImage image = QFile::exists(path) ? QImage(path) : QImage();
     if (image.isNull())
         return nullptr;
     m_fromFile = std::make_unique<Q3ImageDrag>(image);

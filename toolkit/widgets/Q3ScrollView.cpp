@@ -1,5 +1,7 @@
 #include "Q3ScrollView.h"
 
+#include "CachedScrollBar.h"
+
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -41,6 +43,11 @@ Q3ScrollView::Q3ScrollView(QWidget *parent, const char *name, Qt::WindowFlags fl
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusPolicy(Qt::NoFocus);
 
+    setHorizontalScrollBar(new CachedScrollBar(Qt::Horizontal));
+    setVerticalScrollBar(new CachedScrollBar(Qt::Vertical));
+    // Each bar fills the widget that holds it, so nothing has to be painted beneath.
+    for (const QScrollBar *const bar : {horizontalScrollBar(), verticalScrollBar()})
+        bar->parentWidget()->setAttribute(Qt::WA_OpaquePaintEvent);
     horizontalScrollBar()->setSingleStep(LineStep);
     horizontalScrollBar()->setAccessibleName(tr("Horizontal scroll bar"));
     verticalScrollBar()->setSingleStep(LineStep);

@@ -26,7 +26,7 @@ QImage imageOf(const QMimeSource *source)
 class LazyFactory : public Q3MimeSourceFactory
 {
 public:
-    LazyFactory(const QString &name, QRgb colour) : m_name(name), m_colour(colour)
+    LazyFactory(QString name, QRgb colour) : m_name(std::move(name)), m_colour(colour)
     {
         Q3MimeSourceFactory::addFactory(this);
     }
