@@ -346,7 +346,7 @@ void tst_page_image::resultTooWideForMemoryIsNull()
     // The bits of a row of 32-bit colours do not fit an int, so the result is refused before a pixel is read.
     constexpr int Pixels = 100'000'000;
     const uchar byte = 0;
-    const QImage picture(&byte, Pixels, 1, 2 * Pixels, QImage::Format_RGB16);
+    const QImage picture(&byte, Pixels, 1, qsizetype{2} * Pixels, QImage::Format_RGB16);
     QVERIFY(!picture.isNull());
 
     QTest::ignoreMessage(QtWarningMsg, "QImage: out of memory, returning null image");

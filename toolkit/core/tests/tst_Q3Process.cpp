@@ -1,0 +1,257 @@
+#include "Q3Process.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+/// Programs that are started and left to themselves; all of them are small shell scripts.
+class tst_Q3Process : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void argumentsComeBackInOrder();
+    void programGetsItsArgumentsAsTheyStand();
+    void programIsSearchedInPath();
+    void programStartsInTheCurrentDirectoryWithOurEnvironment();
+    void standardInputIsEmpty();
+    void largeOutputDoesNotHoldTheProgramUp();
+    void everyLaunchStartsTheProgramOnce();
+    void programOutlivesItsObject();
+    void programOutlivesTheProcessThatLaunchedIt();
+    void launchLeavesNoChildBehind();
+    void missingProgramIsAnsweredWithFalse_data();
+    void missingProgramIsAnsweredWithFalse();
+    void withoutAProgramNothingIsLaunched_data();
+    void withoutAProgramNothingIsLaunched();
+};
+
+namespace {
+
+/// A directory in which scripts leave what they have seen.
+class Place
+{
+public:
+    [[nodiscard]] QString path(const QString &name) const { return m_directory.filePath(name); }
+
+    /// What a script has left under a name. Scripts write elsewhere and move the file here when it is whole.
+    [[nodiscard]] QByteArray left(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing yet");
+    }
+
+    [[nodiscard]] bool has(const QString &name) const { return QFile::exists(path(name)); }
+
+    void make(const QString &name) const
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+
+private:
+    QTemporaryDir m_directory;
+};
+
+/// Hands over a script for the shell; "$0" is the place's directory.
+void addScript(Q3Process &process, const QString &script, const Place &place)
+{
+    for (const QString &argument : {u"/bin/sh"_s, u"-c"_s, script, place.path(QString())})
+        process.addArgument(argument);
+}
+
+// Says that it runs, waits to be told to go on, and says that it has ended.
+const QString patientScript = u"cd \"$0\"; touch running; until [ -e go ]; do sleep 0.05; done; touch ended"_s;
+
+} // namespace
+
+void tst_Q3Process::argumentsComeBackInOrder()
+{
+    Q3Process process;
+    process.addArgument(u"viewer"_s);
+    process.addArgument(u"-s"_s);
+    process.addArgument(QString());
+    process.addArgument(u"two words"_s);
+
+    QCOMPARE(process.arguments(), (QStringList{u"viewer"_s, u"-s"_s, QString(), u"two words"_s}));
+}
+
+void tst_Q3Process::programGetsItsArgumentsAsTheyStand()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; printf '<%s>' \"$@\" >new; mv new arguments"_s, place);
+    for (const QString &argument : {u"two words"_s, QString(), u"\"quoted\" $HOME *"_s, u"-n"_s, u"größe"_s})
+        process.addArgument(argument);
+
+    QVERIFY(process.launch());
+
+    QTRY_COMPARE(place.left(u"arguments"_s), QByteArray("<two words><><\"quoted\" $HOME *><-n><größe>"));
+}
+
+void tst_Q3Process::programIsSearchedInPath()
+{
+    const Place place;
+    Q3Process process;
+    process.addArgument(u"touch"_s);
+    process.addArgument(place.path(u"touched"_s));
+
+    QVERIFY(process.launch());
+
+    QTRY_VERIFY(place.has(u"touched"_s));
+}
+
+void tst_Q3Process::programStartsInTheCurrentDirectoryWithOurEnvironment()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"echo \"$PWD $IM_TEST_MARK\" >\"$0/new\"; mv \"$0/new\" \"$0/seen\""_s, place);
+    qputenv("IM_TEST_MARK", "mark");
+
+    QVERIFY(process.launch());
+
+    QTRY_COMPARE(place.left(u"seen"_s), QFile::encodeName(QDir::currentPath()) + " mark\n");
+}
+
+void tst_Q3Process::standardInputIsEmpty()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; cat >new; mv new input"_s, place);
+    std::array<int, 2> ends{}; // our own standard input holds something and stays open
+    QCOMPARE(::pipe(ends.data()), 0);
+    QCOMPARE(::write(ends.at(1), "ours", 4), 4);
+    QCOMPARE(::dup2(ends.at(0), STDIN_FILENO), STDIN_FILENO);
+
+    QVERIFY(process.launch());
+
+    QTRY_COMPARE(place.left(u"input"_s), QByteArray());
+}
+
+void tst_Q3Process::largeOutputDoesNotHoldTheProgramUp()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"head -c 1000000 /dev/zero && head -c 1000000 /dev/zero >&2 && cd \"$0\" && touch ended"_s,
+              place);
+
+    QVERIFY(process.launch());
+
+    QTRY_VERIFY(place.has(u"ended"_s));
+}
+
+void tst_Q3Process::everyLaunchStartsTheProgramOnce()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; touch \"started$$\""_s, place);
+    const QDir directory(place.path(QString()));
+
+    QVERIFY(process.launch());
+    QTRY_COMPARE(directory.entryList({u"started*"_s}).size(), 1);
+    QVERIFY(process.launch());
+    QTRY_COMPARE(directory.entryList({u"started*"_s}).size(), 2);
+}
+
+void tst_Q3Process::programOutlivesItsObject()
+{
+    const Place place;
+    {
+        Q3Process process;
+        addScript(process, patientScript, place);
+        QVERIFY(process.launch());
+    }
+    QTRY_VERIFY(place.has(u"running"_s));
+    QVERIFY(!place.has(u"ended"_s)); // launch() and the destructor have not waited
+
+    place.make(u"go"_s);
+
+    QTRY_VERIFY(place.has(u"ended"_s));
+}
+
+void tst_Q3Process::programOutlivesTheProcessThatLaunchedIt()
+{
+    const Place place;
+    const pid_t launcher = ::fork();
+    if (launcher == 0) {
+        Q3Process process;
+        addScript(process, patientScript, place);
+        std::_Exit(process.launch() ? EXIT_SUCCESS : EXIT_FAILURE);
+    }
+    int status = EXIT_FAILURE;
+    QCOMPARE(::waitpid(launcher, &status, 0), launcher);
+    QCOMPARE(status, EXIT_SUCCESS);
+    QTRY_VERIFY(place.has(u"running"_s));
+
+    place.make(u"go"_s);
+
+    QTRY_VERIFY(place.has(u"ended"_s));
+}
+
+void tst_Q3Process::launchLeavesNoChildBehind()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, patientScript, place);
+    QVERIFY(process.launch());
+    QTRY_VERIFY(place.has(u"running"_s));
+
+    // A program that was our child would be one while it runs, and a zombie afterwards.
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+
+    place.make(u"go"_s);
+    QTRY_VERIFY(place.has(u"ended"_s));
+}
+
+void tst_Q3Process::missingProgramIsAnsweredWithFalse_data()
+{
+    QTest::addColumn<QString>("program");
+
+    QTest::newRow("absolute path") << u"/nowhere/at/all/viewer"_s;
+    QTest::newRow("name that PATH does not have") << u"no-program-has-this-name"_s;
+    QTest::newRow("directory") << u"/tmp"_s;
+}
+
+void tst_Q3Process::missingProgramIsAnsweredWithFalse()
+{
+    QFETCH(const QString, program);
+    Q3Process process;
+    process.addArgument(program);
+
+    QVERIFY(!process.launch());
+
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+}
+
+void tst_Q3Process::withoutAProgramNothingIsLaunched_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+
+    QTest::newRow("no arguments") << QStringList();
+    QTest::newRow("empty program") << QStringList{QString(), u"argument"_s};
+}
+
+void tst_Q3Process::withoutAProgramNothingIsLaunched()
+{
+    QFETCH(const QStringList, arguments);
+    Q3Process process;
+    for (const QString &argument : arguments)
+        process.addArgument(argument);
+
+    QVERIFY(!process.launch());
+}
+
+QTEST_GUILESS_MAIN(tst_Q3Process)
+#include "tst_Q3Process.moc"
