@@ -1,8 +1,10 @@
 // Opening and saving.
 #include "complete_file.h"
+#include "file_room.h"
 #include "image_memory.h"
 #include "ImageDocument.h"
 #include "ImageFormat.h"
+#include "page_buffers.h"
 #include "page_image.h"
 #include "tiff_codec.h"
 
@@ -14,6 +16,8 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
+#include <numeric>
 #include <sys/stat.h>
 #include <tiffio.h>
 #include <unistd.h>
@@ -24,6 +28,29 @@ namespace {
 
 constexpr qint64 LargestFileBytes = 0x20000000;
 
+/// An image that the reader will take for its own picture, on memory that pages stood on before; null where
+/// the reader had better make one itself.
+QImage image_to_fill(const QImageReader &reader)
+{
+    const QImage::Format format = reader.imageFormat();
+    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32)
+        return {}; // colour tables come with the picture
+    const QSize size = reader.size();
+    constexpr qint64 MiB = qint64{1024} * 1024;
+    const bool isAllowed = qint64{4} * size.width() * size.height() <= MiB * QImageReader::allocationLimit();
+    return isAllowed ? new_page(size, format) : QImage();
+}
+
+/// The short way for the large colour pages of scanners. What the toolkit's reader would make otherwise stays
+/// with it.
+bool fill_from_tiff(const QImageReader &reader, const QString &filePath, QImage &image)
+{
+    if (image.format() != QImage::Format_RGB32 || !reader.format().startsWith("tif"))
+        return false;
+    const TiffHandle tif = open_tiff(filePath, "rm");
+    return tif && read_plain_rgb_page(tif.get(), image);
+}
+
 /// The first picture of a file, decoded as the word says or, without a word that is known, by content.
 QImage read_image(const QString &filePath, const QString &imgFormat)
 {
@@ -32,11 +59,48 @@ QImage read_image(const QString &filePath, const QString &imgFormat)
     if (!file.open(QIODevice::ReadOnly) || !is_complete_image(file))
         return {};
     limit_image_readers();
-    QImage image;
-    if (!QImageReader(&file, imgFormat.toLatin1()).read(&image))
+    QImageReader reader(&file, imgFormat.toLatin1());
+    QImage image = image_to_fill(reader);
+    if (fill_from_tiff(reader, filePath, image))
+        return image;
+    if (!reader.read(&image)) {
+        image = {};
+        drop_spare_page(); // of the size that a broken file has claimed
         return {};
-    return to_page_image(std::move(image));
+    }
+    return adopt_page(to_page_image(std::move(image)));
 }
+
+/// A file that remembers the first of its bytes that did not reach the disk. The toolkit forgets it with the next
+/// call that succeeds, and some writers go on and look at the last call alone.
+class WatchedFile : public QFile
+{
+public:
+    using QFile::QFile;
+
+    /// Why it failed; empty if it did not.
+    [[nodiscard]] QString firstError() const { return error; }
+
+    bool seek(qint64 position) override { return noted(QFile::seek(position)); }
+
+protected:
+    qint64 writeData(const char *data, qint64 count) override
+    {
+        const qint64 written = QFile::writeData(data, count);
+        (void)noted(written == count);
+        return written;
+    }
+
+private:
+    bool noted(bool good)
+    {
+        if (!good && error.isEmpty())
+            error = errorString();
+        return good;
+    }
+
+    QString error;
+};
 
 /// Why the toolkit cannot write this format; empty if it can.
 QString writer_refusal(const QString &imgFormat)
@@ -142,11 +206,11 @@ bool ImageDocument::savePages(const QString &filePath, const QString &imgFormat)
     if (imgFormat == TiffFormatKey) {
         const bool saved = saveTiff(filePath);
         if (!saved)
-            lastError = u"Error saving TIFF image!"_s;
+            lastError = tr("Error saving TIFF image!");
         return saved;
     }
     if (pageCount() > 1) {
-        lastError = u"Multipage image doesn't supported with format <%1>"_s.arg(imgFormat);
+        lastError = tr("Multipage image doesn't supported with format <%1>").arg(imgFormat);
         return false;
     }
     return saveSinglePage(filePath, imgFormat);
@@ -159,9 +223,9 @@ bool ImageDocument::saveSinglePage(const QString &filePath, const QString &imgFo
     if (!lastError.isEmpty())
         return false;
 
-    QFile file(filePath);
+    WatchedFile file(filePath);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
-        lastError = u"Can not open file for write: \n%1"_s.arg(file.errorString());
+        lastError = tr("Can not open file for write: \n%1").arg(file.errorString());
         return false;
     }
     QImageWriter writer(&file, imgFormat.toLatin1());
@@ -170,11 +234,8 @@ bool ImageDocument::saveSinglePage(const QString &filePath, const QString &imgFo
         return false;
     }
     // The writer is content when the bytes are in the file's buffer; the disk may still refuse them.
-    if (!file.flush() || file.error() != QFileDevice::NoError) {
-        lastError = file.errorString();
-        return false;
-    }
-    return true;
+    lastError = file.flush() ? file.firstError() : file.errorString();
+    return lastError.isEmpty();
 }
 
 bool ImageDocument::copyFile(const QString &filePath)
@@ -218,6 +279,8 @@ bool ImageDocument::saveTiff(const QString &filePath)
     const TiffHandle tif = open_tiff(filePath, "w");
     if (!tif)
         return false;
+    reserve_room(TIFFFileno(tif.get()),
+                 std::transform_reduce(pages.cbegin(), pages.cend(), qint64{0}, std::plus{}, tiff_row_bytes));
     bool first = true;
     for (const QImage &image : pages) {
         if (!first && TIFFWriteDirectory(tif.get()) != 1)

@@ -179,8 +179,8 @@ QString UndoHistory::Namer::next()
 
 QString safeCreateTempDir()
 {
-    const QString home = QDir::homePath();
-    const QString path = home + "/tmp"_L1;
+    QString home = QDir::homePath();
+    QString path = home + "/tmp"_L1;
     if (QDir(path).exists() || QDir().mkdir(path))
         return path;
     // The misspelt word is part of the line, as others may look for it.

@@ -18,8 +18,8 @@ void logStep(const char *step, const QString &fileName, double zoom, QSize size)
 
 } // namespace
 
-UndoHistoryItem::UndoHistoryItem(const QString &operationName, const QString &baseFileName) :
-    name_(operationName),
+UndoHistoryItem::UndoHistoryItem(QString operationName, const QString &baseFileName) :
+    name_(std::move(operationName)),
     fileName_(baseFileName + ".bmp"_L1)
 {
     qDebug("UndoHistoryItem");

@@ -13,7 +13,7 @@ class UndoHistoryItem
 {
 public:
     /// @param baseFileName  path of the snapshot without its extension; nothing is written yet
-    UndoHistoryItem(const QString &operationName, const QString &baseFileName);
+    UndoHistoryItem(QString operationName, const QString &baseFileName);
     ~UndoHistoryItem();
     Q_DISABLE_COPY_MOVE(UndoHistoryItem) // two owners would delete the same file
 

@@ -109,7 +109,8 @@ double bmpRowsEnd(qint64 width, qint64 height, int bits)
     const qint64 rowBits = std::abs(width) * bits;
     const qint64 otherRows = std::max<qint64>(0, std::abs(height) - 1);
     const qint64 paddedBytes = (rowBits + 31) / 32 * 4;
-    return static_cast<double>(otherRows) * static_cast<double>(paddedBytes) + static_cast<double>((rowBits + 7) / 8);
+    const qint64 lastRowBytes = (rowBits + 7) / 8;
+    return static_cast<double>(otherRows) * static_cast<double>(paddedBytes) + static_cast<double>(lastRowBytes);
 }
 
 /// Whether the last row reaches its end. The size in the file's header is not asked: many programs

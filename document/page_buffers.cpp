@@ -1,10 +1,13 @@
 #include "page_buffers.h"
 
 #include <QColorSpace>
+#include <QList>
 #include <QSet>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <numeric>
 #include <sys/mman.h>
 #include <utility>
 
@@ -17,34 +20,49 @@ class PagePool
 public:
     [[nodiscard]] QImage take(qsizetype bytes)
     {
-        wantedBytes = bytes;
-        QImage memory = std::exchange(spare, QImage());
-        return memory.sizeInBytes() >= bytes && isFit(memory) ? memory : QImage();
+        note(bytes);
+        const auto fit =
+            std::ranges::find_if(spares, [bytes](const QImage &memory) { return memory.sizeInBytes() >= bytes; });
+        return fit == spares.end() ? QImage() : spares.takeAt(fit - spares.begin());
     }
 
     void giveBack(QImage memory)
     {
-        if (isFit(memory))
-            spare = std::move(memory);
+        if (!isFit(memory))
+            return;
+        spares.append(std::move(memory));
+        while (spares.size() > 1 && spareBytes() > SmallSpareBytes)
+            spares.removeFirst();
     }
 
     void note(qsizetype bytes)
     {
         wantedBytes = bytes;
-        if (!isFit(spare))
-            spare = {};
+        spares.removeIf([this](const QImage &memory) { return !isFit(memory); });
     }
 
-    [[nodiscard]] qsizetype spareBytes() const { return spare.sizeInBytes(); }
+    void drop() { spares.clear(); }
+
+    [[nodiscard]] qsizetype spareBytes() const
+    {
+        const auto add = [](qsizetype sum, const QImage &memory) { return sum + memory.sizeInBytes(); };
+        return std::accumulate(spares.cbegin(), spares.cend(), qsizetype{0}, add);
+    }
 
     /// Where the pages begin that stand on memory of the pool.
     QSet<const uchar *> lent;
 
 private:
-    /// Whether it is not much larger than the pages of now.
-    [[nodiscard]] bool isFit(const QImage &memory) const { return memory.sizeInBytes() <= 2 * wantedBytes; }
+    /// Whether it is about as large as the pages of now.
+    [[nodiscard]] bool isFit(const QImage &memory) const
+    {
+        const qsizetype bytes = memory.sizeInBytes();
+        return bytes <= 2 * wantedBytes && wantedBytes <= 2 * bytes;
+    }
 
-    QImage spare;
+    static constexpr qsizetype SmallSpareBytes = qsizetype{32} * 1024 * 1024;
+
+    QList<QImage> spares;
     qsizetype wantedBytes = 0;
 };
 
@@ -148,7 +166,7 @@ QImage new_page(QSize size, QImage::Format format)
         return {};
     const qsizetype bytes = bytes_per_line(size.width(), format) * size.height();
     if (bytes < SmallestPooledBytes)
-        return QImage(size, format);
+        return {size, format};
 
     QImage memory = page_pool()->take(bytes);
     if (memory.isNull()) {
@@ -196,4 +214,9 @@ QImage adopt_page(QImage image)
 qsizetype spare_page_bytes()
 {
     return page_pool()->spareBytes();
+}
+
+void drop_spare_page()
+{
+    page_pool()->drop();
 }

@@ -6,10 +6,11 @@
 /// Memory for pages, used again. Writing into memory that was touched before takes a fifth of the time that
 /// new memory takes, and nearly every edit makes a page as large as the one it replaces.
 ///
-/// A page made here is an image like any other. When its last copy is gone its memory becomes the spare,
-/// which serves the next page of about that size. There is one spare at most, and none that is more than
-/// twice as large as the page asked for last: an edit needs the old page and the new one, not a third.
-/// Pictures below SmallestPooledBytes, such as previews, neither use nor drop the spare.
+/// A page made here is an image like any other. When its last copy is gone its memory becomes a spare,
+/// which serves the next page of about that size. There is one spare at most, or as many as stay within 32 MiB
+/// together, as those of many small pages do: an edit needs the old page and the new one, not a third. None is
+/// more than twice or less than half as large as the page asked for last.
+/// Pictures below SmallestPooledBytes, such as previews, neither use nor drop spares.
 ///
 /// Threads:   GUI thread only; the last copy of a page must end there too.
 
@@ -30,3 +31,5 @@ inline constexpr qsizetype SmallestPooledBytes = qsizetype{256} * 1024;
 
 /// Bytes that are kept for the next page.
 [[nodiscard]] qsizetype spare_page_bytes();
+/// Keeps none: after a page that only a broken file claimed to need.
+void drop_spare_page();

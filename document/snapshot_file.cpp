@@ -1,6 +1,7 @@
 #include "snapshot_file.h"
 
 #include "complete_file.h"
+#include "file_room.h"
 #include "image_memory.h"
 #include "page_buffers.h"
 #include "page_image.h"
@@ -11,9 +12,14 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QList>
+#include <QSemaphore>
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
+#include <bit>
+#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <future>
@@ -38,6 +44,7 @@ public:
     explicit RowBlock(const SnapshotShape &shape) :
         rowBytes(static_cast<std::size_t>(shape.rowBytes())),
         rows(static_cast<int>(std::clamp<qint64>(WantedBytes / shape.rowBytes(), 1, shape.height))),
+        // NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector would be cleared
         bytes(std::make_unique_for_overwrite<uchar[]>(rowBytes * static_cast<std::size_t>(rows)))
     {
     }
@@ -48,11 +55,12 @@ public:
     [[nodiscard]] std::span<uchar> row(int i) { return {data() + size(i), rowBytes}; }
 
 private:
-    static constexpr qint64 WantedBytes = qint64{1024} * 1024;
+    /// Small enough to stay in the cache between packing and writing.
+    static constexpr qint64 WantedBytes = qint64{256} * 1024;
 
     std::size_t rowBytes;
     int rows;
-    std::unique_ptr<uchar[]> bytes;
+    std::unique_ptr<uchar[]> bytes; // NOLINT(modernize-avoid-c-arrays)
 };
 
 bool writeAll(QFile &file, const void *bytes, qint64 count)
@@ -92,47 +100,136 @@ RowCopy rowPacker(const SnapshotShape &shape, QImage::Format format)
     return copyBytes;
 }
 
-bool writeTable(QFile &file, const QList<QRgb> &table)
+/// The bytes of a snapshot file in order: header, table, and the rows of the page from the lowest on.
+class SnapshotBytes
 {
-    std::vector<quint32> entries;
-    entries.reserve(static_cast<std::size_t>(table.size()));
-    for (const QRgb color : table)
-        entries.push_back(qToLittleEndian(color & RGB_MASK));
-    return writeAll(file, entries.data(), SnapshotShape::TableEntryBytes * table.size());
-}
+public:
+    SnapshotBytes(const QImage &image, const SnapshotShape &shape) :
+        copy(rowPacker(shape, image.format())),
+        lines(image.constBits()),
+        lineBytes(image.bytesPerLine()),
+        width(static_cast<std::size_t>(shape.width)),
+        rowBytes(static_cast<std::size_t>(shape.rowBytes())),
+        below(shape.height)
+    {
+        const SnapshotHeader header = snapshot_header(shape);
+        waiting.assign(header.begin(), header.end());
+        for (const QRgb color : image.colorTable()) {
+            const quint32 entry = qToLittleEndian(color & RGB_MASK);
+            const auto bytes = std::bit_cast<std::array<uchar, SnapshotShape::TableEntryBytes>>(entry);
+            waiting.insert(waiting.end(), bytes.begin(), bytes.end());
+        }
+    }
 
-bool writeRows(QFile &file, const QImage &image, const SnapshotShape &shape)
-{
-    const auto pack = [copy = rowPacker(shape, image.format()), lines = image.constBits(),
-                       lineBytes = image.bytesPerLine(),
-                       width = static_cast<std::size_t>(shape.width)](RowBlock *block, int below) {
-        const int count = std::min(below, block->capacity());
-        for (int i = 0; i < count; ++i)
-            copy(lines + lineBytes * --below, width, block->row(i));
+    /// Fills the block with the next bytes.
+    /// @return how many there were; fewer than the block takes at the end of the file
+    [[nodiscard]] std::size_t fill(std::span<uchar> block)
+    {
+        std::size_t done = takeWaiting(block);
+        while (done < block.size() && below > 0) {
+            const std::span<uchar> rest = block.subspan(done);
+            if (rest.size() >= rowBytes) {
+                packRow(rest.first(rowBytes));
+                done += rowBytes;
+            } else {
+                waiting.resize(rowBytes);
+                packRow(waiting);
+                done += takeWaiting(rest);
+            }
+        }
+        return done;
+    }
+
+private:
+    void packRow(std::span<uchar> row) { copy(lines + lineBytes * --below, width, row); }
+
+    std::size_t takeWaiting(std::span<uchar> block)
+    {
+        const std::size_t count = std::min(block.size(), waiting.size() - taken);
+        std::memcpy(block.data(), waiting.data() + taken, count);
+        taken += count;
+        if (taken == waiting.size()) {
+            waiting.clear();
+            taken = 0;
+        }
         return count;
-    };
-    RowBlock block(shape);
-    RowBlock ahead(shape);
-    int below = shape.height;
-    for (int count = pack(&block, below); count > 0; std::swap(block, ahead)) {
-        below -= count;
-        // Colours are packed ahead while the rows before are written, as both take their time. Where no
-        // thread is to be had, and for rows that are only copied, that is done afterwards.
-        const bool worthThread = shape.bits == 24 && below > 0;
-        std::future<int> packed = std::async(
-            worthThread ? std::launch::async | std::launch::deferred : std::launch::deferred, pack, &ahead, below);
-        if (!writeAll(file, block.data(), block.size(count)))
+    }
+
+    RowCopy copy;
+    const uchar *lines;
+    qsizetype lineBytes;
+    std::size_t width;
+    std::size_t rowBytes;
+    int below; ///< rows that are still to come
+    std::vector<uchar> waiting; ///< what comes before the next row: header and table, or a row that did not fit
+    std::size_t taken = 0; ///< how much of that is gone
+};
+
+/// Blocks are written to multiples of their size, as whole pages of the system's memory go to the file fastest, and
+/// stay in the cache between packing and writing.
+constexpr std::size_t WrittenBlockBytes = std::size_t{256} * 1024;
+
+bool writeByTurns(QFile &file, SnapshotBytes &source)
+{
+    std::vector<uchar> block(WrittenBlockBytes);
+    for (std::size_t size = source.fill(block); size > 0; size = source.fill(block)) {
+        if (!writeAll(file, block.data(), static_cast<qint64>(size)))
             return false;
-        count = packed.get();
     }
     return true;
 }
 
+/// A block on its way from the thread that packs to the one that writes.
+struct PackedBlock
+{
+    std::vector<uchar> bytes = std::vector<uchar>(WrittenBlockBytes);
+    std::size_t size = 0; ///< 0 after the last byte
+};
+
+/// Packs ahead on another thread while the bytes before are written, as both take their time.
+bool writePackedAhead(QFile &file, SnapshotBytes &source)
+{
+    std::array<PackedBlock, 3> blocks;
+    QSemaphore empty(static_cast<int>(blocks.size()));
+    QSemaphore packed;
+    std::atomic<bool> isWanted = true;
+    const auto packAll = [&] {
+        for (std::size_t i = 0; isWanted; i = (i + 1) % blocks.size()) {
+            empty.acquire();
+            PackedBlock &block = blocks.at(i);
+            block.size = source.fill(block.bytes);
+            packed.release();
+            if (block.size == 0)
+                return;
+        }
+    };
+    const std::future<void> packing = std::async(std::launch::async | std::launch::deferred, packAll);
+    // Where no thread is to be had, the same is done by turns.
+    if (packing.wait_for(std::chrono::seconds(0)) == std::future_status::deferred)
+        return writeByTurns(file, source);
+
+    bool good = true;
+    for (std::size_t i = 0; good; i = (i + 1) % blocks.size()) {
+        packed.acquire();
+        const PackedBlock &block = blocks.at(i);
+        if (block.size == 0)
+            break;
+        good = writeAll(file, block.bytes.data(), static_cast<qint64>(block.size));
+        empty.release();
+    }
+    isWanted = false;
+    empty.release(); // the packing may wait for a block, and has to end before the blocks do
+    packing.wait();
+    return good;
+}
+
 bool writePage(QFile &file, const QImage &image, const SnapshotShape &shape)
 {
-    const SnapshotHeader header = snapshot_header(shape);
-    return writeAll(file, header.data(), SnapshotShape::HeaderBytes) && writeTable(file, image.colorTable())
-        && writeRows(file, image, shape);
+    SnapshotBytes source(image, shape);
+    reserve_room(file.handle(), shape.fileBytes());
+    // Rows that are only copied are hardly worth a thread, nor are few blocks.
+    const bool isWorthThread = shape.bits == 24 && shape.pixelBytes() > qint64{16 * WrittenBlockBytes};
+    return isWorthThread ? writePackedAhead(file, source) : writeByTurns(file, source);
 }
 
 QImage::Format pageFormat(const SnapshotShape &shape)

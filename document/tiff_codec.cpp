@@ -1,18 +1,22 @@
 #include "tiff_codec.h"
 
 #include "image_memory.h"
+#include "page_buffers.h"
 #include "rgb_rows.h"
+#include "tiff_stored_rows.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <tiffio.h>
+#include <utility>
 
 namespace {
 
-constexpr int RgbBytes = 3;
+constexpr int SampleBytes = 3;
 // By default the library buffers a whole strip, and with our tags one strip is the whole page.
 constexpr tmsize_t WriteBufferBytes = tmsize_t{256} * 1024;
 
@@ -24,7 +28,7 @@ using TiffRow = std::unique_ptr<uchar, TiffMemoryFreer>;
 
 TiffRow allocateRgbRow(int width)
 {
-    return TiffRow(static_cast<uchar *>(_TIFFmalloc(tmsize_t{width} * RgbBytes)));
+    return TiffRow(static_cast<uchar *>(_TIFFmalloc(tmsize_t{width} * SampleBytes)));
 }
 
 /// What the tags of a directory tell about its pixels.
@@ -99,7 +103,7 @@ QImage makePage(TIFF *tif, const PageTags &tags)
     if (pixels * tags.depth() / 8 > static_cast<double>(affordable_image_bytes()))
         return {};
 
-    QImage page(static_cast<int>(tags.width), static_cast<int>(tags.height), format);
+    QImage page = new_page(QSize(static_cast<int>(tags.width), static_cast<int>(tags.height)), format);
     if (tags.depth() == 1 && !page.isNull())
         page.setColorTable({0xff000000, 0xffffffff});
     // Intended: the colours of the file stay out. The page keeps a table of zeros, which shows as opaque
@@ -124,7 +128,7 @@ bool readRgbRows(TIFF *tif, QImage &image)
     if (!row)
         return false;
     // A file of separate planes fills only a part of the row.
-    std::fill_n(row.get(), static_cast<std::size_t>(width) * RgbBytes, uchar{0});
+    std::fill_n(row.get(), static_cast<std::size_t>(width) * SampleBytes, uchar{0});
     for (int y = 0; y < image.height(); ++y) {
         if (TIFFReadScanline(tif, row.get(), static_cast<quint32>(y), 0) != 1)
             return false;
@@ -135,8 +139,11 @@ bool readRgbRows(TIFF *tif, QImage &image)
 
 bool readPlainRows(TIFF *tif, QImage &image)
 {
+    const qsizetype lastByte = (qsizetype{image.width()} * image.depth() - 1) / 8;
     for (int y = 0; y < image.height(); ++y) {
-        if (TIFFReadScanline(tif, image.scanLine(y), static_cast<quint32>(y), 0) != 1)
+        uchar *const line = image.scanLine(y);
+        line[lastByte] = 0; // some decoders leave bits behind the last pixel as they were
+        if (TIFFReadScanline(tif, line, static_cast<quint32>(y), 0) != 1)
             return false;
     }
     return true;
@@ -146,7 +153,7 @@ bool readRows(TIFF *tif, QImage &image)
 {
     const tmsize_t rowBytes = TIFFScanlineSize(tif);
     const tmsize_t wanted =
-        image.depth() == 32 ? tmsize_t{image.width()} * RgbBytes : (tmsize_t{image.width()} * image.depth() + 7) / 8;
+        image.depth() == 32 ? tmsize_t{image.width()} * SampleBytes : (tmsize_t{image.width()} * image.depth() + 7) / 8;
     // Four samples of eight bits, one of 32 and their like: more than the row can take.
     if (rowBytes <= 0 || rowBytes > wanted)
         return false;
@@ -154,7 +161,51 @@ bool readRows(TIFF *tif, QImage &image)
         return readRgbRows(tif, image);
     if (rowBytes < wanted)
         image.fill(0U);
+    if (const std::optional<qint64> start = start_of_stored_rows(tif, image.height(), rowBytes))
+        return read_stored_rows(TIFFFileno(tif), *start, rowBytes, image);
     return readPlainRows(tif, image);
+}
+
+template <typename Value> Value tagOrDefault(TIFF *tif, ttag_t tag)
+{
+    Value value = 0;
+    return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : Value{0};
+}
+
+/// Whether the rows hold the colours as they are shown, and nothing else tells about colours.
+bool isPlainRgb(TIFF *tif)
+{
+    const auto compression = tagOrDefault<quint16>(tif, TIFFTAG_COMPRESSION);
+    quint32 profileLength = 0;
+    void *profile = nullptr;
+    return tagOrDefault<quint16>(tif, TIFFTAG_PHOTOMETRIC) == PHOTOMETRIC_RGB
+        && tagOrDefault<quint16>(tif, TIFFTAG_SAMPLESPERPIXEL) == 3
+        && tagOrDefault<quint16>(tif, TIFFTAG_BITSPERSAMPLE) == 8
+        && tagOrDefault<quint16>(tif, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT
+        && tagOrDefault<quint16>(tif, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG
+        && tagOrDefault<quint16>(tif, TIFFTAG_ORIENTATION) == ORIENTATION_TOPLEFT && TIFFIsTiled(tif) == 0
+        && (compression == COMPRESSION_NONE || compression == COMPRESSION_LZW || compression == COMPRESSION_PACKBITS
+            || compression == COMPRESSION_ADOBE_DEFLATE || compression == COMPRESSION_DEFLATE)
+        && TIFFGetField(tif, TIFFTAG_ICCPROFILE, &profileLength, &profile) == 0;
+}
+
+/// As the toolkit's reader does it: in inches without a unit, and not at all without both values.
+void readResolution(TIFF *tif, QImage &image)
+{
+    quint16 unit = RESUNIT_INCH;
+    float x = 0;
+    float y = 0;
+    (void)TIFFGetField(tif, TIFFTAG_RESOLUTIONUNIT, &unit); // a file without it keeps the inch
+    if (TIFFGetField(tif, TIFFTAG_XRESOLUTION, &x) != 1 || TIFFGetField(tif, TIFFTAG_YRESOLUTION, &y) != 1)
+        return;
+    if (unit == RESUNIT_INCH) {
+        constexpr double InchesPerMeter = 100 / 2.54;
+        image.setDotsPerMeterX(qRound(x * InchesPerMeter));
+        image.setDotsPerMeterY(qRound(y * InchesPerMeter));
+    } else if (unit == RESUNIT_CENTIMETER) {
+        image.setDotsPerMeterX(qRound(x * 100));
+        image.setDotsPerMeterY(qRound(y * 100));
+    }
 }
 
 /// The three tags that depend on the depth; all 0, which the library refuses, for a depth that has none.
@@ -239,6 +290,24 @@ bool readTiffPage(TIFF *tif, QImage &image)
         return false;
     image = std::move(page);
     return true;
+}
+
+bool read_plain_rgb_page(TIFF *tif, QImage &image)
+{
+    const auto width = tagOrDefault<quint32>(tif, TIFFTAG_IMAGEWIDTH);
+    const auto height = tagOrDefault<quint32>(tif, TIFFTAG_IMAGELENGTH);
+    if (std::cmp_not_equal(width, image.width()) || std::cmp_not_equal(height, image.height()) || !isPlainRgb(tif)
+        || TIFFScanlineSize(tif) != tmsize_t{image.width()} * SampleBytes || !readRgbRows(tif, image))
+        return false;
+    readResolution(tif, image);
+    return true;
+}
+
+qint64 tiff_row_bytes(const QImage &page)
+{
+    const qint64 width = page.width();
+    const qint64 rowBytes = page.depth() == 32 ? width * SampleBytes : (width * page.depth() + 7) / 8;
+    return rowBytes * page.height();
 }
 
 bool writeTiffPage(TIFF *tif, const QImage &image)
