@@ -5,6 +5,8 @@
 // than QColor's own, QColor is asked for that word too.
 #include "brightness.h"
 
+#include "two_halves.h"
+
 #include <QColor>
 #include <QRgba64>
 
@@ -45,7 +47,7 @@ struct Ends
 /// New highest and lowest channel in 16 bits, as high and low half of a word.
 std::vector<quint32> new_ends(int percent)
 {
-    std::vector<quint32> table(256 * 256);
+    std::vector<quint32> table(std::size_t{256} * 256);
     for (int highest = 0; highest < 256; ++highest) {
         for (int lowest = 0; lowest <= highest; ++lowest) {
             const QRgba64 color = brightened(QColor(highest, lowest, lowest), percent).rgba64();
@@ -78,7 +80,8 @@ int blue(QRgb word)
 
 int nearest(float value)
 {
-    return static_cast<int>(value + 0.5F);
+    const float raised = value + 0.5F;
+    return static_cast<int>(raised);
 }
 
 /// A value of 16 bits in 8 bits, before it is cut to a whole number, which then rounds it.
@@ -127,6 +130,7 @@ struct Answer
 /// What is known of some words. The loops over a block are short and of one kind each, without branches and of
 /// fixed length, so that compilers make them do several words at once.
 constexpr std::size_t BlockWords = 1024;
+constexpr std::size_t WorthwhileBlocks = 128;
 struct Block
 {
     std::array<int, BlockWords> indices;
@@ -202,13 +206,17 @@ void brighten_many_words(std::span<const QRgb> words, std::span<QRgb> result, in
 {
     const std::vector<quint32> table = new_ends(percent);
     const AnswerFinder findAnswers = answer_finder();
-    Block block{};
-    while (words.size() >= BlockWords) {
-        findAnswers(words.data(), result.data(), block, table);
-        for (std::size_t i = next_doubt(block, 0); i < BlockWords; i = next_doubt(block, i + 1))
-            result[i] = brightened(words[i], percent);
-        words = words.subspan(BlockWords);
-        result = result.subspan(BlockWords);
-    }
-    ask_for_each(words, result, percent);
+    const std::size_t wholeBlocks = words.size() / BlockWords;
+    in_two_halves(wholeBlocks, WorthwhileBlocks, [&](std::size_t begin, std::size_t end) {
+        Block block{};
+        for (std::size_t at = begin * BlockWords; at < end * BlockWords; at += BlockWords) {
+            const QRgb *const asked = words.data() + at;
+            QRgb *const answers = result.data() + at;
+            findAnswers(asked, answers, block, table);
+            for (std::size_t i = next_doubt(block, 0); i < BlockWords; i = next_doubt(block, i + 1))
+                answers[i] = brightened(asked[i], percent);
+        }
+    });
+    const std::size_t done = wholeBlocks * BlockWords;
+    ask_for_each(words.subspan(done), result.subspan(done), percent);
 }

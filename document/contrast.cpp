@@ -1,10 +1,14 @@
 #include "contrast.h"
 
+#include "two_halves.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
+#include <vector>
 
 namespace {
 
@@ -31,9 +35,14 @@ void extend_singly(ChannelBounds &bounds, std::span<const QRgb> words, int shift
     }
 }
 
-/// The same by blocks. As long as no value of a block lowers the minimum, every one of them is offered to
-/// the maximum, and plain minimum and maximum do. The minimum can fall 255 times at most.
-void extend_bounds(ChannelBounds &bounds, std::span<const QRgb> words, int shift)
+/// Plain minimum and maximum of a channel.
+struct ChannelEnds
+{
+    uchar lowest;
+    uchar highest;
+};
+
+ChannelEnds channel_ends(std::span<const QRgb> words, int shift)
 {
     int lowest = 255;
     int highest = 0;
@@ -42,21 +51,60 @@ void extend_bounds(ChannelBounds &bounds, std::span<const QRgb> words, int shift
         lowest = std::min(lowest, value);
         highest = std::max(highest, value);
     }
-    if (lowest < bounds.minimum)
-        extend_singly(bounds, words, shift);
-    else
-        bounds.maximum = std::max(bounds.maximum, highest);
+    return {static_cast<uchar>(lowest), static_cast<uchar>(highest)};
 }
 
-/// Calls @p visit with one block of words after the other, each small enough for the nearest cache.
-void for_each_block(std::span<const QRgb> words, auto visit)
+/// The same as word by word for words whose ends are known. As long as no value lowers the minimum, every one of
+/// them is offered to the maximum, and plain minimum and maximum do. The minimum can fall 255 times at most.
+void extend_bounds(ChannelBounds &bounds, std::span<const QRgb> words, ChannelEnds ends, int shift)
 {
-    constexpr std::size_t BlockWords = 2048;
-    while (!words.empty()) {
-        const std::size_t length = std::min(BlockWords, words.size());
-        visit(words.first(length));
-        words = words.subspan(length);
+    if (ends.lowest < bounds.minimum)
+        extend_singly(bounds, words, shift);
+    else
+        bounds.maximum = std::max<int>(bounds.maximum, ends.highest);
+}
+
+/// Words in blocks, each small enough for the nearest cache.
+class Blocks
+{
+public:
+    static constexpr std::size_t Worthwhile = 64; ///< for a thread
+
+    explicit Blocks(std::span<const QRgb> allWords) : words(allWords) { }
+
+    [[nodiscard]] std::size_t count() const { return (words.size() + BlockWords - 1) / BlockWords; }
+    [[nodiscard]] std::span<const QRgb> at(std::size_t i) const
+    {
+        const std::size_t from = i * BlockWords;
+        return words.subspan(from, std::min(BlockWords, words.size() - from));
     }
+
+private:
+    static constexpr std::size_t BlockWords = 2048;
+
+    std::span<const QRgb> words;
+};
+
+using Shifts = std::array<int, 3>;
+constexpr Shifts AllShifts{Red, Green, Blue};
+
+/// The bounds of all three channels at once, so that the words come from memory once.
+std::array<ChannelBounds, 3> all_bounds(std::span<const QRgb> words)
+{
+    const Blocks blocks(words);
+    std::vector<std::array<ChannelEnds, 3>> ends(blocks.count());
+    in_two_halves(blocks.count(), Blocks::Worthwhile, [&](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i)
+            std::ranges::transform(AllShifts, ends[i].begin(),
+                                   [&](int shift) { return channel_ends(blocks.at(i), shift); });
+    });
+    // In the order of the words: what counts for the maximum depends on what came before.
+    std::array<ChannelBounds, 3> bounds;
+    for (std::size_t i = 0; i < blocks.count(); ++i) {
+        for (std::size_t channel = 0; channel < bounds.size(); ++channel)
+            extend_bounds(bounds[channel], blocks.at(i), ends[i][channel], AllShifts[channel]);
+    }
+    return bounds;
 }
 
 /// Intended: a range of 0, which a single word of value 1 leaves, ends the process like the division by
@@ -72,8 +120,10 @@ void for_each_block(std::span<const QRgb> words, auto visit)
 
 ChannelBounds channel_bounds(std::span<const QRgb> words, int shift)
 {
+    const Blocks blocks(words);
     ChannelBounds bounds;
-    for_each_block(words, [&](std::span<const QRgb> block) { extend_bounds(bounds, block, shift); });
+    for (std::size_t i = 0; i < blocks.count(); ++i)
+        extend_bounds(bounds, blocks.at(i), channel_ends(blocks.at(i), shift), shift);
     return bounds;
 }
 
@@ -95,20 +145,15 @@ ChannelMap contrast_map(ChannelBounds bounds, int percent)
 
 void contrast_words(std::span<const QRgb> words, std::span<QRgb> result, int percent)
 {
-    ChannelBounds red;
-    ChannelBounds green;
-    ChannelBounds blue;
-    // All three channels of a block at once, so that the words come from memory once.
-    for_each_block(words, [&](std::span<const QRgb> block) {
-        extend_bounds(red, block, Red);
-        extend_bounds(green, block, Green);
-        extend_bounds(blue, block, Blue);
-    });
+    const auto [red, green, blue] = all_bounds(words);
     const ChannelMap newRed = contrast_map(red, percent);
     const ChannelMap newGreen = contrast_map(green, percent);
     const ChannelMap newBlue = contrast_map(blue, percent);
-    std::ranges::transform(words, result.begin(), [&](QRgb word) {
-        return (word & 0xff000000) | QRgb{newRed[word >> Red & 0xff]} << Red
-            | QRgb{newGreen[word >> Green & 0xff]} << Green | QRgb{newBlue[word & 0xff]};
+    constexpr std::size_t worthwhileWords = 65536;
+    in_two_halves(words.size(), worthwhileWords, [&](std::size_t begin, std::size_t end) {
+        std::transform(words.data() + begin, words.data() + end, result.data() + begin, [&](QRgb word) {
+            return (word & 0xff000000) | QRgb{newRed[word >> Red & 0xff]} << Red
+                | QRgb{newGreen[word >> Green & 0xff]} << Green | QRgb{newBlue[word & 0xff]};
+        });
     });
 }

@@ -81,11 +81,22 @@ ByteTable mono_bytes(const QImage &page)
 
 void bits_to_mono(const QImage &page, QImage &mono)
 {
-    const ByteTable table = mono_bytes(page);
     const int byteCount = (page.width() + 7) / 8;
-    for (int y = 0; y < page.height(); ++y) {
-        const uchar *const from = page.constScanLine(y);
-        std::transform(from, from + byteCount, mono.scanLine(y), [&table](uchar byte) { return table[byte]; });
+    const auto mapRows = [&](const auto &map) {
+        for (int y = 0; y < page.height(); ++y) {
+            const uchar *const from = page.constScanLine(y);
+            std::transform(from, from + byteCount, mono.scanLine(y), map);
+        }
+    };
+    if (page.format() == QImage::Format_Mono) {
+        // The bits keep their places, and many bytes are mapped at once.
+        const auto [zero, one] = two_colors(page);
+        const unsigned ofZeros = is_black(zero) ? 0xffU : 0U;
+        const unsigned ofOnes = is_black(one) ? 0xffU : 0U;
+        mapRows([ofZeros, ofOnes](uchar byte) { return static_cast<uchar>((ofOnes & byte) | (ofZeros & ~byte)); });
+    } else {
+        const ByteTable table = mono_bytes(page);
+        mapRows([&table](uchar byte) { return table[byte]; });
     }
 }
 

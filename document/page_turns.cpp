@@ -1,6 +1,7 @@
 #include "page_turns.h"
 
 #include "page_buffers.h"
+#include "two_halves.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -51,18 +52,24 @@ template <typename Pixel> void turn_pixels(const QImage &source, QImage &result,
                 to[y * line + x] = pixels[x * from.toNextColumn];
         }
     };
-    for (int top = 0; top < result.height(); top += TileSide) {
-        for (int left = 0; left < result.width(); left += TileSide)
-            turnTile(left, top);
-    }
+    const int rowsOfTiles = (result.height() + TileSide - 1) / TileSide;
+    constexpr std::size_t worthwhileTiles = 16;
+    const auto tilesOfRow = static_cast<std::size_t>((result.width() + TileSide - 1) / TileSide);
+    in_two_halves(static_cast<std::size_t>(rowsOfTiles), worthwhileTiles / tilesOfRow + 1,
+                  [&](std::size_t begin, std::size_t end) {
+                      for (int row = static_cast<int>(begin); row < static_cast<int>(end); ++row) {
+                          for (int left = 0; left < result.width(); left += TileSide)
+                              turnTile(left, row * TileSide);
+                      }
+                  });
 }
 
 template <typename Pixel> void mirror_pixels(const QImage &source, QImage &result, bool horizontally, bool vertically)
 {
     const int width = source.width();
     for (int y = 0; y < source.height(); ++y) {
-        const Pixel *const from = pixel_line<Pixel>(source, vertically ? source.height() - 1 - y : y);
-        Pixel *const to = pixel_line<Pixel>(result, y);
+        const auto *const from = pixel_line<Pixel>(source, vertically ? source.height() - 1 - y : y);
+        auto *const to = pixel_line<Pixel>(result, y);
         if (horizontally)
             std::reverse_copy(from, from + width, to);
         else
@@ -113,17 +120,23 @@ template <QImage::Format Format> void turn_bits(const QImage &source, QImage &re
     const qsizetype resultLine = isClockwise ? result.bytesPerLine() : -result.bytesPerLine();
     const uchar *const from = source.constScanLine(isClockwise ? source.height() - 1 : 0);
     uchar *const to = result.scanLine(isClockwise ? 0 : result.height() - 1);
-    for (int y = 0; y < source.height(); y += 8) {
+    const auto turnSquare = [&](int x, int y) {
         const int lines = std::min(8, source.height() - y);
-        for (int x = 0; x < source.width(); x += 8) {
-            const int columns = std::min(8, source.width() - x);
-            const uchar *const square = from + y * sourceLine + x / 8;
-            uchar *const turnedSquare = to + x * resultLine + y / 8;
-            if (lines == 8 && columns == 8) // a count that compilers know makes this much faster
-                store_lines<Format>(transposed(load_lines<Format>(square, sourceLine, 8)), turnedSquare, resultLine, 8);
-            else
-                store_lines<Format>(transposed(load_lines<Format>(square, sourceLine, lines)), turnedSquare, resultLine,
-                                    columns);
+        const int columns = std::min(8, source.width() - x);
+        const uchar *const square = from + y * sourceLine + x / 8;
+        uchar *const turnedSquare = to + x * resultLine + y / 8;
+        if (lines == 8 && columns == 8) // a count that compilers know makes this much faster
+            store_lines<Format>(transposed(load_lines<Format>(square, sourceLine, 8)), turnedSquare, resultLine, 8);
+        else
+            store_lines<Format>(transposed(load_lines<Format>(square, sourceLine, lines)), turnedSquare, resultLine,
+                                columns);
+    };
+    constexpr int stripWidth = 256; // its lines of the result stay in the nearest cache until their next byte comes
+    for (int left = 0; left < source.width(); left += stripWidth) {
+        const int right = std::min(left + stripWidth, source.width());
+        for (int y = 0; y < source.height(); y += 8) {
+            for (int x = left; x < right; x += 8)
+                turnSquare(x, y);
         }
     }
 }
@@ -165,7 +178,7 @@ QImage inverted(const QImage &source)
     QImage result = new_page_like(source, source.size());
     for (int y = 0; y < result.height(); ++y) {
         const auto invert = [y, &source, &result]<typename Pixel>(Pixel mask) {
-            const Pixel *const from = pixel_line<Pixel>(source, y);
+            const auto *const from = pixel_line<Pixel>(source, y);
             const qsizetype count = source.bytesPerLine() / qsizetype{sizeof(Pixel)};
             std::transform(from, from + count, pixel_line<Pixel>(result, y),
                            [mask](Pixel pixel) { return static_cast<Pixel>(pixel ^ mask); });
