@@ -83,7 +83,7 @@ std::optional<HistoryModel::Record> HistoryModel::undo(uint steps)
     const bool meetsTheFirst = wanted > moves;
     for (int i = 0; i < moves + (meetsTheFirst ? 1 : 0); ++i)
         log(u"UndoHistory::undo - inside loop"_s);
-    const std::optional<Record> record = read(current - moves, u"undo"_s);
+    std::optional<Record> record = read(current - moves, u"undo"_s);
     if (record)
         state = 1;
     return record;
@@ -95,7 +95,7 @@ std::optional<HistoryModel::Record> HistoryModel::redo(uint steps)
         log(u"UndoHistory::redo - fatal - nothing to redo!!!"_s);
     log(u"UndoHistory::redo"_s);
     const qint64 wanted = steps == std::numeric_limits<uint>::max() ? 0 : qint64{steps} + 1;
-    const std::optional<Record> record =
+    std::optional<Record> record =
         read(static_cast<int>(std::min<qint64>(current + wanted, chain.size() - 1)), u"redo"_s);
     if (record)
         state = 2;
@@ -104,7 +104,7 @@ std::optional<HistoryModel::Record> HistoryModel::redo(uint steps)
 
 std::optional<HistoryModel::Record> HistoryModel::rollback(uint steps)
 {
-    const std::optional<Record> record = undo(steps);
+    std::optional<Record> record = undo(steps);
     if (!record) {
         log(u"UndoHistory::rollback - error undoing!"_s);
         return std::nullopt;

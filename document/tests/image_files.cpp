@@ -60,7 +60,7 @@ QByteArray small_gif()
     const QByteArray screen = "GIF89a" + little16(2) + little16(1) + QByteArray("\x80\0\0", 3);
     const QByteArray colors("\xff\0\0\0\0\xff", 6);
     const QByteArray comment("\x21\xfe\x02hi\0", 6);
-    const QByteArray picture = "\x2c" + little16(0) + little16(0) + little16(2) + little16(1) + QByteArray("\0", 1);
+    const QByteArray picture = "," + little16(0) + little16(0) + little16(2) + little16(1) + QByteArray("\0", 1);
     // Codes of three bits, low bits first: clear 4, indices 0 and 1, end 5.
     const QByteArray codes("\x02\x02\x44\x0a\0", 5);
     return screen + colors + comment + picture + codes + ";";

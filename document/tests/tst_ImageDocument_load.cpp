@@ -1,6 +1,7 @@
 #include "colored_documents.h"
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "page_buffers.h"
 #include "pictures.h"
 
 #include <QFile>
@@ -44,6 +45,8 @@ private slots:
     void largerFileIsRefusedButNamed();
     void fileThatIsNotDecodedKeepsStatusOther();
     void fileWithoutSuffixIsNotMistakenForItsNeighbour();
+    void memoryOfAClosedPageServesTheNextFile_data();
+    void memoryOfAClosedPageServesTheNextFile();
 
 private:
     [[nodiscard]] QString path(const QString &name) const { return directory->filePath(name); }
@@ -275,6 +278,37 @@ void tst_ImageDocument_load::writeLargeBmp(const QString &name, qint64 bytes) co
     write_file(path(name), encoded(page_of(red), "bmp"));
     if (!QFile::resize(path(name), bytes))
         qFatal("writeLargeBmp - cannot stretch the file");
+}
+
+void tst_ImageDocument_load::memoryOfAClosedPageServesTheNextFile_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("format");
+
+    QTest::newRow("PNG") << u"page.png"_s << QString();
+    QTest::newRow("JPEG") << u"page.jpg"_s << QString();
+    QTest::newRow("TIFF, first page") << u"page.tif"_s << QString();
+    QTest::newRow("TIFF, all pages") << u"page.tif"_s << u"TIFF"_s;
+}
+
+void tst_ImageDocument_load::memoryOfAClosedPageServesTheNextFile()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, format);
+    const QImage page = patternedPage(QSize(700, 500)).convertToFormat(QImage::Format_RGB32);
+    QVERIFY(page.save(path(name)));
+
+    QImage first;
+    {
+        ImageDocument document(path(name), format);
+        first = document.page(1).copy();
+        QCOMPARE(first.size(), QSize(700, 500));
+    }
+    QCOMPARE(spare_page_bytes(), qsizetype{700} * 500 * 4);
+
+    ImageDocument document(path(name), format);
+    QCOMPARE(spare_page_bytes(), 0);
+    QCOMPARE(document.page(1), first);
 }
 
 QTEST_GUILESS_MAIN(tst_ImageDocument_load)

@@ -2,8 +2,12 @@
 #include "image_files.h"
 #include "ImageDocument.h"
 #include "pictures.h"
+#include "process_limits.h"
+#include "ToolkitLeaks.h"
 
 #include <QFile>
+#include <QImageWriter>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -31,6 +35,8 @@ private slots:
     void failedSaveChangesNothing();
     void unknownFormatLeavesTheFileAlone();
     void saveThatDidNotReachTheDiskFails();
+    void saveOfWhichOnlyAPartReachedTheDiskFails_data();
+    void saveOfWhichOnlyAPartReachedTheDiskFails();
     void lastErrorIsForgottenByTheNextSave();
 
     void documentWithoutPagesCopiesItsFile();
@@ -179,6 +185,33 @@ void tst_ImageDocument_save::saveThatDidNotReachTheDiskFails()
     }
     QVERIFY(!document->save(u"/dev/full"_s, u"TIFF"_s));
     QCOMPARE(document->lastError, u"Error saving TIFF image!"_s);
+}
+
+void tst_ImageDocument_save::saveOfWhichOnlyAPartReachedTheDiskFails_data()
+{
+    QTest::addColumn<QString>("word");
+
+    QTest::newRow("multi-page codec") << u"TIFF"_s;
+    for (const QByteArray &word : QImageWriter::supportedImageFormats())
+        QTest::newRow(word.constData()) << QString::fromLatin1(word);
+}
+
+void tst_ImageDocument_save::saveOfWhichOnlyAPartReachedTheDiskFails()
+{
+    QFETCH(const QString, word);
+    QRandomGenerator random(7);
+    QImage noise({512, 512}, QImage::Format_RGB32); // no writer makes less than some kilobytes of it
+    random.fillRange(reinterpret_cast<quint32 *>(noise.bits()), noise.sizeInBytes() / 4);
+    ImageDocument document({}, {});
+    QVERIFY(document.addPage(noise));
+    const FileSizeLimit limit(4096);
+    const ToolkitLeaks leaks;
+
+    QVERIFY(!document.save(path(u"a"_s), word));
+
+    QVERIFY(!document.lastError.isEmpty());
+    QVERIFY(document.isModified());
+    QVERIFY(!document.hasFile());
 }
 
 void tst_ImageDocument_save::lastErrorIsForgottenByTheNextSave()

@@ -1,6 +1,7 @@
 #include "DiagnosticLines.h"
 #include "history_steps.h"
 #include "pictures.h"
+#include "private_mounts.h"
 #include "process_limits.h"
 
 #include <QCoreApplication>
@@ -9,42 +10,10 @@
 #include <QTest>
 
 #include <optional>
-#include <sched.h>
-#include <sys/mount.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int DiskBytes = 2 * 1024 * 1024;
-
-/// A disk of 2 MiB for this process alone, in memory. Where the process may not mount one, there is a
-/// limit on the size of files instead, which the pages of these tests outgrow as well.
-///
-/// Made before the application, as a process with threads may be refused.
-class SmallDisk
-{
-public:
-    SmallDisk()
-    {
-        const QByteArray path = QFile::encodeName(directory.path());
-        isMounted = ::unshare(CLONE_NEWNS) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-            && ::mount("none", path.constData(), "tmpfs", 0, "size=2m") == 0;
-    }
-    ~SmallDisk()
-    {
-        if (isMounted)
-            ::umount(QFile::encodeName(directory.path()).constData());
-    }
-    Q_DISABLE_COPY_MOVE(SmallDisk)
-
-    [[nodiscard]] QByteArray path() const { return QFile::encodeName(directory.path()); }
-    [[nodiscard]] bool isReal() const { return isMounted; }
-
-private:
-    QTemporaryDir directory;
-    bool isMounted = false;
-};
 
 /// A page whose colours tell its number, each with a larger file than the one before.
 QImage numberedPage(int number)
@@ -78,7 +47,7 @@ void tst_UndoHistory_full_disk::init()
 {
     home.emplace(disk.path());
     if (!disk.isReal())
-        limit.emplace(rlim_t{DiskBytes / 4});
+        limit.emplace(rlim_t{SmallDisk::Bytes / 4}); // which the pages of these tests outgrow as well
 }
 
 void tst_UndoHistory_full_disk::cleanup()
@@ -118,7 +87,7 @@ void tst_UndoHistory_full_disk::chainOutlivesTheDiskThatGotFull()
 void tst_UndoHistory_full_disk::fileThatDoesNotFitIsAFailedSaveAndStays()
 {
     const QString base = QFile::decodeName(disk.path()) + "/page"_L1;
-    const QImage page = solidPage({1000, 1000}, qRgb(1, 2, 3)); // 3 MB
+    const QImage page = solidPage({1500, 1500}, qRgb(1, 2, 3)); // 7 MB
     UndoHistoryItem item(u"operation"_s, base);
     const DiagnosticLines diagnostics;
 
@@ -128,10 +97,10 @@ void tst_UndoHistory_full_disk::fileThatDoesNotFitIsAFailedSaveAndStays()
              QStringList{"UndoHistoryItem::save - error saving image "_L1 + item.fileName() + u'!'});
     const qint64 written = QFile(item.fileName()).size();
     QVERIFY(written > 0);
-    QVERIFY(written <= DiskBytes);
+    QVERIFY(written <= SmallDisk::Bytes);
 }
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     const SmallDisk disk;
     const QCoreApplication application(argc, argv);

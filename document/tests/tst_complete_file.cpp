@@ -194,7 +194,7 @@ void tst_complete_file::gifIsJudgedByItsFirstPicture_data()
     const QByteArray gif = small_gif();
     QTest::newRow("whole") << gif << true;
     QTest::newRow("without the trailer") << gif.chopped(1) << true;
-    QTest::newRow("a second picture that is cut") << gif.chopped(1) + "\x2c" << true;
+    QTest::newRow("a second picture that is cut") << gif.chopped(1) + "," << true;
     QTest::newRow("without the end of the picture") << gif.chopped(2) << false;
     QTest::newRow("cut in the comment") << gif.first(21) << false;
     QTest::newRow("cut in the colours") << gif.first(15) << false;

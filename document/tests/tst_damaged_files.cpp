@@ -1,5 +1,6 @@
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "page_buffers.h"
 #include "pictures.h"
 
 #include <QDir>
@@ -259,6 +260,7 @@ void tst_damaged_files::promiseThatCannotBeKeptFailsAtOnce()
 
     verifyFails(u"promise"_s, word);
 
+    QCOMPARE(spare_page_bytes(), 0);
     QVERIFY2(timer.elapsed() < 3000 * MeasureAllowance, qPrintable(QString::number(timer.elapsed())));
     QVERIFY2(peak_memory_bytes() - before < 50'000'000 * MeasureAllowance,
              qPrintable(QString::number(peak_memory_bytes() - before)));

@@ -2,19 +2,12 @@
 
 #include <QTest>
 
+#include <initializer_list>
 #include <utility>
 
 namespace {
 
 constexpr QSize LargeSize(600, 500);
-
-/// Leaves no spare page behind, whatever ran before.
-void dropSpare()
-{
-    // Smaller than any spare of the tests by more than half, and itself dropped by a still smaller one.
-    for (const QSize size : {QSize(256, 300), QSize(256, 256)})
-        (void)new_page(size, QImage::Format_RGB32);
-}
 
 } // namespace
 
@@ -27,7 +20,7 @@ private slots:
     {
         QTest::addColumn<QImage::Format>("format");
         QTest::addColumn<QSize>("size");
-        const std::pair<const char *, QImage::Format> formats[] = {
+        const std::initializer_list<std::pair<const char *, QImage::Format>> formats = {
             {"Mono", QImage::Format_Mono},   {"MonoLSB", QImage::Format_MonoLSB}, {"Indexed8", QImage::Format_Indexed8},
             {"RGB32", QImage::Format_RGB32}, {"ARGB32", QImage::Format_ARGB32},
         };
@@ -82,16 +75,32 @@ private slots:
         QVERIFY(next.constBits() != sharer.constBits());
     }
 
-    void atMostOnePageIsKept()
+    void ofLargePagesOneIsKept()
     {
-        QImage first = new_page(LargeSize, QImage::Format_RGB32);
-        QImage second = new_page(LargeSize, QImage::Format_RGB32);
+        constexpr QSize size(3000, 2500); // 30 MB
+        QImage first = new_page(size, QImage::Format_RGB32);
+        QImage second = new_page(size, QImage::Format_RGB32);
+        const uchar *const secondMemory = second.constBits();
         const qsizetype bytes = first.sizeInBytes();
 
         first = {};
         second = {};
 
         QCOMPARE(spare_page_bytes(), bytes);
+        QCOMPARE(new_page(size, QImage::Format_RGB32).constBits(), secondMemory);
+    }
+
+    void ofSmallPagesAsManyAreKeptAsStayWithin32MiB()
+    {
+        constexpr qsizetype limit = qsizetype{32} * 1024 * 1024;
+        QList<QImage> pages;
+        for (int i = 0; i < 40; ++i)
+            pages.append(new_page(LargeSize, QImage::Format_RGB32)); // 1.2 MB each
+        const qsizetype bytes = pages.first().sizeInBytes();
+
+        pages.clear();
+
+        QCOMPARE(spare_page_bytes(), limit / bytes * bytes);
     }
 
     void aSpareMuchLargerThanTheNextPageIsReleased()
@@ -100,6 +109,16 @@ private slots:
         QVERIFY(spare_page_bytes() > 0);
 
         const QImage small = new_page(QSize(300, 300), QImage::Format_RGB32);
+
+        QCOMPARE(spare_page_bytes(), 0);
+    }
+
+    void aSpareMuchSmallerThanTheNextPageIsReleased()
+    {
+        (void)new_page(LargeSize, QImage::Format_RGB32);
+        QVERIFY(spare_page_bytes() > 0);
+
+        const QImage large = new_page(LargeSize * 2, QImage::Format_RGB32);
 
         QCOMPARE(spare_page_bytes(), 0);
     }
@@ -201,7 +220,7 @@ private slots:
         QCOMPARE(page.colorTable(), pattern.colorTable());
     }
 
-    void cleanup() { dropSpare(); }
+    void cleanup() { drop_spare_page(); }
 };
 
 QTEST_GUILESS_MAIN(TestPageBuffers)

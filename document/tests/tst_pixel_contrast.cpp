@@ -153,6 +153,40 @@ private slots:
         }
     }
 
+    void manyWordsEqualTheArithmeticWordByWord_data()
+    {
+        QTest::addColumn<int>("lastOfTheFall");
+
+        // The second half, which is looked at by another thread, has to know what came in the first.
+        QTest::newRow("the minimum falls all along") << 20;
+        QTest::newRow("the minimum falls in the first half alone") << 130;
+    }
+
+    void manyWordsEqualTheArithmeticWordByWord()
+    {
+        QFETCH(const int, lastOfTheFall);
+        constexpr int count = 400'001;
+        QRandomGenerator random(6);
+        QList<QRgb> words;
+        for (int i = 0; i < count; ++i) {
+            const int floor = std::max(lastOfTheFall, 250 - 230 * i / count);
+            words.append(random.generate() & 0xff000000U);
+            words.last() |= QRgb(floor) << 16 | QRgb(floor + random.bounded(3)) << 8 | QRgb(200 - floor / 2);
+        }
+        const ChannelBounds red = plainBounds(words, 16);
+        const ChannelBounds green = plainBounds(words, 8);
+        const ChannelBounds blue = plainBounds(words, 0);
+
+        const QList<QRgb> result = contrasted(words, 40);
+
+        for (int i = 0; i < count; ++i) {
+            const QRgb word = words.at(i);
+            const QRgb expected = (word & 0xff000000U) | plainValue(word, 16, red, 40) | plainValue(word, 8, green, 40)
+                | plainValue(word, 0, blue, 40);
+            QVERIFY2(result.at(i) == expected, qPrintable(QString::number(i)));
+        }
+    }
+
     void raisingStretchesFromTheLowestValue()
     {
         QCOMPARE(redsOf(contrasted(reds({10, 105, 200}), 100)), (QList<int>{0, 254, 255}));

@@ -201,7 +201,7 @@ void tst_readable_files::tiff()
     case 7:
         file.bits = 1;
         file.photometric = kind == 1 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_MINISWHITE;
-        file.rows = "\x40";
+        file.rows = QByteArray(1, '\x40');
         if (kind == 7)
             file.compression = COMPRESSION_CCITTFAX4;
         break;

@@ -48,8 +48,8 @@ void tst_rgb_rows::rowsOfEveryLengthEqualThoseOfThePlainLoop()
     for (int width = 0; width <= LongestRow; ++width) {
         QList<QRgb> words(width, 0);
         random.fillRange(words.data(), words.size());
-        QList<uchar> packed(width * 3, 0);
-        QList<uchar> packedPlainly(width * 3, 0);
+        QList<uchar> packed(qsizetype{3} * width, 0);
+        QList<uchar> packedPlainly(qsizetype{3} * width, 0);
         pack_rgb_row(words.constData(), packed.data(), width);
         plain_rows::pack(words.constData(), packedPlainly.data(), width);
         QCOMPARE(packed, packedPlainly);
@@ -65,11 +65,11 @@ void tst_rgb_rows::rowsOfEveryLengthEqualThoseOfThePlainLoop()
 void tst_rgb_rows::nothingIsWrittenBehindTheRow()
 {
     const QList<QRgb> words(LongestRow, 0);
-    const QList<uchar> bytes(LongestRow * 3, 0);
+    const QList<uchar> bytes(qsizetype{3} * LongestRow, 0);
     for (int width = 0; width < LongestRow; ++width) {
-        QList<uchar> rgb(LongestRow * 3, Untouched);
+        QList<uchar> rgb(qsizetype{3} * LongestRow, Untouched);
         pack_rgb_row(words.constData(), rgb.data(), width);
-        QCOMPARE(rgb.count(Untouched), (LongestRow - width) * 3);
+        QCOMPARE(rgb.count(Untouched), qsizetype{3} * (LongestRow - width));
 
         QList<QRgb> expanded(LongestRow, Untouched);
         expand_rgb_row(bytes.constData(), expanded.data(), width);

@@ -146,6 +146,7 @@ void tst_snapshot_file::pagesOfSeveralBlocksAreTheToolkitsToo_data()
     QTest::addColumn<int>("colorCount");
 
     QTest::newRow("32 bits, three blocks") << QSize(1001, 1000) << QImage::Format_RGB32 << 0;
+    QTest::newRow("32 bits, twenty blocks") << QSize(1501, 1200) << QImage::Format_RGB32 << 0;
     QTest::newRow("32 bits, rows longer than a block") << QSize(400'003, 5) << QImage::Format_RGB32 << 0;
     QTest::newRow("8 bits, two blocks") << QSize(1500, 1001) << QImage::Format_Indexed8 << 256;
     QTest::newRow("4 bits, two blocks") << QSize(2001, 1500) << QImage::Format_Indexed8 << 16;

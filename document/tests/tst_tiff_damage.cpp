@@ -109,8 +109,9 @@ void tst_tiff_damage::loopOfDirectoriesEnds()
     QVERIFY(save_as_tiff(path(), {patternedPage({9, 9})}));
     QByteArray bytes = file_bytes(path());
     const QByteArray firstDirectory = bytes.sliced(4, 4);
-    const qsizetype start = static_cast<uchar>(firstDirectory[0]) + 256 * static_cast<uchar>(firstDirectory[1]);
-    const qsizetype next = start + 2 + 12 * static_cast<uchar>(bytes[start]);
+    const qsizetype start =
+        static_cast<uchar>(firstDirectory[0]) + qsizetype{256} * static_cast<uchar>(firstDirectory[1]);
+    const qsizetype next = start + 2 + qsizetype{12} * static_cast<uchar>(bytes[start]);
     QCOMPARE(bytes.sliced(next, 4), QByteArray(4, '\0')); // the last directory
     write_file(path(), bytes.replace(next, 4, firstDirectory));
     ImageDocument document({}, {});
