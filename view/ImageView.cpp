@@ -159,5 +159,6 @@ void ImageView::repaintVisible()
 void ImageView::hideSelection()
 {
     m_rubber->hide();
+    m_canvas->update(); // at once: the next move of the mouse drops the marks
     emit selectionChanged();
 }

@@ -105,6 +105,7 @@ private:
     void stopScrollTimer();
     void startSelection(const QPoint &point);
     bool followPointer(const QPoint &contentsPoint, const QPoint &point);
+    bool reshapeSelection(const QPoint &contentsPoint, const QPoint &point);
     bool showHoverCursor(const QPoint &point);
 
     std::unique_ptr<Q3Canvas> m_canvas;

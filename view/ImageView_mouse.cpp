@@ -86,14 +86,18 @@ void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
 
     const QPoint contentsPoint = event->position().toPoint();
     const QPoint point = canvasPoint(contentsPoint);
-    const bool repaint = followPointer(contentsPoint, point) || showHoverCursor(point);
+    // A selection that stretches or moves has marked what it left and what it covers now.
+    const bool reshapes = reshapeSelection(contentsPoint, point);
+    const bool repaint = !reshapes && (followPointer(contentsPoint, point) || showHoverCursor(point));
 
     emit statusChanged(statusText(point));
     if (repaint)
         repaintVisible();
+    else if (reshapes)
+        m_canvas->update();
 }
 
-/// Carries on the gesture that a press has begun. False if none is under way.
+/// Scrolls by the hand, or shows the selection that a press has begun. False if neither is under way.
 bool ImageView::followPointer(const QPoint &contentsPoint, const QPoint &point)
 {
     if (m_bFreeHandScrollingOn && m_bDragging) {
@@ -102,8 +106,7 @@ bool ImageView::followPointer(const QPoint &contentsPoint, const QPoint &point)
         return true;
     }
 
-    const bool visible = m_rubber->isVisible();
-    if (m_bSelecting && !visible) {
+    if (m_bSelecting && !m_rubber->isVisible()) {
         m_rubber->setSize(point.x() - m_selectionStart.x() + 1, point.y() - m_selectionStart.y() + 1);
         m_rubber->move(m_selectionStart.x(), m_selectionStart.y());
         m_rubber->show();
@@ -111,12 +114,20 @@ bool ImageView::followPointer(const QPoint &contentsPoint, const QPoint &point)
         setCursor(Qt::CrossCursor);
         return true;
     }
-    if (m_bSelecting || (visible && m_rubber->mode() == RubberItem::RubberResizing)) {
+    return false;
+}
+
+/// Takes the shown selection along with the pointer. False if no gesture holds it.
+bool ImageView::reshapeSelection(const QPoint &contentsPoint, const QPoint &point)
+{
+    if (!m_rubber->isVisible() || (m_bFreeHandScrollingOn && m_bDragging))
+        return false;
+    if (m_bSelecting || m_rubber->mode() == RubberItem::RubberResizing) {
         autoScroll(contentsPoint);
         m_rubber->resizeTo(point);
         return true;
     }
-    if (visible && m_rubber->mode() == RubberItem::RubberMoving) {
+    if (m_rubber->mode() == RubberItem::RubberMoving) {
         autoScroll(contentsPoint);
         m_rubber->moveTo(point);
         return true;

@@ -143,7 +143,7 @@ private slots:
         QVERIFY(view.setDocument(&document));
         show(view);
 
-        // A second view of the canvas, set to the far end, is asked to repaint whatever is marked there.
+        // A second view of the canvas, set to the far end at first, is asked to repaint whatever is marked there.
         class FarView : public Q3CanvasView
         {
         public:
@@ -173,6 +173,13 @@ private slots:
 
         QCOMPARE(view.contentsX(), 100);
         QCOMPARE(farView.paints, 0);
+
+        farView.setContentsPos(0, 0); // where the first view is
+        QTRY_VERIFY(farView.paints > 0);
+        QCoreApplication::processEvents();
+        farView.paints = 0;
+        view.horizontalScrollBar()->setValue(120);
+        QTRY_COMPARE(farView.paints, 1);
         farView.setCanvas(nullptr);
     }
 

@@ -1,5 +1,7 @@
 #include "ViewFixture.h"
 
+#include <QPixmap>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -191,6 +193,24 @@ private slots:
         const QImage screen = fixture.view.viewport()->grab().toImage();
         QCOMPARE(QColor(screen.pixel(30, 20)), QColor(Qt::red));
         QCOMPARE(QColor(screen.pixel(100, 20)), QColor(Qt::gray));
+    }
+
+    void aReplacedPictureOfTheSameSizeComesOnScreenByItself()
+    {
+        ViewFixture fixture(QSize(60, 40));
+        const auto shown = [&] {
+            const QWidget *const viewport = fixture.view.viewport();
+            const QPoint at = viewport->mapTo(&fixture.view, QPoint(30, 20));
+            const QPixmap pixel = fixture.view.screen()->grabWindow(fixture.view.winId(), at.x(), at.y(), 1, 1);
+            return QColor(pixel.toImage().pixel(0, 0));
+        };
+        QTRY_COMPARE(shown(), QColor(positionColor(QPoint(30, 20))));
+        fixture.move(QPoint(10, 10)); // drops all marks
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
+
+        fixture.view.replaceImage(1, solidPage(QSize(60, 40), qRgb(255, 0, 0)));
+
+        QTRY_COMPARE(shown(), QColor(Qt::red));
     }
 
     void thePictureSitsAtTheTopLeftOnGrayAtEveryZoom_data()
