@@ -32,7 +32,7 @@ void LabeledControl::setUsesTextLabel(bool enable)
     }
 }
 
-void LabeledControl::captionInput(QWidget *input, const char *toolTip)
+void LabeledControl::captionInput(QWidget *input, const char *toolTip) const
 {
     m_label->setBuddy(input);
     input->setAccessibleName(m_label->text());

@@ -30,7 +30,7 @@ public slots:
 
 protected:
     /// Makes the caption speak for @p input, and gives that the tool tip.
-    void captionInput(QWidget *input, const char *toolTip);
+    void captionInput(QWidget *input, const char *toolTip) const;
 
 private:
     void followMainWindow();

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <sys/resource.h>
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     const rlimit noCoreFile{.rlim_cur = 0, .rlim_max = 0};
     (void)setrlimit(RLIMIT_CORE, &noCoreFile); // the end is wanted, its traces are not

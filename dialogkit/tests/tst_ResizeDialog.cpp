@@ -24,7 +24,7 @@ public:
     [[nodiscard]] QLineEdit *widthEdit() const { return findChildren<QLineEdit *>().at(0); }
     [[nodiscard]] QLineEdit *heightEdit() const { return findChildren<QLineEdit *>().at(1); }
 
-    void type(const QString &width, const QString &height)
+    void type(const QString &width, const QString &height) const
     {
         typeInto(widthEdit(), width);
         typeInto(heightEdit(), height);

@@ -38,7 +38,7 @@ QIcon iconOf(Qt::GlobalColor color)
 {
     QPixmap pixmap(16, 16);
     pixmap.fill(color);
-    return QIcon(pixmap);
+    return {pixmap};
 }
 
 QRgb colorOf(const QIcon &icon)

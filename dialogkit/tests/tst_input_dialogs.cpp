@@ -278,6 +278,7 @@ void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone_data()
                                                     << "twofold" << false;
     QTest::newRow("letters of every script") << "\\w+" << u"Größe"_s << true;
     QTest::newRow("a line break is a character too") << "a.b" << u"a\u2028b"_s << true;
+    QTest::newRow("a line feed too") << "a.b" << u"a\nb"_s << true;
 }
 
 void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone()

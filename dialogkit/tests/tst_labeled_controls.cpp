@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QSpinBox>
@@ -33,6 +34,7 @@ public:
     }
 
 signals:
+    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the generated definition says "_t1"
     void usesTextLabelChanged(bool enable);
 
 private:
@@ -194,6 +196,7 @@ void tst_labeled_controls::checkBoxControlCarriesItsTextItself()
     QCOMPARE(control.m_control->text(), u"Straße"_s);
     QCOMPARE(control.m_control->toolTip(), u"Check it"_s);
     QCOMPARE(control.findChildren<QLabel *>().count(), 0);
+    QCOMPARE(control.layout()->spacing(), 5);
 }
 
 void tst_labeled_controls::captionIsUsedAtFirst()

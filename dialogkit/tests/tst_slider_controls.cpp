@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QLayout>
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QSlider>
@@ -101,6 +102,7 @@ void tst_slider_controls::numbersStandInTheirOrder()
 
     QVERIFY(labels->m_min->x() < labels->m_value->x());
     QVERIFY(labels->m_value->x() < labels->m_max->x());
+    QCOMPARE(labels->layout()->spacing(), 5);
     QCOMPARE(labels->m_min->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
     QCOMPARE(labels->m_value->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
     QCOMPARE(labels->m_max->alignment(), Qt::AlignRight | Qt::AlignVCenter);
