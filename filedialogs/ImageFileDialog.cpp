@@ -37,9 +37,15 @@ bool looks_like_resource(const QString &name)
     return name.startsWith(u':');
 }
 
+/// The toolkit takes what stands in quotation marks for a name of its own, and drops the rest.
+bool looks_like_list(const QString &name)
+{
+    return name.contains(u'"');
+}
+
 QString path_in(const QDir &directory, const QString &name)
 {
-    return directory.absolutePath() + u'/' + name;
+    return name.startsWith(u'/') ? name : directory.absolutePath() + u'/' + name;
 }
 
 } // namespace
@@ -75,6 +81,8 @@ QString ImageFileDialog::selectedFile() const
     // Without a choice the toolkit would answer with the directory shown.
     if (!has_choice(*this))
         return {};
+    if (const QString name = name_field(*this)->text(); looks_like_list(name))
+        return path_in(directory(), name);
     const QString file = selectedFiles().value(0);
     return looks_like_resource(file) ? path_in(directory(), file) : file;
 }
@@ -118,5 +126,9 @@ void ImageFileDialog::accept()
         if (answer != QMessageBox::Yes)
             return;
     }
-    QFileDialog::accept();
+    // The toolkit would judge the name in the quotation marks; it is left to say that a file is not there.
+    if (looks_like_list(name_field(*this)->text()) && (fileMode() != ExistingFile || QFileInfo::exists(file)))
+        done(Accepted);
+    else
+        QFileDialog::accept();
 }

@@ -26,15 +26,16 @@ std::unique_ptr<ImageFileDialog> make_dialog(QWidget *parent)
 
 QList<ImageFormat> formats_to_open()
 {
-    const ImageFormat graphic{GraphFormatKey, u"All graphic files"_s, allExtensions(readableImageFormats)};
-    return readableImageFormats + QList<ImageFormat>{graphic, allFilesFormat};
+    const ImageFormat graphic{GraphFormatKey, QT_TRANSLATE_NOOP("ImageFormat", "All graphic files"),
+                              allExtensions(readableImageFormats())};
+    return readableImageFormats() + QList<ImageFormat>{graphic, allFilesFormat};
 }
 
 QList<ImageFormat> formats_to_save(const char *onlyFormat)
 {
     if (onlyFormat == nullptr)
-        return writableImageFormats;
-    return {writableImageFormats.at(indexOfFormat(writableImageFormats, QString::fromUtf8(onlyFormat)))};
+        return writableImageFormats();
+    return {writableImageFormats().at(indexOfFormat(writableImageFormats(), QString::fromUtf8(onlyFormat)))};
 }
 
 /// The one record to propose for a file, or -1. The first thing known decides, even if it leads nowhere.
@@ -140,7 +141,7 @@ bool save_all_file_dialog(QString &filePath, QString &format, bool &useAsBase, Q
 {
     SaveAllFileDialog dialog(parent);
     // Intended: the toolkit's own question is left on, so a name that exists is asked about twice.
-    set_up_for_saving(dialog, QObject::tr("Save All"), writableAllImageFormats, filePath, format);
+    set_up_for_saving(dialog, QObject::tr("Save All"), writableAllImageFormats(), filePath, format);
 
     if (dialog.exec() != QDialog::Accepted)
         return false;

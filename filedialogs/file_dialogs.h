@@ -24,7 +24,7 @@ class QWidget;
 /// @param[in,out] filePath  proposed name, a relative one being put into the home directory; then the
 ///                          absolute path
 /// @param[in,out] format    proposed key, may be empty; then the key of the chosen filter
-/// @param onlyFormat        key of the only format to offer, which must be among writableImageFormats;
+/// @param onlyFormat        key of the only format to offer, which must be among writableImageFormats();
 ///                          null offers all of these
 [[nodiscard]] bool save_file_dialog(QString &filePath, QString &format, QWidget *parent, const char *onlyFormat);
 

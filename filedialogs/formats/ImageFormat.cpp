@@ -1,5 +1,6 @@
 #include "ImageFormat.h"
 
+#include <QCoreApplication>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QSet>
@@ -8,18 +9,20 @@
 
 using namespace Qt::StringLiterals;
 
-// All in one file, since only there does the order of the definitions decide the order of building.
-const ImageFormat allFilesFormat{AllFormatKey, u"All files"_s, {u"*"_s}};
-const ImageFormat tiffFormat{TiffFormatKey, u"Tagged Image File Format"_s, {u"tiff"_s, u"tif"_s}};
-const ImageFormat multipageTiffFormat{MtiffFormatKey, u"Multipage TIFF"_s, {u"tiff"_s, u"tif"_s}};
+// The descriptions are translated where they are shown.
+const ImageFormat allFilesFormat{AllFormatKey, QT_TRANSLATE_NOOP("ImageFormat", "All files"), {u"*"_s}};
+const ImageFormat tiffFormat{
+    TiffFormatKey, QT_TRANSLATE_NOOP("ImageFormat", "Tagged Image File Format"), {u"tiff"_s, u"tif"_s}};
+const ImageFormat multipageTiffFormat{
+    MtiffFormatKey, QT_TRANSLATE_NOOP("ImageFormat", "Multipage TIFF"), {u"tiff"_s, u"tif"_s}};
 
 const QList<ImageFormat> knownImageFormats{
-    {u"BMP"_s, u"Windows Bitmaps"_s, {u"bmp"_s}},
+    {u"BMP"_s, QT_TRANSLATE_NOOP("ImageFormat", "Windows Bitmaps"), {u"bmp"_s}},
     {u"JPEG"_s, u"JPEG"_s, {u"jpg"_s, u"jpeg"_s}},
-    {PngFormatKey, u"Portable Network Graphics"_s, {u"png"_s}},
-    {u"PBM"_s, u"Portable Bitmap Monochrome"_s, {u"pbm"_s}},
-    {u"PGM"_s, u"Portable Bitmap Grayscale"_s, {u"pgm"_s}},
-    {u"PPM"_s, u"Portable Bitmap Colorful"_s, {u"ppm"_s}},
+    {PngFormatKey, QT_TRANSLATE_NOOP("ImageFormat", "Portable Network Graphics"), {u"png"_s}},
+    {u"PBM"_s, QT_TRANSLATE_NOOP("ImageFormat", "Portable Bitmap Monochrome"), {u"pbm"_s}},
+    {u"PGM"_s, QT_TRANSLATE_NOOP("ImageFormat", "Portable Bitmap Grayscale"), {u"pgm"_s}},
+    {u"PPM"_s, QT_TRANSLATE_NOOP("ImageFormat", "Portable Bitmap Colorful"), {u"ppm"_s}},
     {u"XBM"_s, u"XBM"_s, {u"xbm"_s}},
     {u"XPM"_s, u"XPM"_s, {u"xpm"_s}},
 };
@@ -34,10 +37,24 @@ QList<ImageFormat> dressedFormats(const QList<QByteArray> &supported, bool addTi
 
 } // namespace
 
-const QList<ImageFormat> readableImageFormats = dressedFormats(QImageReader::supportedImageFormats(), false);
-// TIFF is always writable: the documents have a writer of their own for it.
-const QList<ImageFormat> writableImageFormats = dressedFormats(QImageWriter::supportedImageFormats(), true);
-const QList<ImageFormat> writableAllImageFormats = writableImageFormats + QList<ImageFormat>{multipageTiffFormat};
+const QList<ImageFormat> &readableImageFormats()
+{
+    static const QList<ImageFormat> formats = dressedFormats(QImageReader::supportedImageFormats(), false);
+    return formats;
+}
+
+const QList<ImageFormat> &writableImageFormats()
+{
+    // TIFF is always writable: the documents have a writer of their own for it.
+    static const QList<ImageFormat> formats = dressedFormats(QImageWriter::supportedImageFormats(), true);
+    return formats;
+}
+
+const QList<ImageFormat> &writableAllImageFormats()
+{
+    static const QList<ImageFormat> formats = writableImageFormats() + QList<ImageFormat>{multipageTiffFormat};
+    return formats;
+}
 
 QList<ImageFormat> imageFormatsFromSupported(const QList<QByteArray> &supported)
 {
@@ -106,6 +123,7 @@ QString filter_text(const ImageFormat &record)
     QStringList patterns;
     for (const QString &extension : record.exts)
         patterns.append("*."_L1 + extension);
+    const QString description = QCoreApplication::translate("ImageFormat", record.desc.toUtf8().constData());
     // Both at once: a "%2" in a description is text, not a place to fill.
-    return u"%1 (%2)"_s.arg(record.desc, patterns.join(' '_L1));
+    return u"%1 (%2)"_s.arg(description, patterns.join(' '_L1));
 }

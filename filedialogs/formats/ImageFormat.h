@@ -13,7 +13,7 @@
 struct ImageFormat
 {
     QString format; ///< key, as readers and writers are given it
-    QString desc; ///< description in a filter
+    QString desc; ///< description in a filter, untranslated
     QStringList exts; ///< suffixes without a dot, the one to append to a name first
 
     bool operator==(const ImageFormat &) const = default;
@@ -33,12 +33,15 @@ extern const ImageFormat allFilesFormat;
 extern const ImageFormat tiffFormat;
 extern const ImageFormat multipageTiffFormat;
 
-/// The four lists, built in this order before main() begins: no initialiser of another static object
-/// may use them.
 extern const QList<ImageFormat> knownImageFormats; ///< the fixed table, told by name
-extern const QList<ImageFormat> readableImageFormats; ///< what the toolkit reads; TIFF only if it reads that
-extern const QList<ImageFormat> writableImageFormats; ///< what the toolkit writes, and always TIFF
-extern const QList<ImageFormat> writableAllImageFormats; ///< writableImageFormats and multi-page TIFF
+
+/// What the toolkit reports, dressed from the tables. Each list is built when it is first asked for, since that
+/// loads every image plug-in: a start with a file to show needs but one of them.
+/// @{
+const QList<ImageFormat> &readableImageFormats(); ///< what the toolkit reads; TIFF only if it reads that
+const QList<ImageFormat> &writableImageFormats(); ///< what the toolkit writes, and always TIFF
+const QList<ImageFormat> &writableAllImageFormats(); ///< writableImageFormats() and multi-page TIFF
+/// @}
 
 /// Plain records, one for each name however it is spelt, in the order reported.
 [[nodiscard]] QList<ImageFormat> imageFormatsFromSupported(const QList<QByteArray> &supported);
@@ -59,5 +62,5 @@ extern const QList<ImageFormat> writableAllImageFormats; ///< writableImageForma
 /// The suffixes of all records, one after the other; duplicates stay.
 [[nodiscard]] QStringList allExtensions(const QList<ImageFormat> &list);
 
-/// The line of a file dialog's filter box, such as "JPEG (*.jpg *.jpeg)".
+/// The line of a file dialog's filter box, such as "JPEG (*.jpg *.jpeg)", in the user's language.
 [[nodiscard]] QString filter_text(const ImageFormat &record);

@@ -33,6 +33,8 @@ inline void add_name_rows()
     QTest::newRow("escape of a URL") << u"a%41b#c?d.png"_s;
     QTest::newRow("ampersand and blanks") << u" Smith & Sons  .png"_s;
     QTest::newRow("markup") << u"<b>&lt;bold.png"_s;
+    QTest::newRow("quotation marks") << u"my \"scan\".png"_s;
+    QTest::newRow("one quotation mark") << u"12\" disc.png"_s;
     QTest::newRow("colon") << u"scan 10:30.png"_s;
     QTest::newRow("letters beyond ASCII") << u"Stra\u00dfe \u6f22\u5b57.png"_s;
     QTest::newRow("255 bytes") << QString(u"\u00e9"_s.repeated(125) + u"a.png"_s);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -46,7 +47,7 @@ public:
 class FieldGiver : public QObject
 {
 public:
-    FieldGiver(const QString &name, int maxLength) : m_name(name), m_maxLength(maxLength)
+    FieldGiver(QString name, int maxLength) : m_name(std::move(name)), m_maxLength(maxLength)
     {
         qApp->installEventFilter(this);
     }
@@ -85,6 +86,9 @@ private slots:
     void markedRowIsTheFileThoughTheFieldIsEmpty();
     void nameIsTakenAsItStands_data();
     void nameIsTakenAsItStands();
+
+    void absolutePathInAnotherDirectoryIsTaken_data();
+    void absolutePathInAnotherDirectoryIsTaken();
 
     void filterGivesTheNameItsSuffix_data();
     void filterGivesTheNameItsSuffix();
@@ -196,6 +200,26 @@ void tst_ImageFileDialog::nameIsTakenAsItStands()
     QCOMPARE(dialog.selectedFile(), QString(home.path() + u'/' + name));
 }
 
+void tst_ImageFileDialog::absolutePathInAnotherDirectoryIsTaken_data()
+{
+    add_name_rows();
+}
+
+void tst_ImageFileDialog::absolutePathInAnotherDirectoryIsTaken()
+{
+    QFETCH(const QString, name);
+    const TemporaryHome home;
+    const QTemporaryDir elsewhere;
+    const QString path = elsewhere.path() + u'/' + name;
+    const ShownDialog dialog(home);
+
+    type_name(dialog, path);
+    press_accept(dialog);
+
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(dialog.selectedFile(), path);
+}
+
 void tst_ImageFileDialog::filterGivesTheNameItsSuffix_data()
 {
     QTest::addColumn<QString>("typed");
@@ -209,6 +233,7 @@ void tst_ImageFileDialog::filterGivesTheNameItsSuffix_data()
     QTest::newRow("dot at the start only") << u".hidden"_s << pngFilter << u".hidden"_s;
     QTest::newRow("place marker") << u"page %1"_s << pngFilter << u"page %1.png"_s;
     QTest::newRow("ampersand and blanks") << u" Smith & Sons "_s << pngFilter << u" Smith & Sons .png"_s;
+    QTest::newRow("quotation marks") << u"my \"scan\".jpg"_s << pngFilter << u"my \"scan\".png"_s;
     QTest::newRow("colon") << u"scan 10:30"_s << pngFilter << u"scan 10:30.png"_s;
     QTest::newRow("leading colon") << u":scan"_s << pngFilter << u":scan.png"_s;
     QTest::newRow("letters beyond ASCII") << u"Stra\u00dfe.jpg"_s << pngFilter << u"Stra\u00dfe.png"_s;

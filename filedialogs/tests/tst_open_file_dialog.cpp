@@ -81,6 +81,7 @@ private slots:
     void fileOnTheListIsTakenByTheButton();
     void answersTheAbsolutePath_data();
     void answersTheAbsolutePath();
+    void nameThatDoesNotExistKeepsTheDialogOpen_data();
     void nameThatDoesNotExistKeepsTheDialogOpen();
     void acceptingWithoutANameIsFalse();
 
@@ -138,9 +139,9 @@ void tst_open_file_dialog::offersReadableFormatsThenGraphicThenAllFiles()
 
     const QStringList filters = offer().filters;
 
-    QCOMPARE(filters.size(), readableImageFormats.size() + 2);
-    for (qsizetype i = 0; i < readableImageFormats.size(); ++i)
-        QCOMPARE(filters.at(i), filter_text(readableImageFormats.at(i)));
+    QCOMPARE(filters.size(), readableImageFormats().size() + 2);
+    for (qsizetype i = 0; i < readableImageFormats().size(); ++i)
+        QCOMPARE(filters.at(i), filter_text(readableImageFormats().at(i)));
     QVERIFY(filters.at(filters.size() - 2).startsWith(graphicStart));
     QCOMPARE(filters.last(), allFilter);
 }
@@ -165,7 +166,7 @@ void tst_open_file_dialog::proposesAllGraphicFilesWithEverySuffix()
 
     QVERIFY(filter.startsWith(graphicStart));
     QStringList patterns = filter.sliced(graphicStart.size()).chopped(1).split(u' ');
-    for (const ImageFormat &readable : readableImageFormats) {
+    for (const ImageFormat &readable : readableImageFormats()) {
         for (const QString &suffix : readable.exts)
             QCOMPARE(patterns.takeFirst(), QString("*."_L1 + suffix));
     }
@@ -219,12 +220,20 @@ void tst_open_file_dialog::answersTheAbsolutePath()
     QCOMPARE(answer.format, u"png"_s);
 }
 
+void tst_open_file_dialog::nameThatDoesNotExistKeepsTheDialogOpen_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("plain") << u"missing.png"_s;
+    QTest::newRow("quotation marks") << u"\"missing\".png"_s;
+}
+
 void tst_open_file_dialog::nameThatDoesNotExistKeepsTheDialogOpen()
 {
+    QFETCH(const QString, name);
     const TemporaryHome home;
-    const FileDialogUser user([](const FileDialogUser &at) {
+    const FileDialogUser user([&name](const FileDialogUser &at) {
         const NextBox box = answerNextBox(QMessageBox::Ok);
-        at.type(u"missing.png"_s);
+        at.type(name);
         at.pressReturn();
         QVERIFY(at.isOpen());
         at.cancel();

@@ -132,7 +132,7 @@ void tst_save_all_file_dialog::offersMultipageTiffLast()
         {});
 
     QStringList expected;
-    for (const ImageFormat &writable : writableImageFormats)
+    for (const ImageFormat &writable : writableImageFormats())
         expected.append(filter_text(writable));
     expected.append(multipageFilter);
     QCOMPARE(filters, expected);

@@ -73,7 +73,7 @@ void tst_save_file_dialog::initTestCase()
 {
     QCOMPARE(tiff_plugin_present(), tiff_plugin_expected());
     // The rows below tell the first filter by this name.
-    QCOMPARE(filter_text(writableImageFormats.first()), bmpFilter);
+    QCOMPARE(filter_text(writableImageFormats().first()), bmpFilter);
 }
 
 void tst_save_file_dialog::showsAListUnderItsTitle()
@@ -99,7 +99,7 @@ void tst_save_file_dialog::offersWritableFormatsAlone()
     const QStringList filters = proposalFor({}, {}).filters;
 
     QStringList expected;
-    for (const ImageFormat &writable : writableImageFormats)
+    for (const ImageFormat &writable : writableImageFormats())
         expected.append(filter_text(writable));
     QCOMPARE(filters, expected);
     QCOMPARE(filters.count(tiffFilter), 1);
@@ -151,6 +151,7 @@ void tst_save_file_dialog::proposesFilterAndName_data()
     QTest::newRow("unknown format beats suffix") << u"scan.jpg"_s << u"none"_s << bmpFilter << u"scan.bmp"_s;
     QTest::newRow("place marker") << u"page %1.png"_s << QString() << pngFilter << u"page %1.png"_s;
     QTest::newRow("ampersand and blanks") << u"Smith & Sons"_s << QString() << pngFilter << u"Smith & Sons.png"_s;
+    QTest::newRow("quotation mark") << u"12\" disc"_s << QString() << pngFilter << u"12\" disc.png"_s;
     QTest::newRow("colon") << u"scan 10:30"_s << QString() << pngFilter << u"scan 10:30.png"_s;
     QTest::newRow("letters beyond ASCII") << u"Stra\u00dfe"_s << QString() << pngFilter << u"Stra\u00dfe.png"_s;
 }

@@ -237,9 +237,9 @@ void tst_ImageFormat::suffixIsFoundInItsOwnCaseOnly()
 
 void tst_ImageFormat::suffixOfTiffFindsTiffBeforeMultipageTiff()
 {
-    const qsizetype index = indexOfExtension(writableAllImageFormats, u"tiff"_s);
+    const qsizetype index = indexOfExtension(writableAllImageFormats(), u"tiff"_s);
 
-    QCOMPARE(writableAllImageFormats.value(index).desc, u"Tagged Image File Format"_s);
+    QCOMPARE(writableAllImageFormats().value(index).desc, u"Tagged Image File Format"_s);
 }
 
 void tst_ImageFormat::allExtensionsKeepOrderAndDuplicates()
@@ -274,38 +274,38 @@ void tst_ImageFormat::filterText()
 
 void tst_ImageFormat::listsAreBuiltBeforeTheApplicationObject()
 {
-    QCOMPARE(writableCountAtStart, writableAllImageFormats.size());
+    QCOMPARE(writableCountAtStart, writableAllImageFormats().size());
     QVERIFY(writableCountAtStart > 0);
 }
 
 void tst_ImageFormat::readableListHoldsWhatTheToolkitReads()
 {
-    QCOMPARE(readableImageFormats, dressed(QImageReader::supportedImageFormats(), false));
-    QVERIFY(indexOfFormat(readableImageFormats, PngFormatKey) >= 0);
+    QCOMPARE(readableImageFormats(), dressed(QImageReader::supportedImageFormats(), false));
+    QVERIFY(indexOfFormat(readableImageFormats(), PngFormatKey) >= 0);
 }
 
 void tst_ImageFormat::writableListHoldsWhatTheToolkitWrites()
 {
-    QCOMPARE(writableImageFormats, dressed(QImageWriter::supportedImageFormats(), true));
-    QVERIFY(indexOfFormat(writableImageFormats, PngFormatKey) >= 0);
+    QCOMPARE(writableImageFormats(), dressed(QImageWriter::supportedImageFormats(), true));
+    QVERIFY(indexOfFormat(writableImageFormats(), PngFormatKey) >= 0);
 }
 
 void tst_ImageFormat::tiffOfThePlugInIsKeyedTif()
 {
     const ImageFormat expected{u"tif"_s, u"Tagged Image File Format"_s, {u"tiff"_s, u"tif"_s}};
 
-    QVERIFY(readableImageFormats.contains(expected));
-    QVERIFY(writableImageFormats.contains(expected));
+    QVERIFY(readableImageFormats().contains(expected));
+    QVERIFY(writableImageFormats().contains(expected));
 }
 
 void tst_ImageFormat::saveAllListEndsWithMultipageTiff()
 {
-    QCOMPARE(writableAllImageFormats, writableImageFormats + QList<ImageFormat>{multipageTiffFormat});
+    QCOMPARE(writableAllImageFormats(), writableImageFormats() + QList<ImageFormat>{multipageTiffFormat});
 }
 
 int main(int argc, char **argv)
 {
-    writableCountAtStart = writableAllImageFormats.size();
+    writableCountAtStart = writableAllImageFormats().size();
     const QCoreApplication application(argc, argv);
     tst_ImageFormat test;
     return QTest::qExec(&test, argc, argv);
