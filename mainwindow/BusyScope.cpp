@@ -1,7 +1,5 @@
 #include "BusyScope.h"
 
-#include <QWidget>
-
 BusyScope::BusyScope(QWidget *window, QWidget *view, bool *statusEnabled) :
     m_window(window),
     m_view(view),

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QtGlobal>
-
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 /// Shows by the pointer that long work is under way, and holds back the status texts of the views, until it
 /// is destroyed.
 ///
-/// Ownership: borrows everything; window, view and flag have to outlive it.
+/// Ownership: borrows everything; window and flag have to outlive it, the view may go.
 class BusyScope
 {
 public:
@@ -19,6 +18,6 @@ public:
 
 private:
     QWidget *m_window;
-    QWidget *m_view;
+    QPointer<QWidget> m_view;
     bool *m_statusEnabled;
 };

@@ -1,5 +1,6 @@
 #include "ImageManager.h"
 
+#include "help_launcher.h"
 #include "IdMenu.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
@@ -45,7 +46,8 @@ void ImageManager::updateDocumentActions()
     zoomGroup->setEnabled(hasDocument);
     for (const QLatin1StringView name :
          {"view_zoom_in"_L1, "view_zoom_out"_L1, "view_scroll"_L1, "depth_menu"_L1, "scale_menu"_L1, "rotate_menu"_L1,
-          "flip_menu"_L1, "effects_menu"_L1, "image_brightness"_L1, "image_contrast"_L1, "image_invert"_L1})
+          "flip_menu"_L1, "effects_menu"_L1, "image_brightness"_L1, "image_contrast"_L1, "image_invert"_L1,
+          "image_properties"_L1})
         actions.value(name)->setEnabled(hasDocument);
     updateImageCropControls();
     updateZoomControls();
@@ -124,9 +126,16 @@ void ImageManager::closeAllTabs()
         closeCurrentTab();
 }
 
+// Intended: no entry, key or button leads here.
+void ImageManager::help_context()
+{
+    showHelp(u"ImageEditor.htm"_s, 0, 1, 0);
+}
+
 void ImageManager::closeEvent(QCloseEvent *event)
 {
-    if (!confirmSaveAll()) {
+    // The window manager closes a frozen window too, but an edit needs its page to the end.
+    if (!isEnabled() || !confirmSaveAll()) {
         event->ignore();
         return;
     }

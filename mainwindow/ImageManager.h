@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QList>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,7 @@ class ImageDocument;
 class ImageDocumentView;
 class QAction;
 class QActionGroup;
+class QDialog;
 class QTabWidget;
 class QToolBar;
 
@@ -50,7 +52,8 @@ public:
     bool addDocumentTab(ImageDocument *doc);
 
 public slots:
-    /// Takes the argument message of another start and comes to the front.
+    /// Takes the argument message of another start and comes to the front. While an edit is under way the
+    /// message waits for its end.
     void processMessage(const QString &msg);
 
     void file_new();
@@ -90,13 +93,17 @@ public slots:
     void image_scale_proportionally();
     void image_resize();
     void image_crop();
+    void image_properties();
 
+    /// Opens the menu of the tool button that sent the signal.
+    void OnToolButtonActivated();
     void tabChanged(QWidget *tab);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private slots:
+    void help_context();
     void documentModifiedStateChanged(bool modified);
     void updateImageCropControls();
     void onStatusChanged(const QString &text);
@@ -143,6 +150,7 @@ private:
     void finishEdit(bool ok);
     [[nodiscard]] bool applyHistory(HistoryStep step, uint steps);
     bool runEdit(const std::function<bool(uint)> &operation);
+    [[nodiscard]] bool isAccepted(QDialog &dialog);
     void previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint));
     void previewEdit(const QString &title, const QString &label, ImageTransform transform,
                      bool (ImageDocument::*operation)(uint, int));
@@ -158,6 +166,7 @@ private:
 
     bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);
     void saveMerged(const QString &path);
+    [[nodiscard]] QMessageBox::StandardButton askToSave(const ImageDocument *document);
     [[nodiscard]] bool confirmSave();
     [[nodiscard]] bool confirmSaveAll();
     [[nodiscard]] QList<ImageDocument *> openDocuments() const;
@@ -170,5 +179,6 @@ private:
     QActionGroup *zoomGroup = nullptr;
     QToolBar *toolBar = nullptr;
     QTabWidget *tabWidget = nullptr;
+    QStringList heldMessages; ///< of other starts, that came while an edit was under way
     bool viewStatusEnabled = true; ///< whether status texts of the views are shown
 };

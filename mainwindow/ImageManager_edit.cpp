@@ -10,6 +10,8 @@
 #include <QMessageBox>
 #include <QStatusBar>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 // The bracket around every change of a page: the window is frozen, the page goes to disk, the change runs,
@@ -29,6 +31,9 @@ void ImageManager::thawUi()
     actions.value("edit_undo"_L1)->setEnabled(undoHistory.canUndo());
     actions.value("edit_redo"_L1)->setEnabled(undoHistory.canRedo());
     QCoreApplication::processEvents();
+    const QStringList messages = std::exchange(heldMessages, {});
+    for (const QString &message : messages)
+        processMessage(message);
 }
 
 void ImageManager::endEdit()

@@ -1,5 +1,6 @@
 #include "BusyScope.h"
 #include "file_dialogs.h"
+#include "FrontTabScope.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
@@ -94,8 +95,11 @@ void ImageManager::file_save_all()
     QString path = untitledBase;
     QString format;
     bool useAsBase = true;
-    if (!save_all_file_dialog(path, format, useAsBase, this))
-        return;
+    {
+        const FrontTabScope front(tabWidget);
+        if (!save_all_file_dialog(path, format, useAsBase, this))
+            return;
+    }
 
     if (format == multipageTiffWord) {
         saveMerged(path);
@@ -109,7 +113,10 @@ void ImageManager::file_save_all()
     }
     // A failure does not stop the walk, which ends at the tab that it began with.
     for (int count = tabWidget->count(); count > 0; --count) {
-        file_save();
+        {
+            const FrontTabScope front(tabWidget);
+            file_save();
+        }
         showNextTab();
     }
 }
@@ -138,23 +145,32 @@ void ImageManager::showNextTab()
     tabWidget->setCurrentIndex((tabWidget->currentIndex() + 1) % tabWidget->count());
 }
 
+QMessageBox::StandardButton ImageManager::askToSave(const ImageDocument *document)
+{
+    const FrontTabScope front(tabWidget);
+    const QString question = document->hasFile()
+        ? tr("Image '%1' has been changed.\nDo you want to save it?").arg(document->fileName())
+        : tr("Do you want to save the image?");
+    return QMessageBox::information(this, windowTitle(), question,
+                                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+}
+
 bool ImageManager::confirmSave()
 {
     const ImageDocument *const document = currentDocument();
     if (!document->isModified())
         return true;
 
-    const QString question = document->hasFile()
-        ? tr("Image '%1' has been changed.\nDo you want to save it?").arg(document->fileName())
-        : tr("Do you want to save the image?");
-    const auto answer = QMessageBox::information(
-        this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
-    return answer == QMessageBox::Yes ? file_save() : answer == QMessageBox::No;
+    const QMessageBox::StandardButton answer = askToSave(document);
+    if (answer != QMessageBox::Yes)
+        return answer == QMessageBox::No;
+    const FrontTabScope front(tabWidget);
+    return file_save();
 }
 
 bool ImageManager::confirmSaveAll()
 {
-    for (int count = tabWidget->count(); count > 0; --count) {
+    for (int i = 0; i < tabWidget->count(); ++i) { // a question may last, and the tabs become more meanwhile
         const bool confirmed = confirmSave();
         showNextTab(); // Intended: also after a refusal, so the tab behind the refused one comes up
         if (!confirmed)

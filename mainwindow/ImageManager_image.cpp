@@ -1,12 +1,16 @@
+#include "FrontTabScope.h"
 #include "headroom.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
 #include "InputFixedDialog.h"
 #include "pixel_operations.h"
+#include "PropertiesDialog.h"
 #include "Q3Canvas.h"
 #include "ResizeDialog.h"
 #include "SimplePreviewDialog.h"
+
+#include <QLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -36,10 +40,17 @@ int scaled_side(int side, double factor)
 
 } // namespace
 
+/// Shows a dialog about the current tab, which is the current one afterwards too.
+bool ImageManager::isAccepted(QDialog &dialog)
+{
+    const FrontTabScope front(tabWidget);
+    return dialog.exec() == QDialog::Accepted;
+}
+
 void ImageManager::previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint))
 {
     SimplePreviewDialog dialog(title, currentPageImage(), transform, this, PlainPreview, {}, nullptr, true);
-    if (dialog.exec() == QDialog::Accepted)
+    if (isAccepted(dialog))
         runEdit([this, operation](uint page) { return (currentDocument()->*operation)(page); });
 }
 
@@ -48,7 +59,7 @@ void ImageManager::previewEdit(const QString &title, const QString &label, Image
 {
     const PreviewParameters parameters{.min = -100, .max = 100, .init = 0, .step = 1, .label = label};
     SimplePreviewDialog dialog(title, currentPageImage(), transform, this, SliderPreview, parameters, nullptr, true);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!isAccepted(dialog))
         return;
     int percent = 0;
     dialog.value(&percent);
@@ -116,7 +127,7 @@ void ImageManager::scalePage(const ScaleCommand &command)
     InputFixedDialog dialog(command.caption, command.label, command.prompt, ScaleStep,
                             largest_scale(page, command.horizontal && command.vertical), 1.0, ScaleStep, 1, this,
                             command.name, true);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!isAccepted(dialog))
         return;
 
     const double x = command.horizontal ? dialog.value() : 1.0;
@@ -164,7 +175,7 @@ void ImageManager::image_resize()
 {
     ResizeDialog dialog(currentPageImage(), this, "image_resize_p_dialog", true);
     QSize size;
-    if (dialog.exec() != QDialog::Accepted || !dialog.result(&size))
+    if (!isAccepted(dialog) || !dialog.result(&size))
         return;
 
     runEdit([this, size](uint page) {
@@ -177,4 +188,15 @@ void ImageManager::image_resize()
 void ImageManager::image_crop()
 {
     runEdit([this](uint /*page*/) { return currentView()->cropSelection(); });
+}
+
+void ImageManager::image_properties()
+{
+    const ImageDocumentView *const view = currentView();
+    if (!view)
+        return;
+    PropertiesDialog dialog(currentPageImage(), view->currentFactor(), this);
+    if (QLayout *const layout = dialog.layout())
+        layout->setSizeConstraint(QLayout::SetFixedSize);
+    dialog.exec();
 }

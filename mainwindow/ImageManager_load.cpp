@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTabWidget>
 
 #include <cstdlib>
@@ -36,6 +37,7 @@ void ImageManager::processArgs(const QStringList &args)
     if (args.size() < 2)
         std::exit(0);
 
+    const bool wasShown = isVisible();
     bool anyOpened = false;
     for (qsizetype i = 1; i < args.size(); ++i) {
         QString path = args.at(i);
@@ -45,6 +47,8 @@ void ImageManager::processArgs(const QStringList &args)
         anyOpened = load_file(path, QString(), temporary) || anyOpened;
         if (temporary)
             QFile::remove(path);
+        if (wasShown && !isVisible())
+            std::exit(0); // closed while the file was being opened, perhaps before there was a loop to leave
     }
     if (!anyOpened)
         std::exit(0);
@@ -52,6 +56,10 @@ void ImageManager::processArgs(const QStringList &args)
 
 void ImageManager::processMessage(const QString &msg)
 {
+    if (!isEnabled()) { // an edit works on the tab that is current
+        heldMessages.append(msg);
+        return;
+    }
     qDebug("msg=<%s> len=%u", msg.toLocal8Bit().constData(), static_cast<uint>(msg.length()));
     processArgs(splitArgs(msg));
     raise();
@@ -117,13 +125,21 @@ bool ImageManager::addDocumentTab(ImageDocument *doc)
         return false;
     }
 
+    // The user may close the tab, or the window, whenever events get through.
+    const QPointer<ImageDocumentView> open(view);
     QCoreApplication::processEvents();
+    if (!open)
+        return true;
     view->setCurrentPage(1);
     view->setVisible(true);
     updateActions();
+    if (!open)
+        return true;
     connect(view, &ImageView::statusChanged, this, &ImageManager::onStatusChanged);
     connect(view, &ImageView::selectionChanged, this, &ImageManager::updateImageCropControls);
     QCoreApplication::processEvents();
+    if (!open)
+        return true;
     if (tabWidget->count() == 1)
         updateDocumentActions();
     updateTabTitle(view, !doc->hasFile());

@@ -27,8 +27,8 @@ constexpr int IconSide = 24;
 constexpr QLatin1StringView Separator; // an entry without a name
 
 // What these commands do is not built yet; they stay off.
-constexpr std::array CommandsToCome = {"file_print"_L1, "image_properties"_L1, "tool_graphics_editor"_L1, "tool_ocr"_L1,
-                                       "tool_send"_L1,  "tool_upload"_L1,      "tool_configure"_L1};
+constexpr std::array CommandsToCome = {"file_print"_L1, "tool_graphics_editor"_L1, "tool_ocr"_L1,
+                                       "tool_send"_L1,  "tool_upload"_L1,          "tool_configure"_L1};
 
 using Slot = void (ImageManager::*)();
 
@@ -271,6 +271,7 @@ void ImageManager::connectActions()
     connect(actions.value("file_close_all"_L1), &QAction::triggered, this, &ImageManager::file_close_all);
     for (const EditCommand &command : EditCommands)
         connect(actions.value(command.name), &QAction::triggered, this, command.slot);
+    connect(actions.value("image_properties"_L1), &QAction::triggered, this, &ImageManager::image_properties);
     connect(actions.value("file_exit"_L1), &QAction::triggered, this, &QWidget::close);
     connect(actions.value("view_labels"_L1), &QAction::toggled, this, &ImageManager::view_show_labels);
     connect(actions.value("view_movable"_L1), &QAction::toggled, this, &ImageManager::view_movable_toolbars);

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -75,4 +76,11 @@ void ImageManager::view_zoom_by_id(int id)
         return;
     currentView()->setZoomIndex(static_cast<int>(entry - zoomIds.begin()));
     updateZoomControls();
+}
+
+// Intended: no button is connected to it, as a button that has a menu opens it by itself.
+void ImageManager::OnToolButtonActivated()
+{
+    if (auto *const button = qobject_cast<QToolButton *>(sender()))
+        button->showMenu();
 }

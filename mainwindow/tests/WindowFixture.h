@@ -57,7 +57,7 @@ public:
     /// Writes a page into the home and gives its path.
     [[nodiscard]] QString file(const QString &name, QSize size = QSize(64, 48)) const
     {
-        const QString path = home.filePath(name);
+        QString path = home.filePath(name);
         if (!patternedPage(size).save(path))
             qFatal("cannot write %s", qPrintable(path));
         return path;
@@ -67,7 +67,7 @@ public:
     bool open(const QString &name, QSize size = QSize(64, 48)) { return window.load_file(file(name, size), {}, false); }
 
     /// Draws a selection on the current view with the mouse.
-    void select(QPoint from, QPoint to)
+    void select(QPoint from, QPoint to) const
     {
         QWidget *const viewport = currentView()->viewport();
         for (const auto &[type, position] :

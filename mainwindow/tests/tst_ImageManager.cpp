@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -161,8 +163,9 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
 
-        const QStringList names = {u"file_save"_s,      u"file_save_as"_s, u"file_save_all"_s, u"file_close"_s,
-                                   u"file_close_all"_s, u"view_zoom_in"_s, u"view_zoom_out"_s, u"view_scroll"_s};
+        const QStringList names = {u"file_save"_s,     u"file_save_as"_s,   u"file_save_all"_s,
+                                   u"file_close"_s,    u"file_close_all"_s, u"view_zoom_in"_s,
+                                   u"view_zoom_out"_s, u"view_scroll"_s,    u"image_properties"_s};
         for (const QString &name : names)
             QVERIFY2(fixture.enabled(name), qPrintable(name));
         fixture.action(u"file_close"_s)->trigger();
@@ -325,6 +328,25 @@ private slots:
         QCOMPARE(read_window_setting(WindowSetting::Width, 0).toInt(), 640);
         QCOMPARE(read_window_setting(WindowSetting::Height, 0).toInt(), 500);
         QCOMPARE(read_window_setting(WindowSetting::Layout, u"none"_s).toString(), QString());
+    }
+
+    void aToolButtonThatIsConnectedOpensItsMenu()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QAction *const action = fixture.action(u"rotate_menu"_s);
+        auto *const button = qobject_cast<QToolButton *>(fixture.toolBar()->widgetForAction(action));
+        QVERIFY(button);
+        connect(button, &QToolButton::pressed, &fixture.window, &ImageManager::OnToolButtonActivated);
+        bool hasOpened = false;
+        connect(action->menu(), &QMenu::aboutToShow, action->menu(), [&] {
+            hasOpened = true;
+            QTimer::singleShot(0, action->menu(), &QWidget::close); // the slot waits for it
+        });
+
+        emit button->pressed();
+
+        QVERIFY(hasOpened);
     }
 
     void everyControlHasAnAccessibleName()

@@ -1,9 +1,11 @@
 #include "NextBox.h"
 #include "NextFileDialog.h"
+#include "window_settings.h"
 #include "WindowFixture.h"
 
 #include <QCheckBox>
 #include <QImageReader>
+#include <QPointer>
 #include <QTest>
 
 #include <optional>
@@ -37,6 +39,21 @@ private slots:
 
         fixture.action(u"file_open"_s)->trigger();
 
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+    }
+
+    void aClosedTabFreesItsViewAndItsDocument()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.open(u"b.png"_s));
+        const QPointer<ImageDocumentView> view = fixture.currentView();
+        const QPointer<ImageDocument> document = view->document();
+
+        fixture.action(u"file_close"_s)->trigger();
+
+        QVERIFY(view.isNull());
+        QVERIFY(document.isNull());
         QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
     }
 
@@ -263,9 +280,12 @@ private slots:
         const NextBox first = answerNextBox(QMessageBox::No);
         const NextBox second = answerNextBox(QMessageBox::Cancel);
 
+        write_window_setting(WindowSetting::Layout, u"earlier"_s);
+
         QVERIFY(!fixture.window.close());
 
         QVERIFY(fixture.window.isVisible());
+        QCOMPARE(read_window_setting(WindowSetting::Layout, QString()).toString(), u"earlier"_s);
         QCOMPARE(fixture.tabs()->count(), 3);
         QCOMPARE(fixture.tabs()->currentIndex(), 2);
     }

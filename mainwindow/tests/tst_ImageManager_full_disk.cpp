@@ -1,0 +1,328 @@
+// The window on a disk that has no room left, or that cannot be written to.
+
+#include "ImageFormat.h"
+#include "NextBox.h"
+#include "NextDialog.h"
+#include "NextFileDialog.h"
+#include "private_mounts.h"
+#include "ToolkitLeaks.h"
+#include "WindowFixture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 BlockBytes = 4096;
+constexpr QSize NoiseSize(512, 512); ///< noise of which no writer makes less than two blocks
+constexpr quint32 Seed = 7;
+
+QImage noisePage()
+{
+    QImage page(NoiseSize, QImage::Format_RGB32);
+    QRandomGenerator random(Seed);
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x)
+            page.setPixel(x, y, 0xff000000 | random.generate());
+    }
+    return page;
+}
+
+/// A file that takes all room of a disk but some blocks, until the object goes.
+class Filler
+{
+public:
+    explicit Filler(const SmallDisk &disk, int freeBlocks = 0) : file(disk.filePath(u"filler"_s))
+    {
+        const QByteArray block(BlockBytes, 'x');
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            qFatal("cannot make the filler");
+        while (file.write(block) == block.size()) { }
+        if (!file.resize(file.size() - freeBlocks * BlockBytes))
+            qFatal("cannot free blocks");
+    }
+    ~Filler() { file.remove(); }
+    Q_DISABLE_COPY_MOVE(Filler)
+
+private:
+    QFile file;
+};
+
+/// The window with its home on a small disk.
+class SmallHome
+{
+public:
+    explicit SmallHome(const SmallDisk &disk) : former(qgetenv("TMPDIR")) { qputenv("TMPDIR", disk.path()); }
+    ~SmallHome() { former.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", former); }
+    Q_DISABLE_COPY_MOVE(SmallHome)
+
+private:
+    QByteArray former;
+};
+
+struct SmallHomeFixture : SmallHome, WindowFixture
+{
+    explicit SmallHomeFixture(const SmallDisk &disk) : SmallHome(disk) { }
+};
+
+/// Accepts the preview of a command.
+void edit(const WindowFixture &fixture, const QString &action)
+{
+    const NextDialog dialog([](QDialog &preview) { preview.findChild<QPushButton *>(u"my_ok_btn"_s)->click(); });
+    fixture.action(action)->trigger();
+}
+
+void undo(const WindowFixture &fixture)
+{
+    fixture.action(u"edit_undo"_s)->trigger();
+}
+
+QImage page_of(const WindowFixture &fixture)
+{
+    return std::as_const(*fixture.currentView()->document()).page(1);
+}
+
+QStringList snapshots(const WindowFixture &fixture)
+{
+    return fixture.home.filesIn(u"tmp"_s);
+}
+
+bool isAtRest(const WindowFixture &fixture)
+{
+    return fixture.window.isEnabled() && fixture.window.cursor().shape() == Qt::ArrowCursor;
+}
+
+} // namespace
+
+class tst_ImageManager_full_disk : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit tst_ImageManager_full_disk(const SmallDisk &smallDisk) : disk(smallDisk) { }
+
+private slots:
+    void initTestCase()
+    {
+        if (!disk.isReal())
+            QSKIP("This process may not mount a disk of its own.");
+    }
+
+    void savingInAnyFormatFailsAndClaimsNothing_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("suffix");
+        QTest::addColumn<int>("freeBlocks");
+
+        for (const ImageFormat &format : writableImageFormats()) {
+            QTest::addRow("%s, no room", qPrintable(format.format)) << filter_text(format) << format.exts.first() << 0;
+            QTest::addRow("%s, room for a part", qPrintable(format.format))
+                << filter_text(format) << format.exts.first() << 2;
+        }
+    }
+
+    void savingInAnyFormatFailsAndClaimsNothing()
+    {
+        QFETCH(const QString, filter);
+        QFETCH(const QString, suffix);
+        QFETCH(const int, freeBlocks);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        ImageDocument *const document = fixture.currentView()->document();
+        QVERIFY(document->setPage(1, noisePage()));
+        const Filler filler(disk, freeBlocks);
+        const NextFileDialog dialog([&](QFileDialog &chooser) {
+            chooser.selectNameFilter(filter);
+            emit chooser.filterSelected(filter);
+            NextFileDialog::accept(chooser, disk.filePath(u"b."_s + suffix));
+        });
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        const ToolkitLeaks leaks;
+        fixture.action(u"file_save_as"_s)->trigger();
+
+        QCOMPARE(box.title(), u"Save failed"_s);
+        QVERIFY2(box.text().startsWith(u"Error saving image: "_s), qPrintable(box.text()));
+        QVERIFY2(box.text() != u"Error saving image: "_s, "the box does not say why");
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+        QVERIFY(document->isModified());
+        QCOMPARE(document->filePath(), fixture.home.filePath(u"a.png"_s));
+        QCOMPARE(document->imgFormat(), u"png"_s);
+        QVERIFY(isAtRest(fixture));
+        QFile::remove(disk.filePath(u"b."_s + suffix));
+    }
+
+    void aFailedSaveKeepsTheWindowOpenAndSucceedsOnceThereIsRoom()
+    {
+        const QString path = disk.filePath(u"own.png"_s);
+        WindowFixture fixture;
+        QVERIFY(patternedPage(QSize(64, 48)).save(path));
+        QVERIFY(fixture.window.load_file(path, {}, false));
+        QVERIFY(fixture.currentView()->document()->setPage(1, noisePage()));
+        {
+            const Filler filler(disk);
+            const NextBox question = answerNextBox(QMessageBox::Yes);
+            const NextBox failure = answerNextBox(QMessageBox::Ok);
+            const ToolkitLeaks leaks;
+
+            QVERIFY(!fixture.window.close());
+
+            QCOMPARE(question.text(), u"Image 'own.png' has been changed.\nDo you want to save it?"_s);
+            QCOMPARE(failure.title(), u"Save failed"_s);
+            QCOMPARE(fixture.titles(), QStringList{u"own.png*"_s});
+        }
+
+        fixture.action(u"file_save"_s)->trigger();
+
+        QCOMPARE(fixture.titles(), QStringList{u"own.png"_s});
+        QVERIFY(comparePictures(QImage(path).convertToFormat(QImage::Format_RGB32), noisePage()));
+        QFile::remove(path);
+    }
+
+    void withoutRoomYesEditsWithoutASnapshot()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::Yes);
+
+        edit(fixture, u"rotate_180"_s);
+
+        QCOMPARE(box.title(), u"Warning"_s);
+        QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
+        QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box.defaultButton(), QMessageBox::Yes);
+        QVERIFY(comparePictures(page_of(fixture), page.mirrored(true, true)));
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+        QCOMPARE(snapshots(fixture), QStringList());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QVERIFY(isAtRest(fixture));
+    }
+
+    void withoutRoomNoChangesNothing()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s);
+        const QImage page = page_of(fixture);
+        const QStringList files = snapshots(fixture);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::No);
+
+        edit(fixture, u"rotate_180"_s);
+
+        QVERIFY(comparePictures(page_of(fixture), page));
+        QCOMPARE(snapshots(fixture), files);
+        QVERIFY(fixture.enabled(u"edit_undo"_s));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+        QVERIFY(isAtRest(fixture));
+    }
+
+    void undoWithoutRoomAndNoLosesTheNewestPage()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+        edit(fixture, u"image_invert"_s);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::No);
+
+        undo(fixture);
+
+        QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
+        QVERIFY(comparePictures(page_of(fixture), page));
+        // Redo only brings the same page again.
+        QVERIFY(fixture.enabled(u"edit_redo"_s));
+        fixture.action(u"edit_redo"_s)->trigger();
+        QVERIFY(comparePictures(page_of(fixture), page));
+    }
+
+    void anEditAfterSuchAnUndoDeletesTheWholeHistory()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s);
+        edit(fixture, u"image_invert"_s);
+        QCOMPARE(snapshots(fixture).size(), 2);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::No);
+        undo(fixture);
+
+        edit(fixture, u"rotate_180"_s);
+
+        QCOMPARE(snapshots(fixture), QStringList());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+    }
+
+    void undoWithoutRoomAndYesGoesOneStateTooFar()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage first = page_of(fixture);
+        edit(fixture, u"image_invert"_s);
+        edit(fixture, u"rotate_180"_s);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::Yes);
+
+        undo(fixture);
+
+        QVERIFY(comparePictures(page_of(fixture), first));
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+    }
+
+    void aSnapshotThatCannotBeWrittenIsToldAndTheEditGoesOn()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture);
+        const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
+        QVERIFY(place.isReal());
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        edit(fixture, u"rotate_180"_s);
+
+        QCOMPARE(box.title(), u"Warning"_s);
+        QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
+        QCOMPARE(box.buttons(), QMessageBox::Ok);
+        QVERIFY(comparePictures(page_of(fixture), page.mirrored(true, true)));
+        QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QVERIFY(isAtRest(fixture));
+    }
+
+    void undoThatCannotSaveThePageGoesOneStateTooFar()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage first = page_of(fixture);
+        edit(fixture, u"image_invert"_s);
+        edit(fixture, u"rotate_180"_s);
+        const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
+        QVERIFY(place.isReal());
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        undo(fixture);
+
+        QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
+        QVERIFY(comparePictures(page_of(fixture), first));
+    }
+
+private:
+    const SmallDisk &disk;
+};
+
+int main(int argc, char **argv)
+{
+    const SmallDisk disk; // before the application and its threads
+    const QApplication application(argc, argv);
+    tst_ImageManager_full_disk tests(disk);
+    return QTest::qExec(&tests, argc, argv);
+}
+
+#include "tst_ImageManager_full_disk.moc"

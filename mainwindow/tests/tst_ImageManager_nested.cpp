@@ -1,0 +1,317 @@
+#include "NextDialog.h"
+#include "NextFileDialog.h"
+#include "WindowFixture.h"
+
+#include <QCheckBox>
+#include <QImageReader>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Does something once, from the event loop, as soon as a condition holds; fails the test if it never did.
+class Once
+{
+public:
+    Once(std::function<bool()> condition, std::function<void()> work) :
+        m_condition(std::move(condition)),
+        m_work(std::move(work))
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+        m_timer.start(0);
+    }
+
+    ~Once()
+    {
+        if (m_timer.isActive())
+            QTest::qFail("The moment never came.", __FILE__, __LINE__);
+    }
+
+    Q_DISABLE_COPY_MOVE(Once)
+
+private:
+    void look()
+    {
+        if (!m_condition())
+            return;
+        m_timer.stop();
+        m_work();
+    }
+
+    std::function<bool()> m_condition;
+    std::function<void()> m_work;
+    QTimer m_timer;
+};
+
+QMessageBox *open_box()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+/// The message of another start that names one file.
+QString message_of(const QString &path)
+{
+    return u"imagemanager:"_s + path;
+}
+
+void accept_dialog(QDialog &dialog)
+{
+    dialog.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
+}
+
+const QImage &page_of(const WindowFixture &fixture, int tab)
+{
+    return std::as_const(*fixture.view(tab)->document()).page(1);
+}
+
+QImage inverted(QImage page)
+{
+    page.invertPixels();
+    return page;
+}
+
+} // namespace
+
+/// What comes from outside while a command is under way: the window's close button, and files of other starts.
+class tst_ImageManager_nested : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theWindowMayBeClosedWhileAFileOpens_data()
+    {
+        QTest::addColumn<int>("round"); // of the event loop, within the opening
+
+        for (int round = 1; round <= 3; ++round)
+            QTest::addRow("round %d", round) << round;
+    }
+
+    void theWindowMayBeClosedWhileAFileOpens()
+    {
+        QFETCH(const int, round);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString path = fixture.file(u"b.png"_s);
+        int rounds = 0;
+        const Once closing([&] { return ++rounds == round; }, [&] { fixture.window.close(); });
+
+        QVERIFY(fixture.window.load_file(path, {}, false));
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(!fixture.window.isVisible());
+        QVERIFY(!fixture.enabled(u"file_save"_s));
+    }
+
+    void theWindowStaysWhileAnEditIsUnderWay()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture, 0);
+        const NextDialog dialog(accept_dialog);
+        const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
+
+        fixture.action(u"image_invert"_s)->trigger();
+
+        QVERIFY(fixture.window.isVisible());
+        QVERIFY(comparePictures(page_of(fixture, 0), inverted(page)));
+    }
+
+    void theWindowMayBeClosedAtTheEndOfAnUndo()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        {
+            const NextDialog dialog(accept_dialog);
+            fixture.action(u"image_invert"_s)->trigger();
+        }
+        bool frozen = false;
+        const Once closing(
+            [&] {
+                frozen = frozen || !fixture.window.isEnabled();
+                return frozen && fixture.window.isEnabled();
+            },
+            [&] {
+                fixture.currentView()->document()->setModified(false); // no question
+                QVERIFY(fixture.window.close());
+            });
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(fixture.window.isEnabled());
+    }
+
+    void theStatusOfAViewIsHeldBackDuringAnUndo()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        {
+            const NextDialog dialog(accept_dialog);
+            fixture.action(u"image_invert"_s)->trigger();
+        }
+        const QStatusBar *const bar = fixture.window.statusBar();
+        const Once status([bar] { return bar->currentMessage() == "Undoing operation..."_L1; },
+                          [&] { emit fixture.currentView()->statusChanged(u"[64x48]"_s); });
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QCOMPARE(bar->currentMessage(), u"Undoing operation..."_s);
+        emit fixture.currentView()->statusChanged(u"[64x48]"_s);
+        QCOMPARE(bar->currentMessage(), u"[64x48]"_s);
+    }
+
+    void aFileThatComesDuringAnEditOpensBehindIt()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QImage page = page_of(fixture, 0);
+        const QString path = fixture.file(u"b.png"_s);
+        const NextDialog dialog(accept_dialog);
+        const Once message([&] { return !fixture.window.isEnabled(); },
+                           [&] { fixture.window.processMessage(message_of(path)); });
+
+        fixture.action(u"image_invert"_s)->trigger();
+
+        QTRY_COMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
+        QCOMPARE(fixture.tabs()->currentIndex(), 1);
+        QVERIFY(comparePictures(page_of(fixture, 0), inverted(page)));
+        QVERIFY(comparePictures(page_of(fixture, 1), page));
+        QVERIFY(fixture.window.isEnabled());
+    }
+
+    void aDialogChangesThePageItWasOpenedFor_data()
+    {
+        QTest::addColumn<QSize>("size"); // of the page after the change
+
+        QTest::newRow("rotate_cw") << QSize(48, 64);
+        QTest::newRow("image_invert") << QSize(64, 48);
+        QTest::newRow("scale_vertically") << QSize(64, 48);
+        QTest::newRow("image_resize") << QSize(64, 48);
+    }
+
+    void aDialogChangesThePageItWasOpenedFor()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString path = fixture.file(u"b.png"_s);
+        const NextDialog dialog([&](QDialog &box) {
+            fixture.window.processMessage(message_of(path));
+            accept_dialog(box);
+        });
+
+        fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
+
+        QTEST(page_of(fixture, 0).size(), "size");
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
+    }
+
+    void theQuestionIsAnsweredForTheDocumentItNames_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QStringList>("left");
+
+        QTest::newRow("one document") << u"file_close"_s << QStringList{u"b.png"_s};
+        QTest::newRow("all documents") << u"file_close_all"_s << QStringList();
+    }
+
+    void theQuestionIsAnsweredForTheDocumentItNames()
+    {
+        QFETCH(const QString, action);
+        QFETCH(const QStringList, left);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.view(0)->document()->setPage(1, patternedPage(QSize(30, 20))));
+        const QString path = fixture.file(u"b.png"_s);
+        const Once answer([] { return open_box() != nullptr; },
+                          [&] {
+                              QMessageBox *const box = open_box();
+                              fixture.window.processMessage(message_of(path));
+                              box->button(QMessageBox::Yes)->click();
+                          });
+
+        fixture.action(action)->trigger();
+
+        QCOMPARE(fixture.titles(), left);
+        QCOMPARE(QImageReader(fixture.home.filePath(u"a.png"_s)).size(), QSize(30, 20));
+        QCOMPARE(QImageReader(path).size(), QSize(64, 48));
+    }
+
+    void everyDocumentIsAskedForThoughAFileComesMeanwhile()
+    {
+        WindowFixture fixture;
+        for (const QString &name : {u"a.png"_s, u"b.png"_s}) {
+            QVERIFY(fixture.open(name));
+            QVERIFY(fixture.currentView()->document()->setPage(1, patternedPage(QSize(30, 20))));
+        }
+        const QString path = fixture.file(u"c.png"_s);
+        const auto asksFor = [](const QString &name) { return open_box() && open_box()->text().contains(name); };
+        const Once answerFirst([&] { return asksFor(u"b.png"_s); }, // the current one
+                               [&] {
+                                   QMessageBox *const box = open_box();
+                                   fixture.window.processMessage(message_of(path));
+                                   box->button(QMessageBox::Yes)->click();
+                               });
+        const Once answerSecond([&] { return asksFor(u"a.png"_s); },
+                                [] { open_box()->button(QMessageBox::Yes)->click(); });
+
+        QVERIFY(fixture.window.close());
+
+        for (const QString &name : {u"a.png"_s, u"b.png"_s})
+            QCOMPARE(QImageReader(fixture.home.filePath(name)).size(), QSize(30, 20));
+    }
+
+    void aFileThatComesWhileANameIsAskedForStaysOpen()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.window.load_file(fixture.file(u"scan.png"_s), {}, true));
+        fixture.currentView()->document()->setModified(true);
+        const QString path = fixture.file(u"b.png"_s);
+        const Once answer([] { return open_box() != nullptr; }, [] { open_box()->button(QMessageBox::Yes)->click(); });
+        const NextFileDialog dialog([&](QFileDialog &chooser) {
+            fixture.window.processMessage(message_of(path));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"named.png"_s));
+        });
+
+        fixture.action(u"file_close"_s)->trigger();
+
+        QCOMPARE(fixture.titles(), QStringList{u"b.png"_s});
+        QVERIFY(QFile::exists(fixture.home.filePath(u"named.png"_s)));
+    }
+
+    void saveAllIsForTheTabsItWasAskedFor()
+    {
+        WindowFixture fixture;
+        const QString scan = fixture.file(u"scan.png"_s);
+        QVERIFY(fixture.window.load_file(scan, {}, true));
+        QVERIFY(fixture.window.load_file(scan, {}, true));
+        const QString path = fixture.file(u"b.png"_s);
+        const QString other = fixture.file(u"c.png"_s);
+        const auto chooser = [] { return qobject_cast<QFileDialog *>(QApplication::activeModalWidget()); };
+        const auto asksForAll = [&] { return chooser() && chooser()->findChild<QCheckBox *>(); };
+        const Once all(asksForAll, [&] {
+            QFileDialog *const dialog = chooser();
+            dialog->findChild<QCheckBox *>()->setChecked(false);
+            fixture.window.processMessage(message_of(path));
+            NextFileDialog::accept(*dialog, fixture.home.filePath(u"second.png"_s));
+        });
+        const Once one([&] { return chooser() && !asksForAll(); },
+                       [&] {
+                           QFileDialog *const dialog = chooser();
+                           fixture.window.processMessage(message_of(other));
+                           NextFileDialog::accept(*dialog, fixture.home.filePath(u"first.png"_s));
+                       });
+
+        fixture.action(u"file_save_all"_s)->trigger();
+
+        QCOMPARE(fixture.titles(), (QStringList{u"first.png"_s, u"second.png"_s, u"b.png"_s, u"c.png"_s}));
+        QCOMPARE(fixture.tabs()->currentIndex(), 1);
+    }
+};
+
+QTEST_MAIN(tst_ImageManager_nested)
+#include "tst_ImageManager_nested.moc"
