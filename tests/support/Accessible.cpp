@@ -73,7 +73,7 @@ AtspiStateType stateType(Accessible::State state)
 /// Takes over the text, which may be null.
 QString taken(char *text)
 {
-    const QString result = QString::fromUtf8(text);
+    QString result = QString::fromUtf8(text);
     g_free(text);
     return result;
 }
@@ -239,7 +239,7 @@ void Accessible::collect(const Condition &matches, qsizetype limit, QList<Access
 
 void Accessible::describe(QString &lines, int depth) const
 {
-    lines += QString(2 * depth, u' ') + roleName() + " \""_L1 + name() + "\"\n"_L1;
+    lines += QString(qsizetype{2} * depth, u' ') + roleName() + R"( ")"_L1 + name() + "\"\n"_L1;
     const QList<Accessible> below = children();
     for (const Accessible &child : below)
         child.describe(lines, depth + 1);

@@ -72,10 +72,10 @@ public:
 
     /// Controls below this one, in reading order.
     [[nodiscard]] QList<Accessible> findAll(const std::function<bool(const Accessible &)> &matches) const;
-    [[nodiscard]] QList<Accessible> findAll(Role role) const;
+    [[nodiscard]] QList<Accessible> findAll(Role wanted) const;
     /// The first of its role with this name, null if there is none.
-    [[nodiscard]] Accessible find(Role role, const QString &name) const;
-    [[nodiscard]] Accessible find(Role role) const;
+    [[nodiscard]] Accessible find(Role wanted, const QString &wantedName) const;
+    [[nodiscard]] Accessible find(Role wanted) const;
 
     /// The tree below this control as indented lines "role "name"", for reading when a test fails.
     [[nodiscard]] QString tree() const;

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <utility>
 
 #include <unistd.h>
 
@@ -50,7 +51,7 @@ bool MessageBox::press(const QString &button) const
     return dialog.find(Accessible::Role::Button, button).press();
 }
 
-Program::Program(const QString &executable) : m_executable(executable) { }
+Program::Program(QString executable) : m_executable(std::move(executable)) { }
 
 Program::~Program()
 {
@@ -79,7 +80,7 @@ bool Program::start(const QStringList &arguments)
     return true;
 }
 
-WindowId Program::waitForWindow()
+WindowId Program::waitForWindow() const
 {
     const Desktop desktop;
     WindowId window = 0;
@@ -92,7 +93,7 @@ WindowId Program::waitForWindow()
     return window;
 }
 
-WindowId Program::waitForWindow(const QString &title)
+WindowId Program::waitForWindow(const QString &title) const
 {
     const Desktop desktop;
     WindowId found = 0;
@@ -108,7 +109,7 @@ WindowId Program::waitForWindow(const QString &title)
     return found;
 }
 
-Accessible Program::accessible()
+Accessible Program::accessible() const
 {
     Accessible application;
     (void)QTest::qWaitFor( // a program that does not register is null
@@ -120,7 +121,7 @@ Accessible Program::accessible()
     return application;
 }
 
-MessageBox Program::waitForMessageBox()
+MessageBox Program::waitForMessageBox() const
 {
     const Accessible application = accessible();
     MessageBox box;

@@ -32,7 +32,7 @@ class Program
 public:
     static constexpr int patienceMs = 30000; ///< generous: sanitizers and a loaded machine are slow
 
-    explicit Program(const QString &executable);
+    explicit Program(QString executable);
     ~Program();
     Q_DISABLE_COPY_MOVE(Program)
 
@@ -42,6 +42,8 @@ public:
     void setEnvironment(const QString &name, const QString &value) { m_environment.insert(name, value); }
     void unsetEnvironment(const QString &name) { m_environment.remove(name); }
     void setWorkingDirectory(const QString &path) { m_process.setWorkingDirectory(path); }
+    /// For a program that writes more than a pipe holds while a test waits for its answer.
+    void discardErrors() { m_process.setStandardErrorFile(QProcess::nullDevice()); }
     /// Makes file permissions count even where tests run as root, who may otherwise read everything.
     void obeyFilePermissions() { m_bObeyPermissions = true; }
 
@@ -53,13 +55,13 @@ public:
     [[nodiscard]] qint64 processId() const { return m_processId; }
     [[nodiscard]] bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
     /// The oldest window of the process, as soon as it has one.
-    [[nodiscard]] WindowId waitForWindow();
+    [[nodiscard]] WindowId waitForWindow() const;
     /// The window with this title, as soon as there is one.
-    [[nodiscard]] WindowId waitForWindow(const QString &title);
+    [[nodiscard]] WindowId waitForWindow(const QString &title) const;
     /// The program as assistive technology sees it, as soon as it has registered.
-    [[nodiscard]] Accessible accessible();
+    [[nodiscard]] Accessible accessible() const;
     /// The modal box on show, as soon as there is one.
-    [[nodiscard]] MessageBox waitForMessageBox();
+    [[nodiscard]] MessageBox waitForMessageBox() const;
 
     // After it has ended.
 
