@@ -16,13 +16,16 @@ Place::Place()
 
 QString Place::page(const QString &name, QSize size) const
 {
-    const QString path = m_pictures.filePath(name);
+    QString path = m_pictures.filePath(name);
     if (!patternedPage(size).save(path))
         qFatal("Place - cannot write %s", qPrintable(path));
     return path;
 }
 
-ImageManagerProgram::ImageManagerProgram(const Place &place) : m_program(QStringLiteral(IM_PROGRAM))
+ImageManagerProgram::ImageManagerProgram(const Place &place) :
+    ImageManagerProgram(place, QStringLiteral(IM_PROGRAM)) { }
+
+ImageManagerProgram::ImageManagerProgram(const Place &place, const QString &executable) : m_program(executable)
 {
     m_program.setHome(place.home());
 }

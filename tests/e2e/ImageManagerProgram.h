@@ -38,6 +38,8 @@ class ImageManagerProgram
 {
 public:
     explicit ImageManagerProgram(const Place &place);
+    /// Started by another path than the usual one.
+    ImageManagerProgram(const Place &place, const QString &executable);
 
     [[nodiscard]] Program &process() { return m_program; }
     [[nodiscard]] Desktop &desktop() { return m_desktop; }

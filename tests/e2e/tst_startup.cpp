@@ -39,6 +39,7 @@ private slots:
 
     void withoutDisplayOneLineTellsWhy_data();
     void withoutDisplayOneLineTellsWhy();
+    void displayOfTheCommandLineCounts();
 };
 
 namespace {
@@ -311,6 +312,17 @@ void tst_startup::withoutDisplayOneLineTellsWhy()
     const QString errors = program.process().errors();
     QCOMPARE(errors.count(u'\n'), 1);
     QVERIFY2(errors.contains("DISPLAY"_L1), qPrintable(errors));
+}
+
+void tst_startup::displayOfTheCommandLineCounts()
+{
+    const Place place;
+    ImageManagerProgram program(place);
+
+    QVERIFY(program.start({u"-display"_s, u":99999"_s, place.page(u"a.bmp"_s)}));
+
+    QCOMPARE(program.process().waitForExit(), 1);
+    QCOMPARE(program.process().errors(), u"imagemanager: cannot reach an X server; set DISPLAY or use -display\n"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_startup)

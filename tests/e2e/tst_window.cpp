@@ -28,6 +28,7 @@ private slots:
     void resetLayoutBringsLabelsBackAndKeepsTheSize();
 
     void closingTheWindowEndsWithStatus0();
+    void closingWhileManyFilesOpenEndsWithStatus0();
     void exitEntryEndsWithStatus0();
     void closedTabLeavesTheOthers();
     void closeAllLeavesAnEmptyWindow();
@@ -126,7 +127,15 @@ void tst_window::enabledStateWithAnUnchangedDocument_data()
     QTest::newRow("View") << u"Reset Layout"_s << true;
     QTest::newRow("Zoom") << u"8:1"_s << true;
     QTest::newRow("Zoom") << u"1:16"_s << true;
+    QTest::newRow("Image") << u"Color Bit Depth"_s << true;
+    QTest::newRow("Image") << u"Invert"_s << true;
+    QTest::newRow("Image") << u"Brightness..."_s << true;
+    QTest::newRow("Image") << u"Contrast..."_s << true;
+    QTest::newRow("Image") << u"Rotate"_s << true;
+    QTest::newRow("Image") << u"Flip"_s << true;
+    QTest::newRow("Image") << u"Scale"_s << true;
     QTest::newRow("Image") << u"Crop"_s << false;
+    QTest::newRow("Image") << u"Properties..."_s << true;
 }
 
 void tst_window::enabledStateWithAnUnchangedDocument()
@@ -277,6 +286,16 @@ void tst_window::closingTheWindowEndsWithStatus0()
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.bmp"_s), place.page(u"b.bmp"_s)}));
+
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_window::closingWhileManyFilesOpenEndsWithStatus0()
+{
+    const Place place;
+    ImageManagerProgram program(place);
+    const QStringList paths(60, place.page(u"a.png"_s, QSize(2480, 3508)));
+    QVERIFY(program.start(paths));
 
     QCOMPARE(program.close(), 0);
 }
