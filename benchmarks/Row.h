@@ -37,6 +37,7 @@ struct Bar
         SecondsRatio, ///< job by yardstick, both in seconds
         BytesRatio, ///< job by yardstick, both in bytes
         BytesExcess, ///< job less yardstick in bytes; the goal is in MB of 10^6 bytes
+        Seconds, ///< the job alone in seconds; there is no yardstick
         Count, ///< the job's count; there is no yardstick
     };
 
@@ -60,6 +61,27 @@ struct Row
 
 /// Repainting, scrolling and selecting in the view, against bare widgets.
 [[nodiscard]] QList<Row> view_rows();
+
+/// Edits of a page with their snapshots, against the toolkit's own calls.
+[[nodiscard]] QList<Row> edit_rows();
+
+/// Snapshots, undo and redo.
+[[nodiscard]] QList<Row> history_rows();
+
+/// Opening and saving with the program running.
+[[nodiscard]] QList<Row> file_rows();
+
+/// Memory that edits and saves take.
+[[nodiscard]] QList<Row> memory_rows();
+
+/// The zoom of the main window, and its first answer to a command.
+[[nodiscard]] QList<Row> window_rows();
+
+/// Preview dialogs.
+[[nodiscard]] QList<Row> dialog_rows();
+
+/// Starts that find the program running, and what a first start reads.
+[[nodiscard]] QList<Row> start_rows();
 
 /// The rows of all groups, by number. A new group is declared above and added to its list.
 [[nodiscard]] QList<Row> all_rows();

@@ -1,5 +1,7 @@
 #include "StartedProgram.h"
 
+#include "process_memory.h"
+
 #include <QFile>
 
 #include <csignal>
@@ -59,12 +61,16 @@ double StartedProgram::age() const
 
 double StartedProgram::peakMemory() const
 {
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return 1024 * line.simplified().split(' ').value(1).toDouble();
-    }
-    return 0;
+    return peak_memory_of(pid);
+}
+
+std::optional<double> StartedProgram::secondsToEnd() const
+{
+    if (pid < 0)
+        return {};
+    siginfo_t ended{};
+    if (waitid(P_PID, static_cast<id_t>(pid), &ended, WEXITED | WNOWAIT) != 0)
+        return {};
+    const bool succeeded = ended.si_code == CLD_EXITED && ended.si_status == 0;
+    return succeeded ? std::optional(age()) : std::nullopt;
 }

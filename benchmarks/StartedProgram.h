@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <chrono>
+#include <optional>
 #include <sys/types.h>
 
 /// A program with a window, from its start to the end of this object, which kills it: viewers have nothing to save.
@@ -24,6 +25,10 @@ public:
 
     /// The most memory that was in use so far, in bytes; 0 if the system does not tell.
     [[nodiscard]] double peakMemory() const;
+
+    /// Waits until it ends by itself.
+    /// @return seconds since the start; nothing if it failed
+    [[nodiscard]] std::optional<double> secondsToEnd() const;
 
 private:
     std::chrono::steady_clock::time_point start;

@@ -35,6 +35,7 @@ namespace {
 
 constexpr QSize A4(4960, 7016);
 constexpr QSize A3(7016, 9921);
+constexpr int ManyPages = 20;
 
 struct TiffCloser
 {
@@ -137,44 +138,55 @@ QImage colourPage(QSize size, int dpi)
     return page;
 }
 
-/// A line of bits, 1 being black. The tones become the dots of a screen, as in print.
-std::vector<uchar> thresholdedLine(const QImage &page, int y, Noise &noise)
+/// How far the dots of a printing screen raise the limit between black and white at places 0 to @p count.
+std::vector<double> screenSwings(int count)
 {
     constexpr double cell = 12;
-    const auto swing = [](int at) { return std::cos(2 * std::numbers::pi * at / cell); };
+    std::vector<double> swings(static_cast<std::size_t>(count));
+    for (int at = 0; at < count; ++at)
+        swings[static_cast<std::size_t>(at)] = std::cos(2 * std::numbers::pi * at / cell);
+    return swings;
+}
+
+/// A line of bits, 1 being black. The tones become the dots of a screen, as in print.
+std::vector<uchar> thresholdedLine(const QImage &page, int y, const std::vector<double> &swings, Noise &noise)
+{
     std::vector<uchar> bits(static_cast<std::size_t>((page.width() + 7) / 8));
     const auto *const line = reinterpret_cast<const QRgb *>(page.constScanLine(y));
+    const double ySwing = swings[static_cast<std::size_t>(y)];
     for (int x = 0; x < page.width(); ++x) {
-        const int limit = 128 + static_cast<int>(50 * (swing(x) + swing(y))) + noise.next(8);
+        const int limit = 128 + static_cast<int>(50 * (swings[static_cast<std::size_t>(x)] + ySwing)) + noise.next(8);
         if (qGray(line[x]) < std::clamp(limit, 20, 235))
             bits[static_cast<std::size_t>(x / 8)] |= static_cast<uchar>(0x80 >> x % 8);
     }
     return bits;
 }
 
-TiffFile openTiff(const QString &path, QSize size, int bits, int samples)
+TiffFile openTiff(const QString &path)
 {
-    TiffFile file(TIFFOpen(QFile::encodeName(path).constData(), "w"));
-    if (!file)
-        return nullptr;
-    TIFFSetField(file.get(), TIFFTAG_IMAGEWIDTH, size.width());
-    TIFFSetField(file.get(), TIFFTAG_IMAGELENGTH, size.height());
-    TIFFSetField(file.get(), TIFFTAG_BITSPERSAMPLE, bits);
-    TIFFSetField(file.get(), TIFFTAG_SAMPLESPERPIXEL, samples);
-    TIFFSetField(file.get(), TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-    TIFFSetField(file.get(), TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-    TIFFSetField(file.get(), TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
-    TIFFSetField(file.get(), TIFFTAG_XRESOLUTION, 600.0);
-    TIFFSetField(file.get(), TIFFTAG_YRESOLUTION, 600.0);
-    return file;
+    return TiffFile(TIFFOpen(QFile::encodeName(path).constData(), "w"));
+}
+
+void setTags(TIFF *file, QSize size, int dpi, int bits, int samples)
+{
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, size.width());
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, size.height());
+    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, bits);
+    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, samples);
+    TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
+    TIFFSetField(file, TIFFTAG_XRESOLUTION, static_cast<double>(dpi));
+    TIFFSetField(file, TIFFTAG_YRESOLUTION, static_cast<double>(dpi));
 }
 
 bool writeColourTiff(const QString &path)
 {
     const QImage page = colourPage(A4, 600).convertToFormat(QImage::Format_RGB888);
-    const TiffFile file = openTiff(path, A4, 8, 3);
+    const TiffFile file = openTiff(path);
     if (!file)
         return false;
+    setTags(file.get(), A4, 600, 8, 3);
     TIFFSetField(file.get(), TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
     TIFFSetField(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_NONE);
     TIFFSetField(file.get(), TIFFTAG_ROWSPERSTRIP, 64);
@@ -187,22 +199,65 @@ bool writeColourTiff(const QString &path)
     return true;
 }
 
+/// The page of a file that is open, or the next one.
+bool writeBlackPage(TIFF *file, const QImage &page, int dpi, int compression, Noise &noise)
+{
+    setTags(file, page.size(), dpi, 1, 1);
+    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
+    TIFFSetField(file, TIFFTAG_COMPRESSION, compression);
+    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, page.height());
+    const std::vector<double> swings = screenSwings(std::max(page.width(), page.height()));
+    for (int y = 0; y < page.height(); ++y) {
+        std::vector<uchar> line = thresholdedLine(page, y, swings, noise);
+        if (TIFFWriteScanline(file, line.data(), static_cast<uint32_t>(y), 0) < 0)
+            return false;
+    }
+    return TIFFWriteDirectory(file) == 1;
+}
+
 bool writeBlackTiff(const QString &path)
 {
-    const QImage page = cleanPage(A4, Qt::white, BlackMark);
-    const TiffFile file = openTiff(path, A4, 1, 1);
-    if (!file)
-        return false;
-    TIFFSetField(file.get(), TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
-    TIFFSetField(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
-    TIFFSetField(file.get(), TIFFTAG_ROWSPERSTRIP, A4.height());
     Noise noise;
-    for (int y = 0; y < A4.height(); ++y) {
-        std::vector<uchar> line = thresholdedLine(page, y, noise);
-        if (TIFFWriteScanline(file.get(), line.data(), static_cast<uint32_t>(y), 0) < 0)
+    const TiffFile file = openTiff(path);
+    const QImage page = cleanPage(A4, Qt::white, BlackMark);
+    return file && writeBlackPage(file.get(), page, 600, COMPRESSION_CCITTFAX4, noise);
+}
+
+/// The noise goes on from page to page, so no two are alike.
+bool writeManyPages(const QString &path, int compression)
+{
+    Noise noise;
+    const TiffFile file = openTiff(path);
+    const QImage page = cleanPage(A4 / 2, Qt::white, BlackMark);
+    for (int i = 0; i < ManyPages; ++i) {
+        if (!file || !writeBlackPage(file.get(), page, 300, compression, noise))
             return false;
     }
     return true;
+}
+
+/// Hardly more than the mark, for the start of a window alone.
+bool writeMark(const QString &path)
+{
+    QImage picture(StripeWidth * (MarkStripes + 1), StripeHeight + StripeWidth, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    drawMark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, ColourMark);
+    painter.end();
+    return picture.save(path, "png");
+}
+
+/// Limits under which ImageMagick takes many pages at once. Those of its package are too low.
+bool writeLimits(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(R"(<policymap>
+  <policy domain="resource" name="memory" value="8GiB"/>
+  <policy domain="resource" name="map" value="8GiB"/>
+  <policy domain="resource" name="area" value="4GP"/>
+  <policy domain="resource" name="disk" value="8GiB"/>
+</policymap>
+)") > 0 && file.flush();
 }
 
 bool writeByToolkit(const QString &path, const char *format, const QImage &page)
@@ -227,6 +282,10 @@ const std::array inputs{
     Input{"a4_600_png/page.png", [](const QString &path) { return writeByToolkit(path, "png", colourPage(A4, 600)); }},
     Input{"a4_600_tiff/page.tif", writeColourTiff},
     Input{"a4_600_1bit_tiff/page.tif", writeBlackTiff},
+    Input{"pages_tiff/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_NONE); }},
+    Input{"pages_group4/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_CCITTFAX4); }},
+    Input{"mark/mark.png", writeMark},
+    Input{"imagemagick/policy.xml", writeLimits},
     Input{"a3_600_jpeg/page.jpg",
           [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A3, 600)); }},
 };

@@ -15,11 +15,14 @@ struct Mark
 constexpr Mark ColourMark{.first = 0xffff00ff, .second = 0xff00ffff};
 /// The mark of a 1-bit page.
 constexpr Mark BlackMark{.first = 0xff000000, .second = 0xffffffff};
+/// The same where all pages of a file are read, as they then come with black and white exchanged.
+constexpr Mark ExchangedMark{.first = 0xffffffff, .second = 0xff000000};
 
 constexpr int MarkStripes = 4;
 /// A stripe must come out at least this wide on the screen, in screen pixels: more than in any thumbnail.
 constexpr int LeastStripeWidth = 8;
-/// In image pixels. Four fit into the narrow first window of the program.
-constexpr int StripeWidth = 60;
-constexpr int LargeStripeWidth = 300;
+/// In image pixels. Four fit into the narrow first window of the program. Multiples of 16, so that the edges of the
+/// marks lie between the bytes of a 1-bit page.
+constexpr int StripeWidth = 64;
+constexpr int LargeStripeWidth = 304;
 constexpr int StripeHeight = 400;

@@ -57,17 +57,35 @@ double Stage::secondsUntilPainted(const std::function<void()> &step) const
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+double Stage::secondsUntilSettled(const std::function<void()> &step) const
+{
+    constexpr int quietTurns = 3;
+    const int before = count;
+    const auto start = std::chrono::steady_clock::now();
+    auto last = start;
+    step();
+    for (int quiet = 0; quiet < quietTurns || count == before; ++quiet) {
+        const int known = count;
+        QApplication::processEvents();
+        if (count != known) {
+            last = std::chrono::steady_clock::now();
+            quiet = 0;
+        }
+    }
+    return std::chrono::duration<double>(last - start).count();
+}
+
 bool Stage::eventFilter(QObject *watched, QEvent *event)
 {
     count += event->type() == QEvent::Paint ? 1 : 0;
     return QObject::eventFilter(watched, event);
 }
 
-void fit_viewport(ImageView &view, QSize size)
+void fit_viewport(QWidget &window, const QWidget &viewport, QSize size)
 {
     // A scroll bar that comes or goes takes several goes to settle.
     for (int i = 0; i < 4; ++i) {
-        view.resize(view.size() + size - view.viewport()->size());
+        window.resize(window.size() + size - viewport.size());
         QApplication::processEvents();
     }
 }

@@ -42,6 +42,9 @@ public:
     /// Seconds of @p step and of the painting that it asked for, which must come.
     [[nodiscard]] double secondsUntilPainted(const std::function<void()> &step) const;
 
+    /// The same up to the last painting, where one brings about another.
+    [[nodiscard]] double secondsUntilSettled(const std::function<void()> &step) const;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -49,8 +52,10 @@ private:
     int count = 0;
 };
 
-/// Makes the part of the view that shows the picture @p size large.
-void fit_viewport(ImageView &view, QSize size);
+/// Makes the part of a window that shows the picture @p size large.
+/// @param window    the view itself if it is a window
+/// @param viewport  the viewport of the view
+void fit_viewport(QWidget &window, const QWidget &viewport, QSize size);
 
 /// Gives the view a page as the main window does.
 void show_page(ImageView &view, const QImage &page);

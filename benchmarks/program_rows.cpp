@@ -4,6 +4,8 @@
 #include "Screen.h"
 #include "StartedProgram.h"
 
+#include <QTemporaryDir>
+
 #include <algorithm>
 #include <chrono>
 #include <memory>
@@ -30,6 +32,10 @@ constexpr Input Png{.path = "a4_600_png/page.png"};
 constexpr Input Tiff{.path = "a4_600_tiff/page.tif", .decodedBytes = 4 * A4Pixels};
 constexpr Input BlackTiff{.path = "a4_600_1bit_tiff/page.tif", .mark = BlackMark};
 constexpr Input LargeJpeg{.path = "a3_600_jpeg/page.jpg"};
+constexpr double ManyPagesBytes = 20 * 312.0 * 3508.0; ///< A4 at 300 dpi, lines of 2480 bits in whole words
+constexpr Input ManyPages{.path = "pages_tiff/pages.tif", .mark = BlackMark, .decodedBytes = ManyPagesBytes};
+constexpr Input ManyPagesGroup4{.path = "pages_group4/pages.tif", .mark = BlackMark};
+constexpr Input MarkAlone{.path = "mark/mark.png"};
 
 /// Polls until @p holds; the program under watch gets the processor.
 bool waitUntil(const StartedProgram &program, const std::function<bool()> &holds)
@@ -93,7 +99,7 @@ std::optional<double> bytesWithPicture(const QStringList &command, Mark mark, co
 /// Our own programs lie beside this one, the others in PATH.
 QString programPath(const QString &name, const Surroundings &surroundings)
 {
-    const bool isOurs = name == "imagemanager"_L1 || name == "bare_window"_L1;
+    const bool isOurs = name == "imagemanager"_L1 || name == "all_pages"_L1 || name == "bare_window"_L1;
     return isOurs ? surroundings.programs + u'/' + name : name;
 }
 
@@ -114,6 +120,38 @@ Bar startBar(const Input &input, const QString &peer, double goal)
 {
     return {peer, Bar::SecondsRatio, goal, openedBy(u"imagemanager"_s, input, secondsToPicture),
             openedBy(peer, input, secondsToPicture)};
+}
+
+/// The program reads all pages of a file where its dialog opens that, and so does all_pages.
+Side allPagesOf(Input input, Measure measure)
+{
+    input.mark = ExchangedMark;
+    return openedBy(u"all_pages"_s, input, measure);
+}
+
+Bar allPagesBar(const Input &input, const QString &peer, double goal)
+{
+    return {peer, Bar::SecondsRatio, goal, allPagesOf(input, secondsToPicture),
+            openedBy(peer, input, secondsToPicture)};
+}
+
+/// What decoding all pages and showing a window take by themselves.
+Side decodedAndBareWindow(const Input &input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const Round window = openedBy(u"bare_window"_s, MarkAlone, secondsToPicture).prepare(surroundings);
+        const auto directory = std::make_shared<QTemporaryDir>();
+        const QStringList command{u"tiffcp"_s, u"-c"_s, u"none"_s,
+                                  surroundings.inputs + u'/' + QString::fromLatin1(input.path),
+                                  directory->filePath(u"decoded.tif"_s)};
+        return [=]() -> std::optional<double> {
+            (void)directory; // goes with the last round
+            const std::optional<double> decoded = StartedProgram(command).secondsToEnd();
+            const std::optional<double> shown = window();
+            return decoded && shown ? std::optional(*decoded + *shown) : std::nullopt;
+        };
+    };
+    return {u"tiffcp -c none + bare_window"_s, Side::Here, prepare};
 }
 
 Bar memoryBar(const QString &name, const Input &input, const QString &peer, double goal)
@@ -154,6 +192,13 @@ QList<Row> program_rows()
         {6,
          u"start to picture, A4/600 1-bit TIFF"_s,
          {startBar(BlackTiff, u"feh"_s, 0.33), startBar(BlackTiff, u"mtpaint"_s, 0.60)}},
+        {7,
+         u"start to picture, 20 pages, all read"_s,
+         {allPagesBar(ManyPages, u"feh"_s, 1.0), allPagesBar(ManyPages, u"eog"_s, 0.15)}},
+        {8,
+         u"start to picture, 20 pages of group 4"_s,
+         {{u"tiffcp -c none + bare_window"_s, Bar::SecondsRatio, 1.0, allPagesOf(ManyPagesGroup4, secondsToPicture),
+           decodedAndBareWindow(ManyPagesGroup4)}}},
         {9, u"start to picture, A3/600 JPEG"_s, {startBar(LargeJpeg, u"feh"_s, 1.05)}},
         {10,
          u"our window's cost, A4/300 and A4/600 JPEG"_s,
@@ -165,5 +210,9 @@ QList<Row> program_rows()
         {45,
          u"peak memory, view A4/600 1 bit"_s,
          {memoryBar(u"feh"_s, BlackTiff, u"feh"_s, 0.18), memoryBar(u"mtpaint"_s, BlackTiff, u"mtpaint"_s, 0.85)}},
+        {46,
+         u"peak memory, 20 pages open"_s,
+         {{u"decoded bytes + bare_window"_s, Bar::BytesExcess, 5, allPagesOf(ManyPages, bytesWithPicture),
+           pageAndBareWindow(ManyPages)}}},
     };
 }

@@ -10,6 +10,7 @@ QString measured(Bar::Kind kind, double value)
 {
     switch (kind) {
     case Bar::SecondsRatio:
+    case Bar::Seconds:
         return QString::number(value * 1e3, 'f', value < 0.1 ? 3 : 0) + u" ms"_s;
     case Bar::BytesRatio:
     case Bar::BytesExcess:
@@ -28,6 +29,8 @@ QString compared(Bar::Kind kind, double value)
         return QString::number(value, 'f', value < 0.1 ? 3 : 2);
     case Bar::BytesExcess:
         return (value < 0 ? u"%1 MB"_s : u"+%1 MB"_s).arg(value, 0, 'f', 1);
+    case Bar::Seconds:
+        return measured(kind, value);
     case Bar::Count:
         break;
     }

@@ -62,6 +62,7 @@ double compared(Bar::Kind kind, double job, double yardstick)
         return job / yardstick;
     case Bar::BytesExcess:
         return (job - yardstick) / megabyte;
+    case Bar::Seconds:
     case Bar::Count:
         break;
     }

@@ -1,17 +1,16 @@
 // The view under the hand: repainting, scrolling and selecting, against bare widgets of the same size.
 
 #include "ImageView.h"
+#include "measured_pages.h"
 #include "painted_widgets.h"
 #include "Row.h"
 
 #include <QApplication>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -33,23 +32,6 @@ constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
 
 constexpr int StepsOfARound = 40;
 
-/// A page of one of the three depths.
-QImage loadPage(int depth, const Surroundings &surroundings)
-{
-    const char *const name = depth == 1 ? "a4_600_1bit_tiff/page.tif" : "a4_600_tiff/page.tif";
-    const QImage page = QImageReader(surroundings.inputs + u'/' + QString::fromLatin1(name)).read();
-    if (depth != 8)
-        return depth == 1 ? page : page.convertToFormat(QImage::Format_RGB32);
-
-    const QImage grey = page.convertToFormat(QImage::Format_Grayscale8);
-    QImage indexed(grey.size(), QImage::Format_Indexed8);
-    for (int i = 0; i < 256; ++i)
-        indexed.setColor(i, qRgb(i, i, i));
-    for (int y = 0; y < grey.height(); ++y)
-        std::memcpy(indexed.scanLine(y), grey.constScanLine(y), static_cast<std::size_t>(grey.width()));
-    return indexed;
-}
-
 /// Mean seconds of a repaint that is asked for and comes by the event loop, as those that follow the mouse do.
 double secondsOfRepaint(Stage &stage, QWidget &widget)
 {
@@ -70,7 +52,7 @@ struct ShownView
         show_page(view, page);
         (void)view.setZoomIndex(zoomIndex);
         stage.bringUp();
-        fit_viewport(view, viewportSize);
+        fit_viewport(view, *view.viewport(), viewportSize);
         if (view.viewport()->size() != viewportSize)
             qFatal("the picture has another size than that of the bare widget");
     }
@@ -92,7 +74,7 @@ struct ShownWidget
 Side viewRepaint(int depth, int zoomIndex, QSize size)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto shown = std::make_shared<ShownView>(loadPage(depth, surroundings), zoomIndex, size);
+        const auto shown = std::make_shared<ShownView>(load_page(depth, surroundings), zoomIndex, size);
         return [shown] {
             shown->stage.bringUp();
             return secondsOfRepaint(shown->stage, *shown->view.viewport());
@@ -119,7 +101,7 @@ Side pixmapRepaint(int zoomIndex, QSize size)
 {
     const double factor = Zooms.at(static_cast<std::size_t>(zoomIndex)).factor;
     return widgetRepaint(u"drawPixmap"_s, size, [=](const Surroundings &surroundings) {
-        const QPixmap pixmap = QPixmap::fromImage(loadPage(32, surroundings));
+        const QPixmap pixmap = QPixmap::fromImage(load_page(32, surroundings));
         const QRect covered(QPoint(0, 0), (QSizeF(pixmap.size()) * factor).toSize());
         const QRegion ground = QRegion(QRect(QPoint(0, 0), size)) - covered;
         return [=](QPainter &painter) {
@@ -143,7 +125,7 @@ Side plainFillRepaint(QSize size)
 Side drag(bool byHand, QSize size)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto shown = std::make_shared<ShownView>(loadPage(32, surroundings), NaturalSize, size);
+        const auto shown = std::make_shared<ShownView>(load_page(32, surroundings), NaturalSize, size);
         shown->view.OnToggleScroll(byHand);
         return [shown, size] {
             shown->stage.bringUp();
@@ -166,7 +148,7 @@ Side drag(bool byHand, QSize size)
 Side hover(QSize size)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto shown = std::make_shared<ShownView>(loadPage(32, surroundings), NaturalSize, size);
+        const auto shown = std::make_shared<ShownView>(load_page(32, surroundings), NaturalSize, size);
         return [shown, size]() -> std::optional<double> {
             shown->stage.bringUp();
             const int before = shown->stage.paintCount();

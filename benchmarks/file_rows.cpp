@@ -1,0 +1,190 @@
+// Opening and saving, against the toolkit's own calls and against other programs.
+
+#include "measured_pages.h"
+#include "plain_ways.h"
+#include "Row.h"
+#include "StartedProgram.h"
+
+#include <QFile>
+#include <QImageWriter>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Tiff = "a4_600_tiff/page.tif";
+constexpr auto ManyPages = "pages_tiff/pages.tif";
+constexpr auto ManyPagesGroup4 = "pages_group4/pages.tif";
+
+/// @param reused  another page of that size was closed before
+Side openSide(bool reused)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto former = std::make_shared<EditedPage>(load_page(32, surroundings));
+        return [=, path = input_path(Tiff, surroundings)] {
+            if (reused) {
+                former->beEdited();
+            } else {
+                former->beEmpty();
+            }
+            std::optional<ImageDocument> document; // outlives the measuring
+            return timed([&] {
+                document.emplace(path, u"TIFF"_s);
+                return !document->isEmpty();
+            });
+        };
+    };
+    return {u"ImageDocument"_s, Side::OwnProcess, prepare};
+}
+
+Side toolkitOpenSide()
+{
+    const auto prepare = [](const Surroundings &surroundings) -> Round {
+        return [path = input_path(Tiff, surroundings)] {
+            QImage image;
+            return timed([&] { return image.load(path); });
+        };
+    };
+    return {u"QImage::load"_s, Side::OwnProcess, prepare};
+}
+
+using LoadPage = std::function<QImage(const Surroundings &)>;
+
+QImage loadLargePage(const Surroundings &surroundings)
+{
+    return load_page(32, surroundings);
+}
+
+Side saveSide(const QString &format, const LoadPage &load)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto document = std::make_shared<ImageDocument>(QString(), QString());
+        if (!document->addPage(load(surroundings)))
+            qFatal("the document refused the page");
+        const auto files = std::make_shared<NewFiles>();
+        return [=] {
+            const QString path = files->next();
+            return timed([&] { return document->save(path, format); });
+        };
+    };
+    return {u"ImageDocument"_s, Side::OwnProcess, prepare};
+}
+
+using WritePage = std::function<bool(const QString &path, const QImage &page)>;
+
+Side plainSaveSide(const QString &name, const LoadPage &load, const WritePage &write)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto files = std::make_shared<NewFiles>();
+        return [=, page = load(surroundings)] {
+            const QString path = files->next();
+            return timed([&] { return write(path, page); });
+        };
+    };
+    return {name, Side::OwnProcess, prepare};
+}
+
+/// The bytes of the page's TIFF file.
+Side tiffBytesSide()
+{
+    const auto prepare = [](const Surroundings &surroundings) -> Round {
+        const auto files = std::make_shared<NewFiles>();
+        QFile file(files->next());
+        if (!save_tiff_plainly(file.fileName(), load_page(32, surroundings)) || !file.open(QIODevice::ReadOnly))
+            qFatal("cannot make the file");
+        return [=, bytes = file.readAll()] {
+            const QString path = files->next();
+            return timed([&] { return write_bytes(path, bytes); });
+        };
+    };
+    return {u"write(2)"_s, Side::OwnProcess, prepare};
+}
+
+Row saveRow(int number, const QString &format)
+{
+    const auto byWriter = [format](const QString &path, const QImage &page) {
+        return QImageWriter(path, format.toLatin1()).write(page);
+    };
+    return {number,
+            u"save as "_s + format,
+            {{u"QImageWriter"_s, Bar::SecondsRatio, 1.05, saveSide(format, load_small_page),
+              plainSaveSide(u"QImageWriter"_s, load_small_page, byWriter)}}};
+}
+
+/// Loads all pages and saves them uncompressed.
+Side rewriteSide(const char *input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto files = std::make_shared<NewFiles>();
+        return [=, path = input_path(input, surroundings)] {
+            const QString copy = files->next();
+            return timed([&] {
+                ImageDocument document(path, u"TIFF"_s);
+                return document.pageCount() > 1 && document.save(copy, u"TIFF"_s);
+            });
+        };
+    };
+    return {u"ImageDocument"_s, Side::OwnProcess, prepare};
+}
+
+/// Another program, from its start to its end.
+struct Command
+{
+    QString name;
+    QStringList words; ///< "%1" stands for the input, "%2" for the output, and "%3" for the directory of inputs
+};
+
+Side commandSide(const Command &command, const char *input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto files = std::make_shared<NewFiles>();
+        return [=, path = input_path(input, surroundings)] {
+            const QString copy = files->next();
+            QStringList words = command.words;
+            words.replaceInStrings(u"%1"_s, path)
+                .replaceInStrings(u"%2"_s, copy)
+                .replaceInStrings(u"%3"_s, surroundings.inputs);
+            return StartedProgram(words).secondsToEnd();
+        };
+    };
+    return {command.name, Side::Here, prepare};
+}
+
+Bar rewriteBar(const char *input, double goal, const Command &command)
+{
+    return {command.name, Bar::SecondsRatio, goal, rewriteSide(input), commandSide(command, input)};
+}
+
+} // namespace
+
+QList<Row> file_rows()
+{
+    const Command tiffcp{.name = u"tiffcp"_s, .words = {u"tiffcp"_s, u"-c"_s, u"none"_s, u"%1"_s, u"%2"_s}};
+    const Command vips{.name = u"vips"_s,
+                       .words = {u"vips"_s, u"tiffsave"_s, u"%1[n=-1]"_s, u"%2"_s, u"--bitdepth"_s, u"1"_s}};
+    // Called by its full name, as other programs are called "convert" too.
+    const Command imageMagick{.name = u"ImageMagick"_s,
+                              .words = {u"env"_s, u"MAGICK_CONFIGURE_PATH=%3/imagemagick"_s, u"convert-im6.q16"_s,
+                                        u"%1"_s, u"-compress"_s, u"None"_s, u"tiff:%2"_s}};
+    return {
+        {11,
+         u"open TIFF, 104 MB"_s,
+         {{u"QImage::load, first"_s, Bar::SecondsRatio, 0.80, openSide(false), toolkitOpenSide()},
+          {u"QImage::load, buffer reused"_s, Bar::SecondsRatio, 0.30, openSide(true), toolkitOpenSide()}}},
+        {30,
+         u"save TIFF"_s,
+         {{u"write(2)"_s, Bar::SecondsRatio, 2.2, saveSide(u"TIFF"_s, loadLargePage), tiffBytesSide()},
+          {u"plain scan-line loop"_s, Bar::SecondsRatio, 0.40, saveSide(u"TIFF"_s, loadLargePage),
+           plainSaveSide(u"plain loop"_s, loadLargePage, save_tiff_plainly)}}},
+        {33,
+         u"20 pages: load all + save all"_s,
+         {rewriteBar(ManyPages, 0.60, tiffcp), rewriteBar(ManyPages, 0.06, vips),
+          rewriteBar(ManyPages, 0.012, imageMagick)}},
+        {34, u"20 pages, group 4: load all + save all"_s, {rewriteBar(ManyPagesGroup4, 0.95, tiffcp)}},
+        saveRow(61, u"PNG"_s),
+        saveRow(62, u"JPEG"_s),
+        saveRow(63, u"BMP"_s),
+    };
+}

@@ -1,0 +1,180 @@
+// The main window under the hand: the zoom, and how soon a command shows that it has begun.
+
+#include "ImageDocumentView.h"
+#include "ImageManager.h"
+#include "measured_pages.h"
+#include "painted_widgets.h"
+#include "Row.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPainter>
+#include <QStatusBar>
+#include <QTabWidget>
+
+#include <array>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Tiff = "a4_600_tiff/page.tif";
+constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
+constexpr std::array ZoomNames{"8:1", "4:1", "2:1", "1:1", "1:2", "1:4", "1:8", "1:16"};
+constexpr int StepsOfARound = 10;
+
+/// The main window with a page.
+class PageWindow
+{
+public:
+    explicit PageWindow(const Surroundings &surroundings)
+    {
+        window.show();
+        if (!window.load_file(input_path(Tiff, surroundings), u"TIFF"_s, false))
+            qFatal("the window does not open the page");
+    }
+
+    [[nodiscard]] QAction *action(const QString &name) const { return window.findChild<QAction *>(name); }
+    [[nodiscard]] ImageDocumentView &view() const
+    {
+        return *qobject_cast<ImageDocumentView *>(window.findChild<QTabWidget *>()->currentWidget());
+    }
+
+    ImageManager window;
+};
+
+/// The main window, and how often it paints the page.
+struct WatchedWindow : PageWindow
+{
+    using PageWindow::PageWindow;
+
+    Stage stage{view().viewport()};
+};
+
+/// Steps to a zoom from the larger one beside it; to the largest from the smaller one.
+Side zoomSide(int index, QSize size)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto page = std::make_shared<WatchedWindow>(surroundings);
+        page->stage.bringUp();
+        while (page->view().zoomIndex() > 0)
+            page->action(u"view_zoom_in"_s)->trigger();
+        while (page->view().zoomIndex() < index)
+            page->action(u"view_zoom_out"_s)->trigger();
+        fit_viewport(page->window, *page->view().viewport(), size);
+        return [=] {
+            QAction *const there = page->action(index == 0 ? u"view_zoom_in"_s : u"view_zoom_out"_s);
+            QAction *const back = page->action(index == 0 ? u"view_zoom_out"_s : u"view_zoom_in"_s);
+            double seconds = 0;
+            for (int i = 0; i < StepsOfARound; ++i) {
+                back->trigger();
+                page->stage.bringUp();
+                seconds += page->stage.secondsUntilSettled([there] { there->trigger(); });
+            }
+            return seconds / StepsOfARound;
+        };
+    };
+    return {u"ImageManager"_s, Side::OwnProcess, prepare};
+}
+
+Side plainFillSide(QSize size)
+{
+    const auto prepare = [=](const Surroundings &) -> Round {
+        struct Filled
+        {
+            BareWidget widget;
+            Stage stage{&widget};
+
+            explicit Filled(QSize area) :
+                widget([area](QPainter &painter) { painter.fillRect(QRect(QPoint(0, 0), area), Qt::gray); })
+            {
+                widget.resize(area);
+            }
+        };
+        const auto filled = std::make_shared<Filled>(size);
+        return [filled] {
+            double seconds = 0;
+            for (int i = 0; i < StepsOfARound; ++i) {
+                filled->stage.bringUp();
+                seconds += filled->stage.secondsUntilSettled([&] { filled->widget.update(); });
+            }
+            return seconds / StepsOfARound;
+        };
+    };
+    return {u"plain fill"_s, Side::OwnProcess, prepare};
+}
+
+QList<Bar> zoomBars()
+{
+    QList<Bar> bars;
+    for (const QSize size : ViewportSizes) {
+        for (int i = 0; i < static_cast<int>(ZoomNames.size()); ++i) {
+            const QString zoom = QString::fromLatin1(ZoomNames.at(static_cast<std::size_t>(i)));
+            bars.append({u"plain fill, %1x%2 to %3"_s.arg(size.width()).arg(size.height()).arg(zoom), Bar::SecondsRatio,
+                         4.5, zoomSide(i, size), plainFillSide(size)});
+        }
+    }
+    return bars;
+}
+
+/// Waits for the moment in which a text of the status bar is painted while the window is disabled.
+class FirstStatus : public QObject
+{
+public:
+    explicit FirstStatus(QStatusBar *bar) : statusBar(bar) { statusBar->installEventFilter(this); }
+
+    /// Seconds of @p command until then; nothing if that moment did not come before the command was done.
+    template <typename Command> [[nodiscard]] std::optional<double> seconds(const Command &command)
+    {
+        shown.reset();
+        const auto start = std::chrono::steady_clock::now();
+        command();
+        return shown ? std::optional(std::chrono::duration<double>(*shown - start).count()) : std::nullopt;
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isStatus = event->type() == QEvent::Paint && !statusBar->currentMessage().isEmpty();
+        if (isStatus && !shown && !statusBar->isEnabled())
+            shown = std::chrono::steady_clock::now();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QStatusBar *statusBar;
+    std::optional<std::chrono::steady_clock::time_point> shown;
+};
+
+/// Crops the page, which needs no dialog, and undoes that.
+Side commandSide()
+{
+    const auto prepare = [](const Surroundings &surroundings) -> Round {
+        const auto page = std::make_shared<WatchedWindow>(surroundings);
+        const auto status = std::make_shared<FirstStatus>(page->window.statusBar());
+        return [=] {
+            QWidget *const viewport = page->view().viewport();
+            constexpr QPoint from(20, 20);
+            constexpr QPoint to(200, 200);
+            send_mouse(viewport, QEvent::MouseButtonPress, from, true);
+            send_mouse(viewport, QEvent::MouseMove, to, true);
+            send_mouse(viewport, QEvent::MouseButtonRelease, to, false);
+            page->window.statusBar()->clearMessage();
+            page->stage.bringUp();
+            const std::optional<double> seconds = status->seconds([&] { page->action(u"image_crop"_s)->trigger(); });
+            page->action(u"edit_undo"_s)->trigger();
+            return seconds;
+        };
+    };
+    return {u"ImageManager"_s, Side::OwnProcess, prepare};
+}
+
+} // namespace
+
+QList<Row> window_rows()
+{
+    return {
+        {37, u"zoom step, 32-bit page"_s, zoomBars()},
+        {43, u"command to disabled window and status text"_s, {{u"-"_s, Bar::Seconds, 0.050, commandSide(), {}}}},
+    };
+}
