@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <sched.h>
 #include <sys/mount.h>
@@ -65,4 +66,30 @@ private:
     QByteArray name;
     bool isMounted;
     bool isReadOnly;
+};
+
+/// A file of other bytes in the place of an existing one while the object lives.
+class StandInFile
+{
+public:
+    StandInFile(const QString &existingPath, const QByteArray &bytes) : name(QFile::encodeName(existingPath))
+    {
+        if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
+            return;
+        isMounted = leave_common_mounts()
+            && ::mount(QFile::encodeName(file.fileName()), name, nullptr, MS_BIND, nullptr) == 0;
+    }
+    ~StandInFile()
+    {
+        if (isMounted)
+            ::umount2(name, MNT_DETACH);
+    }
+    Q_DISABLE_COPY_MOVE(StandInFile)
+
+    [[nodiscard]] bool isReal() const { return isMounted; }
+
+private:
+    QTemporaryFile file;
+    QByteArray name;
+    bool isMounted = false;
 };
