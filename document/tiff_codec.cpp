@@ -73,7 +73,8 @@ bool readTags(TIFF *tif, PageTags &tags)
         TIFFGetField(tif, TIFFTAG_YRESOLUTION, &yResolution),
     };
     // The library keeps one mark for both resolutions, so the value tells which of them the file lacks.
-    return std::ranges::all_of(results, [](int result) { return result == 1; }) && xResolution != 0 && yResolution != 0;
+    const bool hasBothOrNeither = (xResolution == 0) == (yResolution == 0);
+    return std::ranges::all_of(results, [](int result) { return result == 1; }) && hasBothOrNeither;
 }
 
 QImage::Format formatFor(TIFF *tif, quint32 depth)

@@ -26,7 +26,7 @@ void setTags(TIFF *tif, const TiffPage &page)
     }
     for (const quint32 tag : {TIFFTAG_XRESOLUTION, TIFFTAG_YRESOLUTION}) {
         if (tag != page.withoutTag)
-            TIFFSetField(tif, tag, 300.0);
+            TIFFSetField(tif, tag, page.dotsPerInch);
     }
     if (page.fillOrder != 0)
         TIFFSetField(tif, TIFFTAG_FILLORDER, page.fillOrder);

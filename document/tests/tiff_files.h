@@ -23,6 +23,7 @@ struct TiffPage
     QList<quint16> reds{}; ///< colour map of 16 bits; none if empty
     QList<quint16> greens{};
     QList<quint16> blues{};
+    double dotsPerInch = 300;
     quint32 withoutTag = 0; ///< a tag that is left out; 0 for none
 };
 

@@ -26,6 +26,7 @@ private slots:
 
     void pageWithoutATagIsRefused_data();
     void pageWithoutATagIsRefused();
+    void resolutionOfNothingIsTaken();
     void tagsThatAreReadButNotLookedAt_data();
     void tagsThatAreReadButNotLookedAt();
     void paletteFileKeepsItsIndicesButNotItsColours();
@@ -140,6 +141,19 @@ void tst_tiff_reading::pageWithoutATagIsRefused()
 
     QVERIFY(document.isEmpty());
     QCOMPARE(document.loadStatus, 2);
+}
+
+void tst_tiff_reading::resolutionOfNothingIsTaken()
+{
+    const QImage image = patternedPage({16, 4});
+    TiffPage page = rgb_tiff_page(image);
+    page.dotsPerInch = 0;
+    write_tiff(path(), {page});
+
+    const ImageDocument document(path(), u"TIFF"_s);
+
+    QCOMPARE(document.pageCount(), 1U);
+    QVERIFY(comparePictures(document.page(1), image));
 }
 
 void tst_tiff_reading::tagsThatAreReadButNotLookedAt_data()
