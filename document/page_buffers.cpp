@@ -28,8 +28,6 @@ public:
 
     void giveBack(QImage memory)
     {
-        if (!isFit(memory))
-            return;
         spares.append(std::move(memory));
         while (spares.size() > 1 && spareBytes() > SmallSpareBytes)
             spares.removeFirst();

@@ -8,8 +8,8 @@
 ///
 /// A page made here is an image like any other. When its last copy is gone its memory becomes a spare,
 /// which serves the next page of about that size. There is one spare at most, or as many as stay within 32 MiB
-/// together, as those of many small pages do: an edit needs the old page and the new one, not a third. None is
-/// more than twice or less than half as large as the page asked for last.
+/// together, as those of many small pages do: an edit needs the old page and the new one, not a third. Asking for a
+/// page drops those that are more than twice or less than half as large.
 /// Pictures below SmallestPooledBytes, such as previews, neither use nor drop spares.
 ///
 /// Threads:   GUI thread only; the last copy of a page must end there too.

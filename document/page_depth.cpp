@@ -1,6 +1,8 @@
 #include "page_depth.h"
 
 #include "page_buffers.h"
+#include "page_colors.h"
+#include "two_halves.h"
 
 #include <QList>
 
@@ -50,16 +52,23 @@ WordTable words_of_bytes(const QImage &page)
 QImage widened(const QImage &page)
 {
     QImage result = new_page_like(page, page.size(), QImage::Format_RGB32);
+    if (result.isNull())
+        return result;
     const WordTable table = words_of_bytes(page);
+    uchar *const lines = result.bits();
     const int wholeBytes = page.width() / 8;
-    for (int y = 0; y < result.height(); ++y) {
-        const uchar *const bytes = page.constScanLine(y);
-        auto *words = reinterpret_cast<QRgb *>(result.scanLine(y));
-        for (int i = 0; i < wholeBytes; ++i, words += 8)
-            std::ranges::copy(table[bytes[i]], words);
-        if (page.width() % 8 != 0)
-            std::copy_n(table[bytes[wholeBytes]].begin(), page.width() % 8, words);
-    }
+    constexpr std::size_t worthwhilePixels = 100'000;
+    in_two_halves(static_cast<std::size_t>(page.height()), worthwhilePixels / static_cast<std::size_t>(page.width()),
+                  [&](std::size_t begin, std::size_t end) {
+                      for (int y = static_cast<int>(begin); y < static_cast<int>(end); ++y) {
+                          const uchar *const bytes = page.constScanLine(y);
+                          auto *words = reinterpret_cast<QRgb *>(lines + y * result.bytesPerLine());
+                          for (int i = 0; i < wholeBytes; ++i, words += 8)
+                              std::ranges::copy(table[bytes[i]], words);
+                          if (page.width() % 8 != 0)
+                              std::copy_n(table[bytes[wholeBytes]].begin(), page.width() % 8, words);
+                      }
+                  });
     return result;
 }
 
@@ -125,7 +134,8 @@ QImage converted_to_depth(const QImage &page, int depth)
     case 1:
         return adopt_page(page.convertToFormat(QImage::Format_MonoLSB));
     case 8:
-        return adopt_page(page.convertToFormat(QImage::Format_Indexed8));
+        return page.format() == QImage::Format_RGB32 ? indexed_page(page)
+                                                     : adopt_page(page.convertToFormat(QImage::Format_Indexed8));
     case 32:
         return page.depth() == 1 ? widened(page) : adopt_page(page.convertToFormat(QImage::Format_RGB32));
     default:

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr qsizetype WorthwhileBytes = qsizetype{512} * 1024; ///< of a page that is turned on two threads
+
 template <typename Pixel> const Pixel *pixel_line(const QImage &image, int y)
 {
     return reinterpret_cast<const Pixel *>(image.constScanLine(y));
@@ -53,15 +55,14 @@ template <typename Pixel> void turn_pixels(const QImage &source, QImage &result,
         }
     };
     const int rowsOfTiles = (result.height() + TileSide - 1) / TileSide;
-    constexpr std::size_t worthwhileTiles = 16;
-    const auto tilesOfRow = static_cast<std::size_t>((result.width() + TileSide - 1) / TileSide);
-    in_two_halves(static_cast<std::size_t>(rowsOfTiles), worthwhileTiles / tilesOfRow + 1,
-                  [&](std::size_t begin, std::size_t end) {
-                      for (int row = static_cast<int>(begin); row < static_cast<int>(end); ++row) {
-                          for (int left = 0; left < result.width(); left += TileSide)
-                              turnTile(left, row * TileSide);
-                      }
-                  });
+    const std::size_t worthwhile =
+        source.sizeInBytes() < WorthwhileBytes ? static_cast<std::size_t>(rowsOfTiles) + 1 : 0;
+    in_two_halves(static_cast<std::size_t>(rowsOfTiles), worthwhile, [&](std::size_t begin, std::size_t end) {
+        for (int row = static_cast<int>(begin); row < static_cast<int>(end); ++row) {
+            for (int left = 0; left < result.width(); left += TileSide)
+                turnTile(left, row * TileSide);
+        }
+    });
 }
 
 template <typename Pixel> void mirror_pixels(const QImage &source, QImage &result, bool horizontally, bool vertically)
@@ -132,13 +133,18 @@ template <QImage::Format Format> void turn_bits(const QImage &source, QImage &re
                                 columns);
     };
     constexpr int stripWidth = 256; // its lines of the result stay in the nearest cache until their next byte comes
-    for (int left = 0; left < source.width(); left += stripWidth) {
-        const int right = std::min(left + stripWidth, source.width());
-        for (int y = 0; y < source.height(); y += 8) {
-            for (int x = left; x < right; x += 8)
-                turnSquare(x, y);
+    const auto strips = static_cast<std::size_t>((source.width() + stripWidth - 1) / stripWidth);
+    const std::size_t worthwhile = source.sizeInBytes() < WorthwhileBytes ? strips + 1 : 0;
+    in_two_halves(strips, worthwhile, [&](std::size_t begin, std::size_t end) {
+        for (int left = static_cast<int>(begin) * stripWidth; left < static_cast<int>(end) * stripWidth;
+             left += stripWidth) {
+            const int right = std::min(left + stripWidth, source.width());
+            for (int y = 0; y < source.height(); y += 8) {
+                for (int x = left; x < right; x += 8)
+                    turnSquare(x, y);
+            }
         }
-    }
+    });
 }
 
 } // namespace

@@ -123,13 +123,15 @@ private slots:
         QCOMPARE(spare_page_bytes(), 0);
     }
 
-    void aPageMuchLargerThanTheOneThatReplacedItIsNotKept()
+    void aPageMuchLargerThanTheOneThatReplacedItIsKeptForTheNextOne()
     {
         QImage large = new_page(LargeSize, QImage::Format_RGB32);
         const QImage small = new_page(QSize(300, 300), QImage::Format_RGB32);
 
         large = {};
 
+        QCOMPARE(spare_page_bytes(), qsizetype{LargeSize.width()} * LargeSize.height() * 4);
+        const QImage nextSmall = new_page(QSize(300, 300), QImage::Format_RGB32);
         QCOMPARE(spare_page_bytes(), 0);
     }
 

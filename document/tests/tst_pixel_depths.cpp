@@ -22,6 +22,9 @@ QImage plainMono(const QImage &page)
     return mono;
 }
 
+/// The colour at a place of a page, counted along its lines, from a random number.
+using ColorOf = QRgb (*)(int place, quint32 noise);
+
 QImage onePixel(QRgb color)
 {
     QImage page(1, 1, QImage::Format_RGB32);
@@ -149,6 +152,43 @@ private slots:
 
         QCOMPARE(result.format(), QImage::Format_Indexed8);
         QCOMPARE(result.colorCount(), 256);
+    }
+
+    void depth8OfAColorPageEqualsTheToolkits_data()
+    {
+        QTest::addColumn<ColorOf>("colorOf");
+
+        QTest::newRow("noise") << ColorOf([](int /*place*/, quint32 noise) { return noise; });
+        QTest::newRow("greys") << ColorOf([](int /*place*/, quint32 noise) { return noise % 256 * 0x010101; });
+        QTest::newRow("256 colours") << ColorOf([](int place, quint32) { return QRgb(place % 256) * 0x010203; });
+        QTest::newRow("257 colours") << ColorOf([](int place, quint32) { return QRgb(place % 257) * 0x010203; });
+        QTest::newRow("dark") << ColorOf([](int /*place*/, quint32 noise) { return noise & 0x1f1f1f; });
+        QTest::newRow("light") << ColorOf([](int /*place*/, quint32 noise) { return noise | 0xe0e0e0; });
+        QTest::newRow("white, then noise")
+            << ColorOf([](int place, quint32 noise) { return place < 1500 ? 0xffffff : noise; });
+        // Errors below 0 are rounded away from it, so that they add up over a dark area.
+        QTest::newRow("noise, then black") << ColorOf([](int place, quint32 noise) { return place < 300 ? noise : 0; });
+    }
+
+    void depth8OfAColorPageEqualsTheToolkits()
+    {
+        QFETCH(const ColorOf, colorOf);
+        for (const QSize size : smallSizes() + QList{QSize(1000, 20), QSize(20, 1000)}) {
+            QImage page(size, QImage::Format_RGB32);
+            for (int y = 0; y < size.height(); ++y) {
+                auto *const words = reinterpret_cast<QRgb *>(page.scanLine(y));
+                for (int x = 0; x < size.width(); ++x) // the highest byte of a word stands for nothing
+                    words[x] = (colorOf(y * size.width() + x, random.generate()) & 0xffffff) | random.generate() << 24;
+            }
+            page.setDotsPerMeterX(1234);
+
+            const QImage result = converted_to_depth(page, 8);
+
+            const QImage expected = page.convertToFormat(QImage::Format_Indexed8);
+            QCOMPARE(result, expected);
+            QCOMPARE(result.colorTable(), expected.colorTable());
+            QCOMPARE(result.dotsPerMeterX(), 1234);
+        }
     }
 
     void depth8OfABitPageKeepsItsTwoColors()
