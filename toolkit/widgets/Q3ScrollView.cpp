@@ -3,6 +3,7 @@
 #include "CachedScrollBar.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -15,6 +16,13 @@
 namespace {
 
 constexpr int LineStep = 20; // pixels
+
+/// Asks a view to bring its bars up to date.
+QEvent::Type bars_event()
+{
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
 
 /// The start of a visible part of @p visible pixels, now at @p origin, that shows @p point.
 int origin_showing(int point, int margin, int origin, int visible, int contents)
@@ -52,16 +60,18 @@ Q3ScrollView::Q3ScrollView(QWidget *parent, const char *name, Qt::WindowFlags fl
     horizontalScrollBar()->setAccessibleName(tr("Horizontal scroll bar"));
     verticalScrollBar()->setSingleStep(LineStep);
     verticalScrollBar()->setAccessibleName(tr("Vertical scroll bar"));
-
-    m_barTimer.setSingleShot(true);
-    m_barTimer.setInterval(0);
-    connect(&m_barTimer, &QTimer::timeout, this, &Q3ScrollView::updateScrollBars);
 }
 
 void Q3ScrollView::resizeContents(int width, int height)
 {
     m_contents = QSize(width, height);
-    m_barTimer.start();
+    if (m_bBarsDue)
+        return;
+    m_bBarsDue = true;
+    // Showing or hiding a bar paints all contents again, so that comes before they are painted; else they come first.
+    const bool fits = visibleSizeWithBars() == viewport()->size();
+    QCoreApplication::postEvent(this, new QEvent(bars_event()),
+                                fits ? Qt::LowEventPriority - 1 : Qt::NormalEventPriority);
 }
 
 void Q3ScrollView::setContentsPos(int x, int y)
@@ -102,6 +112,15 @@ void Q3ScrollView::contentsWheelEvent(QWheelEvent *event)
     event->ignore();
 }
 
+bool Q3ScrollView::event(QEvent *event)
+{
+    if (event->type() != bars_event())
+        return QAbstractScrollArea::event(event);
+    if (m_bBarsDue)
+        updateScrollBars();
+    return true;
+}
+
 bool Q3ScrollView::viewportEvent(QEvent *event)
 {
     switch (event->type()) {
@@ -140,7 +159,7 @@ void Q3ScrollView::updateScrollBars()
 {
     if (m_bUpdatingBars)
         return; // showing a bar resizes the viewport, which comes back here
-    m_barTimer.stop();
+    m_bBarsDue = false;
     {
         const QScopedValueRollback updating(m_bUpdatingBars, true);
         const QSize visible = visibleSizeWithBars();
@@ -148,6 +167,8 @@ void Q3ScrollView::updateScrollBars()
         verticalScrollBar()->setPageStep(visible.height());
         horizontalScrollBar()->setRange(0, std::max(0, contentsWidth() - visible.width()));
         verticalScrollBar()->setRange(0, std::max(0, contentsHeight() - visible.height()));
+        // Shows and hides the bars now; the base class itself would wait until the contents have been painted.
+        setVerticalScrollBarPolicy(verticalScrollBarPolicy());
     }
     moveContents(contentsX(), contentsY());
     showPositionInBars();

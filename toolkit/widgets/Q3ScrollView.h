@@ -3,7 +3,6 @@
 #include <QAbstractScrollArea>
 #include <QPoint>
 #include <QSize>
-#include <QTimer>
 
 /// A framed window onto contents that may be larger than it, with scroll bars that show when needed.
 ///
@@ -66,6 +65,7 @@ protected:
     /// Ignored by default; an ignored event goes to the scroll bar of its direction.
     virtual void contentsWheelEvent(QWheelEvent *event);
 
+    bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -80,7 +80,7 @@ private:
     [[nodiscard]] bool forwardContextMenuEvent(QContextMenuEvent *event);
     [[nodiscard]] bool forwardWheelEvent(QWheelEvent *event);
 
-    QTimer m_barTimer; ///< runs while the bars do not fit the contents yet
+    bool m_bBarsDue = false; ///< the bars do not fit the contents yet
     QSize m_contents;
     QPoint m_offset;
     bool m_bUpdatingBars = false; ///< changes of the bars come from here, not from the user

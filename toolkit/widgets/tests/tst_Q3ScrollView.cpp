@@ -14,11 +14,13 @@ public:
     using Q3ScrollView::Q3ScrollView;
 
     int repaints = 0;
+    QList<QSize> paintedSizes; ///< of the viewport
 
 protected:
     void paintEvent(QPaintEvent *event) override
     {
         ++repaints;
+        paintedSizes.append(viewport()->size());
         Q3ScrollView::paintEvent(event);
     }
 };
@@ -54,6 +56,7 @@ private slots:
     void scrollBarsHaveAccessibleNames();
     void contentsSizeIsStoredAtOnceAndBarsFollow();
     void barsShowOnlyWhenNeeded();
+    void contentsArePaintedOnceTheBarsAreThere();
     void oneBarCallsForTheOther_data();
     void oneBarCallsForTheOther();
     void contentsThatShrinkPullThePositionBackLater();
@@ -142,6 +145,21 @@ void tst_Q3ScrollView::barsShowOnlyWhenNeeded()
     QTRY_VERIFY(!view->horizontalScrollBar()->isVisible());
     QVERIFY(!view->verticalScrollBar()->isVisible());
     QCOMPARE(view->viewport()->size(), view->size() - frame(*view));
+}
+
+void tst_Q3ScrollView::contentsArePaintedOnceTheBarsAreThere()
+{
+    QTRY_VERIFY(view->repaints > 0);
+    const QSize inside = view->size() - frame(*view);
+    for (const QSize contents : {QSize(50, 50), QSize(400, 300)}) { // the bars go, and come back
+        view->paintedSizes.clear();
+
+        view->resizeContents(contents.width(), contents.height());
+        view->viewport()->update();
+
+        QTRY_VERIFY(!view->paintedSizes.isEmpty());
+        QCOMPARE(view->paintedSizes.first(), contents.width() < Visible.width() ? inside : Visible);
+    }
 }
 
 void tst_Q3ScrollView::oneBarCallsForTheOther_data()
