@@ -1,6 +1,7 @@
 #include "Thumbnail.h"
 
 #include <QPainter>
+#include <QPaintEvent>
 
 #include <algorithm>
 
@@ -41,6 +42,7 @@ Thumbnail::Thumbnail(const QImage &image, QWidget *parent, const char *name, Qt:
 {
     setObjectName(QString::fromLatin1(name));
     resize(QSize(Side, Side));
+    setAttribute(Qt::WA_OpaquePaintEvent); // a new picture does not have all that is behind it painted again
 }
 
 bool Thumbnail::convert(ImageTransform transform, const int *parameter)
@@ -72,11 +74,10 @@ QSize Thumbnail::minimumSizeHint() const
     return sizeHint();
 }
 
-void Thumbnail::paintEvent(QPaintEvent * /*event*/)
+void Thumbnail::paintEvent(QPaintEvent *event)
 {
-    if (m_pixmap.isNull())
-        return;
-
     QPainter painter(this);
-    painter.drawPixmap((Side - 1 - m_pixmap.width()) / 2, (Side - 1 - m_pixmap.height()) / 2, m_pixmap);
+    painter.fillRect(event->rect(), palette().window());
+    if (!m_pixmap.isNull())
+        painter.drawPixmap((Side - 1 - m_pixmap.width()) / 2, (Side - 1 - m_pixmap.height()) / 2, m_pixmap);
 }

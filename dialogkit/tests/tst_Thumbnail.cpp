@@ -22,6 +22,7 @@ private slots:
     void showsNothingBeforeTheFirstTransformation();
     void showsTheResultInItsMiddle_data();
     void showsTheResultInItsMiddle();
+    void showsItsOwnGroundAroundAndThroughThePicture();
     void handsTheParameterOn();
     void worksOnItsCopyEachTimeAnew();
     void repaintsAfterATransformation();
@@ -191,6 +192,19 @@ void tst_Thumbnail::showsTheResultInItsMiddle()
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
 
     QCOMPARE(areaOf(shownBy(thumbnail), Red), area);
+}
+
+void tst_Thumbnail::showsItsOwnGroundAroundAndThroughThePicture()
+{
+    QImage clear(500, 1000, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    Thumbnail thumbnail(clear);
+    thumbnail.setPalette(QPalette(Qt::green));
+
+    QVERIFY(thumbnail.convert(trans_copy, nullptr));
+
+    const QRgb ground = thumbnail.palette().color(QPalette::Window).rgb();
+    QCOMPARE(areaOf(shownBy(thumbnail), ground), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::handsTheParameterOn()
