@@ -20,7 +20,7 @@ constexpr std::array<const char *, 4> Catalogues{"ImageManager", "imageview", "u
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     // A start by another path is another application.
     const QString id = QFileInfo(QString::fromUtf8(argv[0])).absoluteFilePath();

@@ -8,7 +8,7 @@
 
 #include <QApplication>
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(applicationIcon());

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     return 0;

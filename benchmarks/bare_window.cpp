@@ -47,7 +47,7 @@ void addCommands(QMainWindow &window)
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QImageReader::setAllocationLimit(0);

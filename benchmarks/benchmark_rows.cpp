@@ -67,7 +67,7 @@ int serve(const QStringList &address, const Surroundings &surroundings)
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     QImageReader::setAllocationLimit(0);

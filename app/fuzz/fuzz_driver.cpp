@@ -79,7 +79,7 @@ private:
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     std::ifstream file(argc == 3 ? argv[2] : "");
     const std::string seed(std::istreambuf_iterator<char>(file), {});

@@ -112,7 +112,7 @@ bool write_source(const QString &fileName, const std::vector<NamedPicture> &tool
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     if (argc != 3) {
         std::fputs("usage: embed_icons DRAWINGS_DIRECTORY RESULT.cpp\n", stderr);

@@ -24,7 +24,7 @@ bool make_all(const QDir &directory)
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // fonts are wanted, windows are not
     const QGuiApplication application(argc, argv);
