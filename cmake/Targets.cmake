@@ -49,6 +49,9 @@ function(im_add_test name)
     add_executable(${name} tests/${name}.cpp ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINKS} Qt6::Test im_options)
     im_use_precompiled_headers(${name} TEST)
+    # Most tests have nothing in this file: the headers would take all of its time.
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp
+        PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     target_compile_definitions(${name} PRIVATE IM_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
     set(command $<TARGET_FILE:${name}>)
     if(arg_X11)
