@@ -56,8 +56,6 @@ std::int32_t number(const char *value)
 void take_vendor(const char *value)
 {
     copy_str(actx.vendor, value, sizeof actx.vendor);
-    str_lower(actx.vendor, actx.vendor_lc, sizeof actx.vendor_lc);
-    str_upper(actx.vendor, actx.vendor_uc, sizeof actx.vendor_uc);
 }
 
 void take_url(const char *value)
@@ -102,12 +100,13 @@ const Key *key_at_end(std::string_view text, const Key *end)
     return std::find_if(Keys.begin(), end, [text](const Key &key) { return text.ends_with(key.name); });
 }
 
-void take_line(std::string_view line)
+/// @return the key that the line has; Keys.end() if none
+const Key *take_line(std::string_view line)
 {
     // A key ends in its only "=": looking at these alone passes over most of a line, and over most lines.
     std::size_t sign = line.find('=');
     if (sign == std::string_view::npos)
-        return;
+        return Keys.end();
     line = line.substr(0, std::min(line.find('\0'), line.find('\n')));
 
     const Key *best = Keys.end();
@@ -119,10 +118,11 @@ void take_line(std::string_view line)
         }
     }
     if (best == Keys.end())
-        return;
+        return best;
     std::array<char, LongestLine + 1> text;
     *std::copy(value.begin(), value.end(), text.begin()) = '\0';
     best->take(text.data());
+    return best;
 }
 
 } // namespace
@@ -138,8 +138,15 @@ int read_oem_ini(const char *path)
     actx.parport = actx.portplugin = actx.scanner = actx.update_printer_group = 1;
     actx.model_count = actx.plugin_count = 0;
     LineReader lines(file.get());
-    for (std::string_view line = lines.next(); !line.empty(); line = lines.next())
-        take_line(line);
+    bool hasVendor = false;
+    for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
+        const Key *const key = take_line(line);
+        hasVendor |= key != Keys.end() && key->take == take_vendor;
+    }
+    if (hasVendor) { // the last one stands
+        str_lower(actx.vendor, actx.vendor_lc, sizeof actx.vendor_lc);
+        str_upper(actx.vendor, actx.vendor_uc, sizeof actx.vendor_uc);
+    }
     (void)dump_actx(&actx);
     return 0;
 }
