@@ -39,6 +39,7 @@ private slots:
     void saveOfWhichOnlyAPartReachedTheDiskFails();
     void lastErrorIsForgottenByTheNextSave();
 
+    void documentWithoutPagesCopiesItsFile_data();
     void documentWithoutPagesCopiesItsFile();
     void copyOntoItselfKeepsTheFile();
     void copyToAPlaceThatCannotBeOpenedAnswersTrue();
@@ -225,8 +226,19 @@ void tst_ImageDocument_save::lastErrorIsForgottenByTheNextSave()
     QCOMPARE(document->lastError, QString());
 }
 
+void tst_ImageDocument_save::documentWithoutPagesCopiesItsFile_data()
+{
+    QTest::addColumn<QString>("word");
+
+    QTest::newRow("of no writer") << u"any word"_s;
+    QTest::newRow("ppm") << u"ppm"_s;
+    QTest::newRow("TIFF") << u"TIFF"_s;
+    QTest::newRow("PNG") << u"PNG"_s;
+}
+
 void tst_ImageDocument_save::documentWithoutPagesCopiesItsFile()
 {
+    QFETCH(const QString, word);
     QByteArray bytes(200001, '\0');
     for (qsizetype i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<char>(i * 7 + i / 251);
@@ -235,7 +247,7 @@ void tst_ImageDocument_save::documentWithoutPagesCopiesItsFile()
     document.fileInfo.setFile(path(u"a.bin"_s));
     const QSignalSpy spy(&document, &ImageDocument::modifiedStateChanged);
 
-    QVERIFY(document.save(path(u"Kopie ü.ppm"_s), u"any word"_s));
+    QVERIFY(document.save(path(u"Kopie ü.ppm"_s), word));
 
     QCOMPARE(file_bytes(path(u"Kopie ü.ppm"_s)), bytes);
     QCOMPARE(document.filePath(), path(u"a.bin"_s));

@@ -208,10 +208,20 @@ private slots:
         QCOMPARE(result[2] >> 24, 0xffU);
     }
 
+    void aSinglePixelOfOneEndsTheProcessByDivisionByZero_data()
+    {
+        QTest::addColumn<QRgb>("color");
+
+        QTest::newRow("red") << qRgb(1, 50, 50);
+        QTest::newRow("green") << qRgb(50, 1, 50);
+        QTest::newRow("blue") << qRgb(50, 50, 1);
+    }
+
     void aSinglePixelOfOneEndsTheProcessByDivisionByZero()
     {
+        QFETCH(const QRgb, color);
         QImage image(1, 1, QImage::Format_RGB32);
-        image.fill(qRgb(50, 1, 50));
+        image.fill(color);
 
         QCOMPARE(signalThatEndsContrastOf(image), SIGFPE);
     }

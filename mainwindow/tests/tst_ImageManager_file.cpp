@@ -196,9 +196,11 @@ private slots:
     void saveAllCanMergeAllPagesIntoOneFileAndLeavesTheTabs()
     {
         WindowFixture fixture;
+        QStringList formats;
         for (const QString &name : {u"a.png"_s, u"b.png"_s, u"c.png"_s}) {
             QVERIFY(fixture.open(name));
             QVERIFY(fixture.currentView()->document()->addPage(patternedPage(QSize(20, 10))));
+            formats.append(fixture.currentView()->document()->imgFormat());
         }
         const QString path = fixture.home.filePath(u"all.tiff"_s);
         const NextFileDialog dialog([&path](QFileDialog &chooser) {
@@ -213,6 +215,13 @@ private slots:
         QCOMPARE(merged.page(1).size(), QSize(64, 48));
         QCOMPARE(merged.page(6).size(), QSize(20, 10));
         QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png*"_s, u"c.png*"_s}));
+        for (int i = 0; i < fixture.tabs()->count(); ++i) {
+            const ImageDocument &document = *fixture.view(i)->document();
+            QCOMPARE(document.pageCount(), 2U);
+            QCOMPARE(document.page(1).size(), QSize(64, 48));
+            QCOMPARE(document.filePath(), fixture.home.filePath(fixture.titles().at(i).chopped(1)));
+            QCOMPARE(document.imgFormat(), formats.at(i));
+        }
     }
 
     void closingAModifiedDocumentAsks_data()

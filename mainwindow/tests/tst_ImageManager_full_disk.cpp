@@ -243,6 +243,22 @@ private slots:
         QVERIFY(comparePictures(page_of(fixture), page));
     }
 
+    void suchAnUndoOfSeveralEditsGoesToTheNewestSnapshot()
+    {
+        SmallHomeFixture fixture(disk);
+        QVERIFY(fixture.open(u"a.png"_s));
+        edit(fixture, u"image_invert"_s);
+        const QImage beforeTheLast = page_of(fixture);
+        edit(fixture, u"rotate_cw"_s);
+        const Filler filler(disk, 2);
+        const NextBox box = answerNextBox(QMessageBox::No);
+
+        undo(fixture);
+        QVERIFY(comparePictures(page_of(fixture), beforeTheLast));
+        fixture.action(u"edit_redo"_s)->trigger();
+        QVERIFY(comparePictures(page_of(fixture), beforeTheLast));
+    }
+
     void anEditAfterSuchAnUndoDeletesTheWholeHistory()
     {
         SmallHomeFixture fixture(disk);

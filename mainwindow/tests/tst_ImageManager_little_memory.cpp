@@ -55,6 +55,10 @@ private slots:
         QTest::newRow("the reserve") << QByteArray("MemFree: 51200 kB\nSwapFree: 0 kB\n") << 10 << 10;
         // 51260 kB: 5249024 - 5242880 = 6144 pixels, twice the page; the root of 2 on a tenth is 1.4.
         QTest::newRow("two pages") << QByteArray("MemFree: 51260 kB\nSwapFree: 0 kB\n") << 20 << 14;
+        // The same 51260 kB: as swap; as 4 tenths of the buffers less 8192; as 8 tenths of the cache less 24576.
+        QTest::newRow("two pages of swap") << QByteArray("MemFree: 0 kB\nSwapFree: 51260 kB\n") << 20 << 14;
+        QTest::newRow("two pages of buffers") << QByteArray("Buffers: 148630 kB\n") << 20 << 14;
+        QTest::newRow("two pages of cache") << QByteArray("Cached: 94795 kB\n") << 20 << 14;
         QTest::newRow("plenty") << QByteArray("MemFree: 4000000 kB\nSwapFree: 0 kB\n") << 30 << 30;
     }
 

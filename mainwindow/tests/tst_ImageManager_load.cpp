@@ -1,5 +1,6 @@
 #include "NextBox.h"
 #include "NextFileDialog.h"
+#include "Q3Canvas.h"
 #include "WindowFixture.h"
 
 #include <QFile>
@@ -19,6 +20,20 @@ QString sparse_file(const WindowFixture &fixture, const QString &name, qint64 si
     if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
         qFatal("cannot make %s", qPrintable(name));
     return file.fileName();
+}
+
+/// Writes three pages, 101, 102 and 103 pixels wide.
+QString multipage_file(const WindowFixture &fixture)
+{
+    ImageDocument document({}, {});
+    for (const int width : {101, 102, 103}) {
+        if (!document.addPage(patternedPage(QSize(width, 80))))
+            qFatal("cannot add a page");
+    }
+    QString path = fixture.home.filePath(u"scan.tif"_s);
+    if (!document.save(path, u"TIFF"_s))
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
 }
 
 } // namespace
@@ -51,6 +66,37 @@ private slots:
         QVERIFY(fixture.window.load_file(path, {}, false));
 
         QCOMPARE(fixture.titles(), (QStringList{u"a.png"_s, u"a.png"_s}));
+        fixture.view(1)->document()->setModified(true);
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png"_s, u"a.png*"_s}));
+        fixture.view(0)->document()->setModified(true);
+        fixture.view(1)->document()->setModified(false);
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"a.png"_s}));
+    }
+
+    void aFileOfThreePagesShowsItsLastOneAsPage1()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.window.load_file(multipage_file(fixture), u"TIFF"_s, false));
+
+        QCOMPARE(fixture.titles(), QStringList{u"scan.tif"_s});
+        QCOMPARE(fixture.currentView()->document()->pageCount(), 3U);
+        QCOMPARE(fixture.currentView()->currentPage(), 1U);
+        QCOMPARE(fixture.currentView()->canvas()->size(), QSize(103, 80));
+    }
+
+    void aFileThatBreaksOffAfterItsFirstPagesOpensWithThose()
+    {
+        WindowFixture fixture;
+        const QString path = multipage_file(fixture);
+        QFile file(path);
+        QVERIFY(file.resize(file.size() - 100)); // its end tells where the last page is
+
+        QVERIFY(fixture.window.load_file(path, u"TIFF"_s, false));
+
+        QCOMPARE(fixture.titles(), QStringList{u"scan.tif"_s});
+        QVERIFY(fixture.currentView()->document()->isModified());
+        QCOMPARE(fixture.currentView()->document()->pageCount(), 2U);
+        QCOMPARE(fixture.currentView()->canvas()->size(), QSize(102, 80));
     }
 
     void aTemporaryFileBecomesAnUnnamedDocumentThatCountsEveryLoad()

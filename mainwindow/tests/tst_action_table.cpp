@@ -236,6 +236,22 @@ private slots:
         for (const QIcon::State state : {QIcon::Off, QIcon::On})
             QTEST(action.icon().pixmap(QSize(24, 24), mode, state).toImage().pixelColor(12, 12), "color");
     }
+
+    void aMissingPictureLeavesItsModeWithout()
+    {
+        QPixmap gray(24, 24);
+        gray.fill(Qt::darkGray);
+        const QPixmap missing = embeddedPixmap(u"no_such_picture"_s);
+        QAction action;
+
+        applyIconRecord(&action, missing, gray, missing);
+        QCOMPARE(action.icon().availableSizes(QIcon::Normal), QList<QSize>{QSize(24, 24)});
+        QCOMPARE(action.icon().pixmap(QSize(24, 24), QIcon::Active).toImage().pixelColor(12, 12), QColor(Qt::darkGray));
+
+        QAction bare;
+        applyIconRecord(&bare, missing, missing, missing);
+        QVERIFY(bare.icon().isNull());
+    }
 };
 
 QTEST_MAIN(tst_action_table)

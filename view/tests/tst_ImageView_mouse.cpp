@@ -202,6 +202,18 @@ private slots:
         QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
     }
 
+    void aRightReleaseOverTheSelectionShowsTheOpenHand()
+    {
+        ViewFixture fixture(QSize(200, 150));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+        fixture.move(QPoint(150, 120));
+        QCOMPARE(fixture.view.cursor().shape(), Qt::ArrowCursor);
+
+        fixture.release(QPoint(40, 50), Qt::RightButton);
+
+        QVERIFY(shows_open_hand(fixture.view));
+    }
+
     void pointsAreImagePixelsAtEveryZoom()
     {
         ViewFixture fixture(QSize(100, 80));
@@ -355,6 +367,18 @@ private slots:
         QVERIFY(shows_open_hand(fixture.view));
 
         QVERIFY(!fixture.view.hasSelection());
+    }
+
+    void aRightPressDoesNotTakeHoldOfThePicture()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.OnToggleScroll(true);
+
+        fixture.press(QPoint(100, 100), Qt::RightButton);
+        QVERIFY(shows_open_hand(fixture.view));
+        fixture.move(QPoint(70, 60));
+
+        QCOMPARE(contents_position(fixture.view), QPoint(0, 0));
     }
 
     void theHandStopsAtTheEndsOfThePicture()

@@ -176,6 +176,10 @@ private slots:
         // On the crossed line itself the zones decide, the top left corner first.
         QCOMPARE(selection.rubber.hitTest(QPoint(102, 125), 16.0), int{Qt::SizeFDiagCursor});
         QCOMPARE(selection.rubber.mode(), 2);
+        // Beyond the top left zone, which ends at 148, the bottom right one comes before the other two corners.
+        QCOMPARE(selection.rubber.hitTest(QPoint(148, 149), 16.0), int{Qt::SizeFDiagCursor});
+        QCOMPARE(selection.rubber.hitTest(QPoint(149, 120), 16.0), int{Qt::SizeFDiagCursor});
+        QCOMPARE(selection.rubber.hitTest(QPoint(101, 149), 16.0), int{Qt::SizeBDiagCursor});
     }
 
     void aGripMovesItsSides_data()
@@ -204,6 +208,12 @@ private slots:
         QTest::newRow("right past the left side") << QPoint(60, 35) << QPoint(3, 35) << corners(20, 20, 23, 50);
         QTest::newRow("top past the bottom") << QPoint(40, 20) << QPoint(40, 75) << corners(20, 47, 60, 50);
         QTest::newRow("bottom past the top") << QPoint(40, 50) << QPoint(40, 2) << corners(20, 20, 60, 23);
+        QTest::newRow("top left past both") << QPoint(20, 20) << QPoint(90, 75) << corners(57, 47, 60, 50);
+        QTest::newRow("top right past both") << QPoint(60, 20) << QPoint(3, 75) << corners(20, 47, 23, 50);
+        QTest::newRow("bottom right past both") << QPoint(60, 50) << QPoint(3, 2) << corners(20, 20, 23, 23);
+        QTest::newRow("bottom left past both") << QPoint(20, 50) << QPoint(90, 2) << corners(57, 20, 60, 23);
+        QTest::newRow("top left off the canvas") << QPoint(20, 20) << QPoint(-9, -9) << corners(0, 0, 60, 50);
+        QTest::newRow("bottom right off the canvas") << QPoint(60, 50) << QPoint(140, 140) << corners(20, 20, 99, 79);
     }
 
     void aGripMovesItsSides()
