@@ -253,6 +253,8 @@ void tst_ImageDocument_save::documentWithoutPagesCopiesItsFile()
     QCOMPARE(document.filePath(), path(u"a.bin"_s));
     QCOMPARE(document.imgFormat(), QString());
     QCOMPARE(spy.size(), 0);
+    QVERIFY(!document.save(path(u"no word.ppm"_s), {}));
+    QVERIFY(!QFile::exists(path(u"no word.ppm"_s)));
 }
 
 void tst_ImageDocument_save::copyOntoItselfKeepsTheFile()
