@@ -538,6 +538,7 @@ private slots:
         instance->application.startListening(true);
         const XWindowId stranger = m_peer.makeWindow();
         XSelectInput(m_peer.display(), listener(), PropertyChangeMask);
+        XSync(m_peer.display(), False); // or the window would be gone before anyone asks for its changes
 
         instance.reset();
 

@@ -16,6 +16,10 @@
 #include <pwd.h>
 #include <unistd.h>
 
+// Behind the toolkit's headers, which its macros would break.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
@@ -32,6 +36,7 @@ private slots:
     void fileOfALaterStartOpensInTheFirstWindow();
     void laterStartShowsNoWindow();
     void windowComesToTheFront();
+    void windowIsRaisedAboveTheOneThatLiesOnTop();
     void sameFileOpensAgain();
     void temporaryFileOfALaterStartBecomesUntitledAndIsDeleted();
     void fileOpensWhileABoxOfTheFirstIsOpen();
@@ -40,6 +45,8 @@ private slots:
 
     void laterStartWithoutFilesEndsTheFirst();
     void laterStartWithBadFilesAloneEndsTheFirst();
+    void changedPageIsLostUnaskedToALaterStartThatOpensNothing_data();
+    void changedPageIsLostUnaskedToALaterStartThatOpensNothing();
 
     void startByAnotherPathIsAnotherApplication();
     void killedOwnerLeavesNothingBehind();
@@ -90,6 +97,69 @@ QStringList sorted(QStringList texts)
 {
     texts.sort();
     return texts;
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A window of this process that the window manager takes care of like any other; shown as long as it lives.
+class ManagedWindow
+{
+public:
+    explicit ManagedWindow(XPeer &peer) : display(peer.display()), window(peer.makeWindow())
+    {
+        XMapWindow(display, window);
+        XSync(display, False);
+    }
+    ~ManagedWindow()
+    {
+        XDestroyWindow(display, window);
+        XSync(display, False);
+    }
+    Q_DISABLE_COPY_MOVE(ManagedWindow)
+
+    [[nodiscard]] XWindowId id() const { return window; }
+
+private:
+    Display *display;
+    XWindowId window;
+};
+
+/// The window that lies above all others by the window manager's word, 0 if there is none.
+XWindowId topWindow(const XPeer &peer)
+{
+    constexpr long longestList = 1024; // in units of four bytes, one a window
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char *data = nullptr;
+    XGetWindowProperty(peer.display(), XDefaultRootWindow(peer.display()), peer.atom("_NET_CLIENT_LIST_STACKING"), 0,
+                       longestList, False, XA_WINDOW, &type, &format, &count, &rest, &data);
+    const XWindowId top = count == 0 ? 0 : reinterpret_cast<const XWindowId *>(data)[count - 1]; // bottom to top
+    if (data)
+        XFree(data);
+    return top;
+}
+
+/// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
+bool invert(ImageManagerProgram &program)
+{
+    const QString marked = program.currentTab() + u'*';
+    const auto entry = [&program] { return program.menuEntry(u"Image"_s, u"Invert"_s); };
+    const auto button = [&program] {
+        return program.application().find(Role::Dialog, u"Invert"_s).find(Role::Button, u"OK"_s);
+    };
+    program.desktop().click(
+        program.application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
+    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
+        return false;
+    program.desktop().click(entry().extents().center());
+    return QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
+        && QTest::qWaitFor([&] { return program.currentTab() == marked; }, Program::patienceMs);
 }
 
 } // namespace
@@ -154,6 +224,21 @@ void tst_single_instance::windowComesToTheFront()
 
     QCOMPARE(startAgain(place, {place.page(u"c.bmp"_s)}), 0);
 
+    QTRY_COMPARE(first.desktop().activeWindow(), first.window());
+}
+
+void tst_single_instance::windowIsRaisedAboveTheOneThatLiesOnTop()
+{
+    const Place place;
+    ImageManagerProgram first(place);
+    QVERIFY(first.open({place.page(u"a.bmp"_s)}));
+    QTRY_COMPARE(topWindow(m_peer), first.window());
+    const ManagedWindow another(m_peer);
+    QTRY_COMPARE(topWindow(m_peer), another.id());
+
+    QCOMPARE(startAgain(place, {place.page(u"b.bmp"_s)}), 0);
+
+    QTRY_COMPARE(topWindow(m_peer), first.window());
     QTRY_COMPARE(first.desktop().activeWindow(), first.window());
 }
 
@@ -257,6 +342,35 @@ void tst_single_instance::laterStartWithBadFilesAloneEndsTheFirst()
 
     QCOMPARE(first.answer(u"OK"_s).title, u"Load failed"_s);
     QCOMPARE(first.process().waitForExit(), 0);
+}
+
+void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing_data()
+{
+    QTest::addColumn<QStringList>("badFiles");
+
+    QTest::newRow("no file") << QStringList();
+    QTest::newRow("bad files alone") << QStringList{u"missing.bmp"_s, u"gone.bmp"_s};
+}
+
+void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing()
+{
+    QFETCH(const QStringList, badFiles);
+    const Place place;
+    const QString path = place.page(u"a.bmp"_s);
+    const QByteArray saved = bytesOf(path);
+    QStringList arguments;
+    for (const QString &name : badFiles)
+        arguments.append(place.path(name));
+    ImageManagerProgram first(place);
+    QVERIFY(first.open({path}, {1100, 700}));
+    QVERIFY(invert(first));
+
+    QCOMPARE(startAgain(place, arguments), 0);
+
+    for (qsizetype i = 0; i < badFiles.size(); ++i)
+        QCOMPARE(first.answer(u"OK"_s).title, u"Load failed"_s);
+    QCOMPARE(first.process().waitForExit(), 0); // a box that asks would keep it
+    QCOMPARE(bytesOf(path), saved);
 }
 
 void tst_single_instance::startByAnotherPathIsAnotherApplication()

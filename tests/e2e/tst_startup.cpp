@@ -1,6 +1,7 @@
 #include "bad_files.h"
 #include "ImageManagerProgram.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTest>
@@ -171,12 +172,20 @@ void tst_startup::temporaryFileBecomesUntitledAndIsDeleted()
 void tst_startup::temporaryOptionAloneIsAFileThatFails()
 {
     const Place place;
+    const QString path = place.path(u"-t"_s);
+    QVERIFY(write_bytes(path, "no picture"));
+    const QDir directory = QFileInfo(path).dir();
     ImageManagerProgram program(place);
+    program.process().setWorkingDirectory(directory.path());
 
     QVERIFY(program.start({u"-t"_s}));
 
     QVERIFY(loadFailedBoxComes(program));
     QCOMPARE(program.process().waitForExit(), 0);
+    QCOMPARE(directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"-t"_s));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), "no picture"_ba);
 }
 
 void tst_startup::temporaryOptionAtTheEndIsAFileThatFails()
