@@ -76,8 +76,8 @@ public:
     {
         if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
             return;
-        isMounted = leave_common_mounts()
-            && ::mount(QFile::encodeName(file.fileName()), name, nullptr, MS_BIND, nullptr) == 0;
+        isMounted =
+            leave_common_mounts() && ::mount(QFile::encodeName(file.fileName()), name, nullptr, MS_BIND, nullptr) == 0;
     }
     ~StandInFile()
     {
