@@ -149,15 +149,16 @@ void tst_Q3ScrollView::barsShowOnlyWhenNeeded()
 
 void tst_Q3ScrollView::contentsArePaintedOnceTheBarsAreThere()
 {
-    QTRY_VERIFY(view->repaints > 0);
     const QSize inside = view->size() - frame(*view);
     for (const QSize contents : {QSize(50, 50), QSize(400, 300)}) { // the bars go, and come back
+        QCoreApplication::sendPostedEvents(); // a painting that waits already would come first
         view->paintedSizes.clear();
 
         view->resizeContents(contents.width(), contents.height());
         view->viewport()->update();
+        QCoreApplication::sendPostedEvents(); // what is asked for here, without what the X server may ask for
 
-        QTRY_VERIFY(!view->paintedSizes.isEmpty());
+        QVERIFY(!view->paintedSizes.isEmpty());
         QCOMPARE(view->paintedSizes.first(), contents.width() < Visible.width() ? inside : Visible);
     }
 }
