@@ -53,7 +53,7 @@ struct Desktop::Connection
         return items;
     }
 
-    void sendToRoot(Window window, const char *message, std::array<long, 5> data) const
+    void sendMessage(Window window, const char *message, std::array<long, 5> data) const
     {
         XEvent event{};
         event.xclient.type = ClientMessage;
@@ -61,7 +61,7 @@ struct Desktop::Connection
         event.xclient.message_type = atom(message);
         event.xclient.format = 32;
         std::ranges::copy(data, std::begin(event.xclient.data.l));
-        XSendEvent(display, root(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+        XSendEvent(display, window, False, NoEventMask, &event);
         XSync(display, False);
     }
 
@@ -122,7 +122,10 @@ WindowId Desktop::activeWindow() const
 
 void Desktop::close(WindowId window)
 {
-    m_connection->sendToRoot(window, "_NET_CLOSE_WINDOW", {CurrentTime, 2, 0, 0, 0});
+    // Not by way of _NET_CLOSE_WINDOW: a window manager that is late with a window whose number an ended program had
+    // before takes it for one that cannot be asked, and breaks the program's connection instead.
+    m_connection->sendMessage(window, "WM_PROTOCOLS",
+                              {static_cast<long>(m_connection->atom("WM_DELETE_WINDOW")), CurrentTime, 0, 0, 0});
 }
 
 void Desktop::resize(WindowId window, QSize size)

@@ -30,7 +30,8 @@ public:
     /// The window that has the keyboard by the window manager's word, 0 for none.
     [[nodiscard]] WindowId activeWindow() const;
 
-    /// Asks the window manager to close the window as its close button does.
+    /// Asks the program to close the window, as the window manager does when its close button is pressed
+    /// (ICCCM 4.2.8.1).
     void close(WindowId window);
     void resize(WindowId window, QSize size);
     void move(WindowId window, QPoint topLeft);
