@@ -320,6 +320,8 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
+        // The window manager tells the size of a new window before it gives it the focus.
+        QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
         fixture.window.resize(640, 500);
 
         QVERIFY(fixture.window.close());
