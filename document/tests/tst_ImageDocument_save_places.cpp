@@ -40,13 +40,12 @@ std::unique_ptr<ImageDocument> modifiedDocument()
 /// @return what save() left in lastError; nothing if it answered true
 QString errorForAnotherUser(const QString &path, const QString &word)
 {
-    constexpr uid_t nobody = 65534;
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0)
         qFatal("no pipe");
     const pid_t child = ::fork();
     if (child == 0) {
-        if (::geteuid() == 0 && ::setuid(nobody) != 0)
+        if (!give_up_privileges())
             ::_exit(2);
         const auto document = modifiedDocument();
         if (!document->save(path, word)) {
@@ -124,8 +123,6 @@ private slots:
     {
         write_file(path(u"a"_s), "earlier");
         const ReadOnlyPlace place(path(u"a"_s));
-        if (!place.isReal())
-            QSKIP("This process may not mount anything.");
 
         verifyRefused(path(u"a"_s));
 
@@ -136,8 +133,6 @@ private slots:
     void aReadOnlyDirectoryIsRefused()
     {
         const ReadOnlyPlace place(directory->path());
-        if (!place.isReal())
-            QSKIP("This process may not mount anything.");
 
         verifyRefused(path(u"a"_s));
 
@@ -200,7 +195,7 @@ private:
 
 int main(int argc, char **argv)
 {
-    (void)leave_common_mounts(); // before any thread; who needs it looks for it
+    leave_common_mounts(); // before any thread
     const QCoreApplication application(argc, argv);
     tst_ImageDocument_save_places tests;
     return QTest::qExec(&tests, argc, argv);

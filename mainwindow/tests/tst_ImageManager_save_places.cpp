@@ -104,8 +104,6 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         modify(fixture);
         const ReadOnlyPlace place(fixture.home.filePath(u"a.png"_s));
-        if (!place.isReal())
-            QSKIP("This process may not mount anything.");
         const NextBox box = answerNextBox(QMessageBox::Ok);
 
         fixture.action(u"file_save"_s)->trigger();
@@ -124,8 +122,6 @@ private slots:
         modify(fixture);
         QVERIFY(QDir(fixture.home.path()).mkdir(u"archive"_s));
         const ReadOnlyPlace place(fixture.home.filePath(u"archive"_s));
-        if (!place.isReal())
-            QSKIP("This process may not mount anything.");
         const NextBox box = answerNextBox(QMessageBox::Ok);
 
         saveAs(fixture, fixture.home.filePath(u"archive/b.png"_s));
@@ -139,7 +135,7 @@ private slots:
 
 int main(int argc, char **argv)
 {
-    (void)leave_common_mounts(); // before any thread; who needs it looks for it
+    leave_common_mounts(); // before any thread
     const QApplication application(argc, argv);
     tst_ImageManager_save_places tests;
     return QTest::qExec(&tests, argc, argv);
