@@ -53,7 +53,7 @@ QStringList matches(const QString &text, const QString &pattern)
     return found;
 }
 
-QStringList placeholders(const QString &text)
+QStringList placeMarkers(const QString &text)
 {
     return matches(text, u"%[0-9]"_s);
 }
@@ -123,7 +123,7 @@ private slots:
         QFETCH(const QString, path);
         for (const Message &message : read_messages(path)) {
             const QByteArray where = (message.source + " -> "_L1 + message.translation).toUtf8();
-            QVERIFY2(placeholders(message.translation) == placeholders(message.source), where.constData());
+            QVERIFY2(placeMarkers(message.translation) == placeMarkers(message.source), where.constData());
             QVERIFY2(blanksAround(message.translation) == blanksAround(message.source), where.constData());
             QVERIFY2(message.translation.endsWith("..."_L1) == message.source.endsWith("..."_L1), where.constData());
             QVERIFY2(matches(message.translation, u"<[^>]*>"_s) == matches(message.source, u"<[^>]*>"_s),
