@@ -1,0 +1,147 @@
+#include "NameServer.h"
+#include "Q3Dns.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using MailServers = QList<Q3Dns::MailServer>;
+
+namespace {
+
+/// The names of 200 exchangers of many.test, 0 to 199 being their priorities.
+QStringList manyExchangers()
+{
+    QStringList options;
+    for (int i = 0; i < 200; ++i)
+        options.append(u"--mx-host=many.test,relay-%1.many.test,%1"_s.arg(i));
+    return options;
+}
+
+} // namespace
+
+class tst_Q3Dns : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void exchangersComeInOrderOfPreference_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<MailServers>("servers");
+
+        QTest::newRow("one") << u"one.test"_s << MailServers{{u"mail.one.test"_s, 10}};
+        QTest::newRow("asked for in capitals") << u"ONE.test"_s << MailServers{{u"mail.one.test"_s, 10}};
+        QTest::newRow("three") << u"three.test"_s
+                               << MailServers{{u"a.three.test"_s, 5}, {u"b.three.test"_s, 10}, {u"c.three.test"_s, 20}};
+        QTest::newRow("told in capitals") << u"case.test"_s << MailServers{{u"mail.case.test"_s, 1}};
+        QTest::newRow("no exchanger") << u"plain.test"_s << MailServers{};
+        QTest::newRow("no such name") << u"nowhere.test"_s << MailServers{};
+    }
+    void exchangersComeInOrderOfPreference()
+    {
+        QFETCH(const QString, label);
+        QFETCH(const MailServers, servers);
+        const NameServer names({u"--mx-host=one.test,mail.one.test,10"_s, u"--mx-host=three.test,c.three.test,20"_s,
+                                u"--mx-host=three.test,a.three.test,5"_s, u"--mx-host=three.test,b.three.test,10"_s,
+                                u"--mx-host=case.test,Mail.CASE.test,1"_s, u"--host-record=plain.test,127.0.0.2"_s});
+
+        Q3Dns dns(label, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QTRY_COMPARE(ready.size(), 1);
+        QCOMPARE(dns.mailServers(), servers);
+        QVERIFY(!dns.isWorking());
+    }
+
+    void anAnswerOfTwoHundredExchangersComesWhole()
+    {
+        const NameServer names(manyExchangers());
+
+        Q3Dns dns(u"many.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QTRY_COMPARE(ready.size(), 1);
+        QCOMPARE(dns.mailServers().size(), 200);
+        QCOMPARE(dns.mailServers().last(), (Q3Dns::MailServer{u"relay-199.many.test"_s, 199}));
+    }
+
+    void aNullExchangerHasAnEmptyName()
+    {
+        const NameServer names({u"--dns-rr=null.test,15,000000"_s}); // priority 0, the root
+
+        Q3Dns dns(u"null.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QTRY_COMPARE(ready.size(), 1);
+        QCOMPARE(dns.mailServers(), (MailServers{{QString(), 0}}));
+    }
+
+    void withoutAnAnswerTheListIsEmpty()
+    {
+        const SilentNameServer names;
+
+        Q3Dns dns(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QVERIFY(dns.isWorking());
+        QTRY_COMPARE_WITH_TIMEOUT(ready.size(), 1, 30000);
+        QVERIFY(dns.mailServers().isEmpty());
+        QVERIFY(!dns.isWorking());
+    }
+
+    void anEmptyNameIsAnsweredFromTheEventLoop()
+    {
+        Q3Dns dns(QString(), Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QVERIFY(dns.isWorking());
+        QVERIFY(ready.isEmpty());
+        QTRY_COMPARE(ready.size(), 1);
+        QVERIFY(dns.mailServers().isEmpty());
+        QVERIFY(!dns.isWorking());
+    }
+
+    void theAnswerComesFromTheEventLoopAndOnce()
+    {
+        const NameServer names({u"--mx-host=one.test,mail.one.test,10"_s});
+
+        Q3Dns dns(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+        QVERIFY(dns.isWorking());
+        QVERIFY(ready.isEmpty());
+        QTRY_COMPARE(ready.size(), 1);
+
+        // A later question has been answered as well: the first one is not answered again.
+        Q3Dns later(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy laterReady(&later, &Q3Dns::resultsReady);
+        QTRY_COMPARE(laterReady.size(), 1);
+        QCOMPARE(ready.size(), 1);
+        QCOMPARE(dns.mailServers().size(), 1);
+    }
+
+    void aQuestionThatIsGivenUpLeavesNothingBehind()
+    {
+        const NameServer names({u"--mx-host=one.test,mail.one.test,10"_s});
+        auto dns = std::make_unique<Q3Dns>(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(dns.get(), &Q3Dns::resultsReady);
+        QCoreApplication::processEvents(); // it is under way
+
+        dns.reset();
+
+        Q3Dns later(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy laterReady(&later, &Q3Dns::resultsReady);
+        QTRY_COMPARE(laterReady.size(), 1);
+        QVERIFY(ready.isEmpty());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    leave_common_network();
+    const QCoreApplication application(argc, argv);
+    tst_Q3Dns test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_Q3Dns.moc"
