@@ -17,6 +17,7 @@ class tst_plain_box : public QObject
 private slots:
     void answersTheButtonPressed();
     void showsMarkupAsItStands();
+    void returnPressesTheDefaultButton();
 };
 
 void tst_plain_box::answersTheButtonPressed()
@@ -46,6 +47,16 @@ void tst_plain_box::showsMarkupAsItStands()
 
     QCOMPARE(icon, QMessageBox::Information);
     QCOMPARE(shown, Qt::PlainText);
+}
+
+void tst_plain_box::returnPressesTheDefaultButton()
+{
+    const NextBox box = answerNextBox(QMessageBox::Yes);
+
+    (void)show_plain_box(QMessageBox::Warning, nullptr, {}, u"Text"_s, QMessageBox::Yes | QMessageBox::No,
+                         QMessageBox::No);
+
+    QCOMPARE(box.defaultButton(), QMessageBox::No);
 }
 
 QTEST_MAIN(tst_plain_box)
