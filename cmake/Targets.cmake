@@ -39,6 +39,9 @@ endfunction()
 # stand in the code.
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/test-home)
 
+# The status of a test program whose machine lacks what it needs, see tests/support/skipped_test.h.
+set(IM_SKIPPED_TEST 77)
+
 # A test program tests/<name>.cpp of the calling folder. It links that folder and nothing above it.
 # X11 gives it an X server and a window manager of its own.
 function(im_add_test name)
@@ -65,5 +68,6 @@ function(im_add_test name)
     set_tests_properties(${name} PROPERTIES
         LABELS "${arg_LABELS}"
         TIMEOUT ${arg_TIMEOUT}
+        SKIP_RETURN_CODE ${IM_SKIPPED_TEST}
         ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home;LC_ALL=C.UTF-8;LANGUAGE=")
 endfunction()

@@ -1,68 +1,24 @@
 #pragma once
 
+#include "private_namespaces.h"
+
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
-#include <array>
 #include <cerrno>
 #include <cstring>
-#include <linux/capability.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/statvfs.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 #include <utility>
 
-/// Mounts that this process alone sees: full disks, places that cannot be written to, other system files. A process
-/// that may not make them ends, so that no such test passes by not being run.
+/// Mounts that this process alone sees: full disks, places that cannot be written to, other system files. Where there
+/// can be none the test is skipped; a mount that fails in spite of that ends it, so that it does not pass unrun.
 
 inline void end_for_want_of(const char *what)
 {
     qFatal("private_mounts - no %s: %s", what, std::strerror(errno));
-}
-
-inline void write_own_file(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
-        end_for_want_of(qPrintable(path));
-}
-
-/// Takes the process out of the mounts of the others; who is not root needs a user namespace for that. To be called
-/// first thing in main(), as threads that exist already would stay behind.
-inline void leave_common_mounts()
-{
-    static bool hasLeft = false;
-    if (hasLeft)
-        return;
-    hasLeft = true;
-    const uid_t user = ::geteuid();
-    const gid_t group = ::getegid();
-    if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0)
-        end_for_want_of("mount namespace");
-    if (user != 0) { // it keeps its numbers, see user_namespaces(7)
-        write_own_file(QStringLiteral("/proc/self/setgroups"), "deny");
-        write_own_file(QStringLiteral("/proc/self/uid_map"), QStringLiteral("%1 %1 1").arg(user).toLatin1());
-        write_own_file(QStringLiteral("/proc/self/gid_map"), QStringLiteral("%1 %1 1").arg(group).toLatin1());
-    }
-    if (::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-        end_for_want_of("mounts of its own");
-}
-
-/// Makes a process that may mount one that may do no more than others: nobody instead of root, or without what it
-/// may do in its user namespace.
-/// @return false if it stays what it was
-inline bool give_up_privileges()
-{
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() == 0)
-        return ::setuid(nobody) == 0;
-    __user_cap_header_struct header{.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};
-    const std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none{};
-    return ::syscall(SYS_capset, &header, none.data()) == 0;
 }
 
 /// A mount that lasts as long as the object.
