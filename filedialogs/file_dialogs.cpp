@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 
+#include <algorithm>
 #include <memory>
 #include <new>
 
@@ -38,9 +39,18 @@ QList<ImageFormat> formats_to_save(const char *onlyFormat)
     return {writableImageFormats().at(indexOfFormat(writableImageFormats(), QString::fromUtf8(onlyFormat)))};
 }
 
+/// The TIFF record, whichever of its words the toolkit has as its key.
+qsizetype index_of_tiff(const QList<ImageFormat> &formats)
+{
+    const auto it = std::ranges::find_if(formats, is_tiff_word, &ImageFormat::format);
+    return it == formats.cend() ? -1 : it - formats.cbegin();
+}
+
 /// The one record to propose for a file, or -1. The first thing known decides, even if it leads nowhere.
 qsizetype index_to_propose(const QList<ImageFormat> &formats, const QString &filePath, const QString &format)
 {
+    if (is_tiff_word(format))
+        return index_of_tiff(formats);
     if (!format.isEmpty())
         return indexOfFormat(formats, format);
     const QString suffix = QFileInfo(filePath).completeSuffix();
@@ -69,8 +79,10 @@ void set_up_for_saving(ImageFileDialog &dialog, const QString &title, const QLis
     if (index != -1)
         dialog.selectNameFilter(filter_text(formats.at(index)));
     propose_name(dialog, filePath);
-    // So that the proposed name fits the proposed format from the first moment.
-    dialog.OnFilterSelected(dialog.selectedNameFilter());
+    // So that the proposed name fits the proposed format from the first moment. That of a TIFF fits with any of the
+    // format's suffixes, and keeps the one that its program gave it.
+    if (!is_tiff_word(format) || !is_tiff_word(QFileInfo(filePath).suffix()))
+        dialog.OnFilterSelected(dialog.selectedNameFilter());
 }
 
 /// The key that the user's filter stands for; empty if it stands for none.

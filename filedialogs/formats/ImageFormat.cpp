@@ -95,6 +95,11 @@ QList<ImageFormat> mergeImageFormats(QList<ImageFormat> list, const QList<ImageF
     return list;
 }
 
+bool is_tiff_word(const QString &word)
+{
+    return tiffFormat.exts.contains(word, Qt::CaseInsensitive);
+}
+
 qsizetype indexOfFormat(const QList<ImageFormat> &list, const QString &key)
 {
     const auto it = std::find_if(list.cbegin(), list.cend(), [wanted = key.toUpper()](const ImageFormat &record) {

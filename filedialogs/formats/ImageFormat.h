@@ -55,6 +55,9 @@ const QList<ImageFormat> &writableAllImageFormats(); ///< writableImageFormats()
 [[nodiscard]] QList<ImageFormat> mergeImageFormats(QList<ImageFormat> list, const QList<ImageFormat> &records,
                                                    bool addIfMissing);
 
+/// Whether a format word or a suffix stands for TIFF, in any case: "tif", "TIFF" and their like, and not "MTIFF".
+[[nodiscard]] bool is_tiff_word(const QString &word);
+
 /// Index of the first record with this key in any case, or -1.
 [[nodiscard]] qsizetype indexOfFormat(const QList<ImageFormat> &list, const QString &key);
 /// Index of the first record with exactly this suffix, or -1: "TIF" is not "tif".

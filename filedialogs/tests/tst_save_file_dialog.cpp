@@ -52,7 +52,9 @@ private slots:
 
     void proposesFilterAndName_data();
     void proposesFilterAndName();
-    void tiffWordFindsTheKeyOfTheToolkitOnlyWithoutIt();
+    void everyTiffWordProposesTheTiffRowAndKeepsTheSuffixOfTheFile_data();
+    void everyTiffWordProposesTheTiffRowAndKeepsTheSuffixOfTheFile();
+    void otherFilterStillChangesTheSuffixOfATiff();
     void relativePathIsProposedAtHomeByItsNameAlone();
     void absolutePathIsProposedInItsDirectory();
     void proposedNameTooLongIsTold();
@@ -170,15 +172,50 @@ void tst_save_file_dialog::proposesFilterAndName()
     QCOMPARE(proposal.name, name);
 }
 
-void tst_save_file_dialog::tiffWordFindsTheKeyOfTheToolkitOnlyWithoutIt()
+void tst_save_file_dialog::everyTiffWordProposesTheTiffRowAndKeepsTheSuffixOfTheFile_data()
 {
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("name");
+    for (const QString &word : {u"tif"_s, u"TIF"_s, u"tiff"_s, u"Tiff"_s, u"TIFF"_s}) {
+        const QByteArray title = word.toLatin1();
+        QTest::addRow("%s, tif", title.data()) << word << u"scan.tif"_s << u"scan.tif"_s;
+        QTest::addRow("%s, TIF", title.data()) << word << u"scan.TIF"_s << u"scan.TIF"_s;
+        QTest::addRow("%s, tiff", title.data()) << word << u"scan.2007.tiff"_s << u"scan.2007.tiff"_s;
+        QTest::addRow("%s, no suffix", title.data()) << word << u"scan"_s << u"scan.tiff"_s;
+        QTest::addRow("%s, suffix of another format", title.data()) << word << u"scan.png"_s << u"scan.tiff"_s;
+    }
+}
+
+void tst_save_file_dialog::everyTiffWordProposesTheTiffRowAndKeepsTheSuffixOfTheFile()
+{
+    QFETCH(const QString, format);
+    QFETCH(const QString, path);
+    QFETCH(const QString, name);
     const TemporaryHome home;
 
-    const Proposal proposal = proposalFor(u"scan.tiff"_s, u"TIFF"_s);
+    const Proposal proposal = proposalFor(path, format);
 
-    // The plug-in's key is "tif", and a format that is not found leaves the first filter.
-    QCOMPARE(proposal.filter, tiff_plugin_expected() ? bmpFilter : tiffFilter);
-    QCOMPARE(proposal.name, tiff_plugin_expected() ? u"scan.bmp"_s : u"scan.tiff"_s);
+    QCOMPARE(proposal.filter, tiffFilter);
+    QCOMPARE(proposal.name, name);
+}
+
+void tst_save_file_dialog::otherFilterStillChangesTheSuffixOfATiff()
+{
+    const TemporaryHome home;
+    const FileDialogUser user([](const FileDialogUser &at) {
+        QCOMPARE(at.name(), u"scan.TIF"_s);
+        at.chooseFilter(pngFilter);
+        QCOMPARE(at.name(), u"scan.png"_s);
+        at.accept();
+    });
+
+    QString path = u"scan.TIF"_s;
+    QString format = u"TIF"_s;
+    QVERIFY(save_file_dialog(path, format, nullptr, nullptr));
+
+    QCOMPARE(path, home.filePath(u"scan.png"_s));
+    QCOMPARE(format, u"png"_s);
 }
 
 void tst_save_file_dialog::relativePathIsProposedAtHomeByItsNameAlone()

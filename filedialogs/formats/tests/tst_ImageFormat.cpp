@@ -55,6 +55,7 @@ private slots:
     void knownFormatThatIsNotReportedStaysOut();
     void unknownFormatKeepsItsPlainRecord();
 
+    void tiffWordsAreTheSuffixesOfTheRecordInAnyCase();
     void keyIsFoundInAnyCase();
     void firstOfSeveralKeysIsFound();
     void suffixIsFoundInItsOwnCaseOnly();
@@ -206,6 +207,14 @@ void tst_ImageFormat::knownFormatThatIsNotReportedStaysOut()
 void tst_ImageFormat::unknownFormatKeepsItsPlainRecord()
 {
     QCOMPARE(dressed({"webp"}, false), (QList<ImageFormat>{{u"webp"_s, u"WEBP"_s, {u"webp"_s}}}));
+}
+
+void tst_ImageFormat::tiffWordsAreTheSuffixesOfTheRecordInAnyCase()
+{
+    for (const QString &word : {u"tif"_s, u"TIF"_s, u"tiff"_s, u"Tiff"_s, u"TIFF"_s})
+        QVERIFY2(is_tiff_word(word), qPrintable(word));
+    for (const QString &word : {u""_s, u"ti"_s, u"MTIFF"_s, u"mtiff"_s, u"tiff "_s, u"png"_s})
+        QVERIFY2(!is_tiff_word(word), qPrintable(word));
 }
 
 void tst_ImageFormat::keyIsFoundInAnyCase()
