@@ -80,7 +80,7 @@ private slots:
     void everyLanguageHasEveryCatalogue()
     {
         QStringList expected;
-        for (const QString &name : {u"ImageManager"_s, u"imageview"_s, u"utils"_s}) {
+        for (const QString &name : {u"ImageManager"_s, u"imageview"_s, u"pagr"_s, u"utils"_s}) {
             for (const QString &language : {u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pl"_s})
                 expected.append(name + '_'_L1 + language + ".ts"_L1);
         }
