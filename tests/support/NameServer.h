@@ -1,6 +1,6 @@
 #pragma once
 
-#include "private_network.h"
+#include "private_mounts.h"
 
 #include <QProcess>
 #include <QString>
