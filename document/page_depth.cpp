@@ -2,6 +2,7 @@
 
 #include "page_buffers.h"
 #include "page_colors.h"
+#include "page_dither.h"
 #include "two_halves.h"
 
 #include <QList>
@@ -132,7 +133,8 @@ QImage converted_to_depth(const QImage &page, int depth)
         return page;
     switch (depth) {
     case 1:
-        return adopt_page(page.convertToFormat(QImage::Format_MonoLSB));
+        return page.depth() == 32 ? dithered_page(page, QImage::Format_MonoLSB)
+                                  : adopt_page(page.convertToFormat(QImage::Format_MonoLSB));
     case 8:
         return page.format() == QImage::Format_RGB32 ? indexed_page(page)
                                                      : adopt_page(page.convertToFormat(QImage::Format_Indexed8));
