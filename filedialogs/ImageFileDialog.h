@@ -29,14 +29,19 @@ public:
 
 public slots:
     /// Replaces the last suffix of the name by the first one of the filter's format, or tells that the
-    /// name would become too long. A directory before the name is dropped; an empty name stays empty.
+    /// name would become too long. A directory before the name is dropped; an empty name stays empty. What is
+    /// typed counts, and the name of a marked directory never becomes that of a file.
     void OnFilterSelected(const QString &filter);
 
 protected slots:
-    /// Asks before it takes the name of something that exists, unless an existing file is wanted.
+    /// Asks before it takes the name of a file that exists, unless an existing file is wanted. Enters directories.
     void accept() override;
 
+protected:
+    void childEvent(QChildEvent *event) override;
+
 private:
+    void listFilesOf(const QString &filter);
     void showName(const QString &name);
 
     int maxNameLength = 255; ///< of a file name with its suffix, in characters

@@ -73,6 +73,7 @@ void set_up_for_saving(ImageFileDialog &dialog, const QString &title, const QLis
     dialog.setViewMode(QFileDialog::List);
     dialog.setWindowTitle(title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setLabelText(QFileDialog::LookIn, QObject::tr("Save in:"));
     dialog.setFormats(formats);
 
     const qsizetype index = index_to_propose(formats, filePath, format);

@@ -9,6 +9,7 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -40,6 +41,34 @@ public:
         show();
         if (!QTest::qWaitForWindowActive(this))
             qFatal("the file dialog is not on the screen");
+    }
+};
+
+/// Marks a row of the list as a click does, once it has @p count of them. The list comes in by itself.
+void mark_row(const ImageFileDialog &dialog, int row, int count)
+{
+    auto *const rows = dialog.findChild<QListView *>("listView"_L1);
+    if (!QTest::qWaitFor([rows, count] { return rows->model()->rowCount(rows->rootIndex()) == count; }))
+        qFatal("the list does not have its rows");
+    rows->setFocus();
+    rows->selectionModel()->select(rows->model()->index(row, 0, rows->rootIndex()),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+/// Closes each message box and fails the test.
+class NoBox : public QObject
+{
+public:
+    NoBox() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *const box = qobject_cast<QMessageBox *>(watched);
+        if (event->type() == QEvent::Show && box != nullptr) {
+            QTest::qFail(qPrintable("a box came: "_L1 + box->text()), __FILE__, __LINE__);
+            QMetaObject::invokeMethod(box, &QDialog::reject, Qt::QueuedConnection);
+        }
+        return false;
     }
 };
 
@@ -104,7 +133,12 @@ private slots:
     void existingNameIsTakenAfterYes_data();
     void existingNameIsTakenAfterYes();
     void noLeavesTheDialogOpenForAnotherName();
-    void directoryRaisesTheQuestionAndIsEntered();
+    void directoryIsEnteredWithoutAQuestion_data();
+    void directoryIsEnteredWithoutAQuestion();
+    void markedDirectoryIsEnteredThoughTheTypedNameIsThatOfAFile();
+    void filterLeavesTheNameOfAMarkedDirectoryAlone_data();
+    void filterLeavesTheNameOfAMarkedDirectoryAlone();
+    void filterOfAllFilesListsNamesWithoutADotToo();
     void existingFileWantedRaisesNoQuestion();
 };
 
@@ -170,11 +204,8 @@ void tst_ImageFileDialog::markedRowIsTheFileThoughTheFieldIsEmpty()
     const TemporaryHome home;
     make_file(home.filePath(u"scan.png"_s));
     const ShownDialog dialog(home);
-    const auto *rows = dialog.findChild<QListView *>("listView"_L1);
-    QTRY_COMPARE(rows->model()->rowCount(rows->rootIndex()), 1);
+    mark_row(dialog, 0, 1);
 
-    rows->selectionModel()->select(rows->model()->index(0, 0, rows->rootIndex()),
-                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     dialog.findChild<QLineEdit *>("fileNameEdit"_L1)->clear();
 
     QCOMPARE(dialog.selectedFile(), home.filePath(u"scan.png"_s));
@@ -375,7 +406,9 @@ void tst_ImageFileDialog::existingNameIsTakenAfterYes()
 
     QCOMPARE(box.text(), QString("File '"_L1 + path + "' already exists.\nDo you want to replace it?"_L1));
     QCOMPARE(box.title(), u"Save"_s);
+    QCOMPARE(box.textFormat(), Qt::PlainText);
     QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No);
+    QCOMPARE(box.defaultButton(), QMessageBox::No);
     QCOMPARE(accepted.count(), 1);
     QCOMPARE(dialog.selectedFile(), path);
 }
@@ -399,20 +432,90 @@ void tst_ImageFileDialog::noLeavesTheDialogOpenForAnotherName()
     QCOMPARE(dialog.selectedFile(), home.filePath(u"new.png"_s));
 }
 
-void tst_ImageFileDialog::directoryRaisesTheQuestionAndIsEntered()
+void tst_ImageFileDialog::directoryIsEnteredWithoutAQuestion_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isTyped");
+    QTest::newRow("typed") << u"scans"_s << true;
+    QTest::newRow("marked") << u"scans"_s << false;
+    QTest::newRow("typed, in quotation marks") << u"my \"scans\""_s << true;
+    QTest::newRow("marked, in quotation marks") << u"my \"scans\""_s << false;
+}
+
+void tst_ImageFileDialog::directoryIsEnteredWithoutAQuestion()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, isTyped);
     const TemporaryHome home;
-    QVERIFY(QDir(home.path()).mkdir(u"scans"_s));
+    QVERIFY(QDir(home.path()).mkdir(name));
     const ShownDialog dialog(home);
-    type_name(dialog, u"scans"_s);
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NoBox noBox;
+    if (isTyped)
+        type_name(dialog, name);
+    else
+        mark_row(dialog, 0, 1);
 
     press_accept(dialog);
 
-    QCOMPARE(box.text(),
-             QString("File '"_L1 + home.filePath(u"scans"_s) + "' already exists.\nDo you want to replace it?"_L1));
     QVERIFY(dialog.isVisible());
-    QCOMPARE(dialog.directory().path(), home.filePath(u"scans"_s));
+    QCOMPARE(dialog.directory().path(), home.filePath(name));
+}
+
+void tst_ImageFileDialog::markedDirectoryIsEnteredThoughTheTypedNameIsThatOfAFile()
+{
+    const TemporaryHome home;
+    QVERIFY(QDir(home.path()).mkdir(u"a scans"_s));
+    make_file(home.filePath(u"old \".png"_s));
+    const ShownDialog dialog(home);
+    const NoBox noBox;
+    type_name(dialog, u"old \".png"_s);
+    mark_row(dialog, 0, 2);
+
+    press_accept(dialog);
+
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(dialog.directory().path(), home.filePath(u"a scans"_s));
+}
+
+void tst_ImageFileDialog::filterLeavesTheNameOfAMarkedDirectoryAlone_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("nothing typed") << QString() << QString();
+    QTest::newRow("typed name counts") << u"report"_s << u"report.jpg"_s;
+}
+
+void tst_ImageFileDialog::filterLeavesTheNameOfAMarkedDirectoryAlone()
+{
+    QFETCH(const QString, typed);
+    QFETCH(const QString, name);
+    const TemporaryHome home;
+    QVERIFY(QDir(home.path()).mkdir(u"scans"_s));
+    const ShownDialog dialog(home);
+    type_name(dialog, typed);
+    mark_row(dialog, 0, 1);
+
+    choose_filter(dialog, jpegFilter);
+
+    QCOMPARE(name_in(dialog), name);
+    QCOMPARE(dialog.directory().path(), home.path());
+}
+
+void tst_ImageFileDialog::filterOfAllFilesListsNamesWithoutADotToo()
+{
+    const TemporaryHome home;
+    make_file(home.filePath(u"README"_s));
+    make_file(home.filePath(u"scan.png"_s));
+    const ShownDialog dialog(home, QFileDialog::AcceptOpen);
+    const auto *rows = dialog.findChild<QListView *>("listView"_L1);
+    const auto count = [rows] { return rows->model()->rowCount(rows->rootIndex()); };
+    QTRY_COMPARE(count(), 1);
+
+    choose_filter(dialog, allFilter);
+    QTRY_COMPARE(count(), 2);
+
+    choose_filter(dialog, pngFilter);
+    QTRY_COMPARE(count(), 1);
 }
 
 void tst_ImageFileDialog::existingFileWantedRaisesNoQuestion()

@@ -90,6 +90,7 @@ void tst_save_all_file_dialog::showsAListUnderItsTitle()
             QCOMPARE(at.dialog().viewMode(), QFileDialog::List);
             QCOMPARE(at.dialog().fileMode(), QFileDialog::AnyFile);
             QCOMPARE(at.dialog().acceptMode(), QFileDialog::AcceptSave);
+            QCOMPARE(at.dialog().findChild<QLabel *>("lookInLabel"_L1)->text(), u"Save in:"_s);
             at.cancel();
         },
         {});
@@ -315,6 +316,9 @@ void tst_save_all_file_dialog::existingNameIsAskedAboutTwice()
     QCOMPARE(ours.text(),
              QString("File '"_L1 + home.filePath(u"scan.png"_s) + "' already exists.\nDo you want to replace it?"_L1));
     QCOMPARE(toolkits.text(), u"scan.png already exists.\nDo you want to replace it?"_s);
+    QCOMPARE(ours.defaultButton(), QMessageBox::No);
+    QCOMPARE(toolkits.defaultButton(), QMessageBox::No);
+    QCOMPARE(toolkits.textFormat(), Qt::PlainText);
 }
 
 void tst_save_all_file_dialog::noToTheFirstQuestionLeavesTheDialogOpen()

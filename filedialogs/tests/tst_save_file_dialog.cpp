@@ -8,6 +8,7 @@
 #include "tiff_world.h"
 
 #include <QImageWriter>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -86,6 +87,7 @@ void tst_save_file_dialog::showsAListUnderItsTitle()
         QCOMPARE(at.dialog().viewMode(), QFileDialog::List);
         QCOMPARE(at.dialog().fileMode(), QFileDialog::AnyFile);
         QCOMPARE(at.dialog().acceptMode(), QFileDialog::AcceptSave);
+        QCOMPARE(at.dialog().findChild<QLabel *>("lookInLabel"_L1)->text(), u"Save in:"_s);
         at.cancel();
     });
 

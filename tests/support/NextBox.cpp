@@ -57,6 +57,7 @@ void NextBox::answer(QMessageBox &box)
 {
     m_title = box.windowTitle();
     m_text = box.text();
+    m_textFormat = box.textFormat();
     m_buttons = box.standardButtons();
     m_defaultButton = box.standardButton(box.defaultButton());
 

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] bool hasCome() const { return m_bCome; }
     [[nodiscard]] const QString &title() const { return m_title; }
     [[nodiscard]] const QString &text() const { return m_text; }
+    [[nodiscard]] Qt::TextFormat textFormat() const { return m_textFormat; }
     [[nodiscard]] QMessageBox::StandardButtons buttons() const { return m_buttons; }
     [[nodiscard]] QMessageBox::StandardButton defaultButton() const { return m_defaultButton; }
 
@@ -32,6 +33,7 @@ private:
     bool m_bCome = false;
     QString m_title;
     QString m_text;
+    Qt::TextFormat m_textFormat = Qt::AutoText;
     QMessageBox::StandardButtons m_buttons;
     QMessageBox::StandardButton m_defaultButton = QMessageBox::NoButton;
 };
