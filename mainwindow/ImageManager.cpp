@@ -4,6 +4,7 @@
 #include "IdMenu.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
+#include "tab_text.h"
 #include "window_settings.h"
 
 #include <QAction>
@@ -82,7 +83,7 @@ void ImageManager::updateTabTitle(ImageDocumentView *view, bool modified)
     QString title = view->document()->fileName();
     if (modified)
         title += '*'_L1;
-    tabWidget->setTabText(tabWidget->indexOf(view), title);
+    tabWidget->setTabText(tabWidget->indexOf(view), tab_text(title));
 }
 
 void ImageManager::documentModifiedStateChanged(bool modified)

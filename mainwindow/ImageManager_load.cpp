@@ -3,6 +3,7 @@
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
+#include "tab_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -116,7 +117,7 @@ bool ImageManager::addDocumentTab(ImageDocument *doc)
 {
     auto *const view = new ImageDocumentView(tabWidget);
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    tabWidget->setCurrentIndex(tabWidget->insertTab(-1, view, doc->fileName()));
+    tabWidget->setCurrentIndex(tabWidget->insertTab(-1, view, tab_text(doc->fileName())));
 
     if (!view->setDocument(doc)) {
         if (askToSaveInstead())

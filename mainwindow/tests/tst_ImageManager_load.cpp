@@ -3,8 +3,10 @@
 #include "Q3Canvas.h"
 #include "WindowFixture.h"
 
+#include <QAccessible>
 #include <QFile>
 #include <QFileInfo>
+#include <QTabBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +57,17 @@ private slots:
         QCOMPARE(fixture.tabs()->currentIndex(), 2);
         QCOMPARE(fixture.currentView()->currentPage(), 1U);
         QVERIFY(fixture.currentView()->isVisible());
+    }
+
+    void aTabShowsTheNameOfItsFileAsItIsWritten()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a&b && c.png"_s));
+        QAccessibleInterface *const tabs = QAccessible::queryAccessibleInterface(fixture.window.findChild<QTabBar *>());
+
+        QCOMPARE(tabs->child(0)->text(QAccessible::Name), u"a&b && c.png"_s);
+        fixture.currentView()->document()->setModified(true);
+        QCOMPARE(tabs->child(0)->text(QAccessible::Name), u"a&b && c.png*"_s);
     }
 
     void theSameFileTwiceIsTwoTabsWithEqualTitles()
