@@ -73,8 +73,10 @@ void ImageView::contentsMouseReleaseEvent(QMouseEvent *event)
 
     stopScrollTimer();
     m_bSelecting = false;
-    if (m_rubber->isVisible())
+    if (m_rubber->isVisible()) {
         m_rubber->setMode(RubberItem::RubberIdle);
+        m_canvas->update(); // it may have been turned, and no move may follow
+    }
 
     const QPoint point = canvasPoint(event->position().toPoint());
     setCursor(rubberIsTopMostAt(point) ? open_hand_cursor() : QCursor(Qt::ArrowCursor));
@@ -176,6 +178,7 @@ void ImageView::timerEvent(QTimerEvent *event)
     if (event->timerId() != m_scrollTimer)
         return;
 
+    // Intended: a frame counts in here, though not in the positions of events, so a framed view goes on further.
     const QPoint position = viewportToContents(mapFromGlobal(QCursor::pos()));
     ensureVisible(position.x(), position.y(), 0, 0);
     if (!m_rubber->isVisible())

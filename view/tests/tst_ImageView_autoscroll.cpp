@@ -112,6 +112,25 @@ private slots:
         fixture.release(fixture.outside());
     }
 
+    void aFramedViewGoesOnByTheWidthOfItsFrameAsWell()
+    {
+        constexpr int frame = 10;
+        WideFixture fixture;
+        fixture.view.setFrameStyle(QFrame::Panel | QFrame::Plain);
+        fixture.view.setLineWidth(frame);
+        QCOMPARE(fixture.view.viewport()->mapTo(&fixture.view, QPoint(0, 0)), QPoint(frame, frame));
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+        QSignalSpy moves(&fixture.view, &ImageView::contentsMoving);
+
+        fixture.moveOutside(); // scrolls by itself, and then the timer does
+
+        QTRY_VERIFY(moves.count() >= 4);
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(moves.at(i).at(0).toInt(), Beyond + i * (Beyond + frame));
+        fixture.release(fixture.outside());
+    }
+
     void onlyAMoveStrictlyInsideStopsTheTimer()
     {
         WideFixture fixture;

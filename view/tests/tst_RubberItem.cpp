@@ -262,6 +262,25 @@ private slots:
         QCOMPARE(selection.rect(), corners(30, 40, 45, 45)); // the left side alone
     }
 
+    void aTouchThatFindsNoGripLeavesTheFreeCorner_data()
+    {
+        QTest::addColumn<QPoint>("touch");
+        QTest::newRow("inside") << QPoint(40, 35);
+        QTest::newRow("beside all grips") << QPoint(90, 70);
+    }
+
+    void aTouchThatFindsNoGripLeavesTheFreeCorner()
+    {
+        QFETCH(const QPoint, touch);
+        Selection selection(20, 20, 60, 50);
+        QCOMPARE(selection.rubber.hitTest(QPoint(20, 35), Natural), int{Qt::SizeHorCursor});
+
+        QCOMPARE(selection.rubber.hitTest(touch, Natural), int{Qt::BitmapCursor});
+        selection.rubber.resizeTo(QPoint(70, 60));
+
+        QCOMPARE(selection.rect(), corners(20, 20, 70, 60)); // and not the left side
+    }
+
     void aMoveStopsAtTheCanvas_data()
     {
         QTest::addColumn<QPoint>("step");
