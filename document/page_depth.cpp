@@ -147,7 +147,7 @@ QImage converted_to_depth(const QImage &page, int depth)
 
 QImage toMono(const QImage &page)
 {
-    QImage mono = new_page(page.size(), QImage::Format_Mono);
+    QImage mono = new_page_like(page, page.size(), QImage::Format_Mono);
     if (mono.isNull())
         return mono;
     mono.setColorTable({White, Black});

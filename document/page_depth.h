@@ -11,7 +11,7 @@
 [[nodiscard]] QImage converted_to_depth(const QImage &page, int depth);
 
 /// Black and white by brightness alone: a pixel whose red, green and blue add up to less than 387 becomes black.
-/// The result is Mono, its colour 0 being white and colour 1 black, with nothing else of the page.
+/// The result is Mono, its colour 0 being white and colour 1 black, with resolution and texts of the page.
 /// @param page  of depth 32 or 1
 /// @return null if there is no memory for the result
 [[nodiscard]] QImage toMono(const QImage &page);

@@ -154,6 +154,8 @@ QImage turned(const QImage &source, QuarterTurn turn)
     QImage result = new_page_like(source, source.size().transposed());
     if (result.isNull())
         return result;
+    result.setDotsPerMeterX(source.dotsPerMeterY());
+    result.setDotsPerMeterY(source.dotsPerMeterX());
     if (source.depth() == 32)
         turn_pixels<QRgb>(source, result, turn);
     else if (source.depth() == 8)

@@ -3,7 +3,8 @@
 #include <QImage>
 
 /// Quarter turns, mirror images and inverted copies of pages of depth 1, 8 and 32. Format, colour table,
-/// resolution and texts are those of the source. Each returns null if there is no memory for the result.
+/// resolution and texts are those of the source; a quarter turn exchanges the resolutions of columns and lines,
+/// so that the picture keeps its size on paper. Each returns null if there is no memory for the result.
 
 enum class QuarterTurn {
     CounterClockwise,

@@ -67,12 +67,18 @@ private slots:
     void anAverageOf129IsWhite() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 129))).pixelIndex(0, 0), 0); }
     void aSumOf386IsBlack() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 128))).pixelIndex(0, 0), 1); }
 
-    void monoKeepsNoResolution()
+    void monoKeepsResolutionAndTexts()
     {
         QImage page = onePixel(0xffffffff);
         page.setDotsPerMeterX(11811);
+        page.setDotsPerMeterY(5906);
+        page.setText(QStringLiteral("Title"), QStringLiteral("scan"));
 
-        QCOMPARE(toMono(page).dotsPerMeterX(), QImage(1, 1, QImage::Format_Mono).dotsPerMeterX());
+        const QImage mono = toMono(page);
+
+        QCOMPARE(mono.dotsPerMeterX(), 11811);
+        QCOMPARE(mono.dotsPerMeterY(), 5906);
+        QCOMPARE(mono.text(QStringLiteral("Title")), QStringLiteral("scan"));
     }
 
     void theOwnDepthLeavesAPageAsItIs_data()

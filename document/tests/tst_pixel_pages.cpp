@@ -8,6 +8,8 @@
 #include <QTest>
 
 #include <functional>
+#include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -100,6 +102,35 @@ private slots:
         QCOMPARE(result.format(), QImage::Format_Mono);
         QCOMPARE(result.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000}));
         QCOMPARE(result.pixelIndex(3, 8), 1);
+    }
+
+    void onlyQuarterTurnsExchangeTheResolutions_data() { addFormats(); }
+    void onlyQuarterTurnsExchangeTheResolutions()
+    {
+        QFETCH(QImage::Format, format);
+        QImage page = randomPage(random, QSize(9, 4), format);
+        page.setDotsPerMeterX(7874); // 200 dots to the inch
+        page.setDotsPerMeterY(3937);
+        const auto resolutionAfter = [&page](const Operation &operation) {
+            const QImage result = changed(page, operation);
+            return std::pair(result.dotsPerMeterX(), result.dotsPerMeterY());
+        };
+
+        QCOMPARE(resolutionAfter([](ImageDocument &d) { return d.rotate_90(1); }), std::pair(3937, 7874));
+        QCOMPARE(resolutionAfter([](ImageDocument &d) { return d.rotate_270(1); }), std::pair(3937, 7874));
+        for (const Operation &operation : std::initializer_list<Operation>{
+                 [](ImageDocument &d) { return d.rotate_180(1); },
+                 [](ImageDocument &d) { return d.flip_vertically(1); },
+                 [](ImageDocument &d) { return d.flip_horizontally(1); },
+                 [](ImageDocument &d) { return d.scale(1, 2.0, 2.0); },
+                 [](ImageDocument &d) { return d.resize(1, 5, 5); },
+                 [](ImageDocument &d) { return d.crop(1, QRect(1, 1, 2, 2)); },
+                 [](ImageDocument &d) { return d.invert(1); },
+                 [](ImageDocument &d) { return d.depth_1_bit(1); },
+                 [](ImageDocument &d) { return d.depth_8_bit(1); },
+                 [](ImageDocument &d) { return d.depth_32_bit(1); },
+             })
+            QCOMPARE(resolutionAfter(operation), std::pair(7874, 3937));
     }
 
     void turningAShortTableLeavesItShort()

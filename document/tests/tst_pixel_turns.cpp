@@ -76,16 +76,30 @@ private slots:
         const QTransform clockwise(0, 1, -1, 0, 0, 0);
         for (const QSize size : smallSizes()) {
             QImage page = randomPage(random, size, format);
-            page.setDotsPerMeterX(3000);
             page.setText(QStringLiteral("Title"), QStringLiteral("scan"));
 
             const QImage left = turned(page, QuarterTurn::CounterClockwise);
 
             QCOMPARE(left, page.transformed(counterClockwise));
             QCOMPARE(turned(page, QuarterTurn::Clockwise), page.transformed(clockwise));
-            QCOMPARE(left.dotsPerMeterX(), 3000);
             QCOMPARE(left.text(QStringLiteral("Title")), QStringLiteral("scan"));
         }
+    }
+
+    void aTurnExchangesTheResolutionsAndAMirrorKeepsThem_data() { addFormats(); }
+    void aTurnExchangesTheResolutionsAndAMirrorKeepsThem()
+    {
+        QFETCH(QImage::Format, format);
+        QImage page = randomPage(random, QSize(5, 3), format);
+        page.setDotsPerMeterX(7874);
+        page.setDotsPerMeterY(3937);
+
+        for (const QuarterTurn turn : {QuarterTurn::CounterClockwise, QuarterTurn::Clockwise}) {
+            QCOMPARE(turned(page, turn).dotsPerMeterX(), 3937);
+            QCOMPARE(turned(page, turn).dotsPerMeterY(), 7874);
+        }
+        QCOMPARE(mirrored(page, true, true).dotsPerMeterX(), 7874);
+        QCOMPARE(mirrored(page, true, true).dotsPerMeterY(), 3937);
     }
 
     void fourTurnsGiveThePageBack_data() { addFormats(); }
