@@ -1,5 +1,7 @@
 #include "ImageDocument.h"
 
+#include "page_image.h"
+
 #include <QDir>
 #include <QStringList>
 
@@ -52,7 +54,7 @@ bool ImageDocument::addPage(const QImage &img)
 {
     if (img.isNull())
         return false;
-    pages.push_back(img);
+    pages.push_back(with_positive_resolution(img));
     setModified(true);
     return true;
 }

@@ -72,7 +72,8 @@ public slots:
     /// @p filePath from now on and counts as not modified; a failure leaves all that as it was.
     [[nodiscard]] bool save(const QString &filePath, const QString &imgFormat);
 
-    /// Appends a page; a null image is refused.
+    /// Appends a page; a null image is refused. A resolution of 0 or less becomes the toolkit's default: no writer
+    /// could keep it.
     [[nodiscard]] bool addPage(const QImage &img);
     void removePage(uint pi);
     void swapPages(uint pi1, uint pi2);

@@ -18,6 +18,7 @@ private slots:
     void dumpHasSevenLines();
 
     void addPageAppends();
+    void addedPageHasAResolution();
     void setPageReplacesOnePage();
     void nullPageIsRefusedEverywhere();
     void removePageMayLeaveNone();
@@ -80,6 +81,20 @@ void tst_ImageDocument::dumpHasSevenLines()
     QCOMPARE(document->dump(),
              u"isEmpty: 0\npageCount: 2\nhasFile: 1\nfileName: a.png\n"
              "filePath: /some/where/a.png\nimgFormat: PNG\nisModified: 1"_s);
+}
+
+void tst_ImageDocument::addedPageHasAResolution()
+{
+    QImage page = page_of(red);
+    const int usual = page.dotsPerMeterX();
+    page.setDotsPerMeterX(-7);
+    page.setDotsPerMeterY(11811);
+    ImageDocument document({}, {});
+
+    QVERIFY(document.addPage(page));
+
+    QCOMPARE(document.page(1).dotsPerMeterX(), usual);
+    QCOMPARE(document.page(1).dotsPerMeterY(), 11811);
 }
 
 void tst_ImageDocument::addPageAppends()

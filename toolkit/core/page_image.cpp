@@ -40,9 +40,7 @@ QImage cut_to_bytes(QImage image)
     return std::move(image).convertToFormat(QImage::Format_Grayscale8);
 }
 
-} // namespace
-
-QImage to_page_image(QImage image)
+QImage to_page_format(QImage image)
 {
     switch (image.format()) {
     case QImage::Format_Invalid:
@@ -61,4 +59,21 @@ QImage to_page_image(QImage image)
     }
     const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32;
     return std::move(image).convertToFormat(format);
+}
+
+} // namespace
+
+QImage to_page_image(QImage image)
+{
+    return with_positive_resolution(to_page_format(std::move(image)));
+}
+
+QImage with_positive_resolution(QImage image)
+{
+    const QImage fresh(1, 1, QImage::Format_Mono);
+    if (image.dotsPerMeterX() <= 0)
+        image.setDotsPerMeterX(fresh.dotsPerMeterX());
+    if (image.dotsPerMeterY() <= 0)
+        image.setDotsPerMeterY(fresh.dotsPerMeterY());
+    return image;
 }

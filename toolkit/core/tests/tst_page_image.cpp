@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -55,6 +56,8 @@ private slots:
     void alphaOnlyPictureBecomesTransparentBlack();
     void resolutionAndTextsSurvive_data();
     void resolutionAndTextsSurvive();
+    void resolutionOfNothingBecomesTheDefault_data();
+    void resolutionOfNothingBecomesTheDefault();
     void resultTooWideForMemoryIsNull();
 };
 
@@ -339,6 +342,31 @@ void tst_page_image::resolutionAndTextsSurvive()
     QCOMPARE(page.dotsPerMeterX(), 23622);
     QCOMPARE(page.dotsPerMeterY(), 11811);
     QCOMPARE(page.text(QStringLiteral("Title")), QStringLiteral("Page"));
+}
+
+void tst_page_image::resolutionOfNothingBecomesTheDefault_data()
+{
+    everyFormatBecomesAPageFormat_data();
+}
+
+void tst_page_image::resolutionOfNothingBecomesTheDefault()
+{
+    QFETCH(QImage::Format, format);
+    QImage picture = colourPicture(format);
+    const int usual = picture.dotsPerMeterX();
+    picture.setDotsPerMeterX(-1);
+    picture.setDotsPerMeterY(23622);
+    QImage other = picture;
+    other.setDotsPerMeterX(11811);
+    other.setDotsPerMeterY(std::numeric_limits<int>::min());
+
+    const QImage page = to_page_image(std::move(picture));
+    const QImage otherPage = to_page_image(std::move(other));
+
+    QCOMPARE(page.dotsPerMeterX(), usual);
+    QCOMPARE(page.dotsPerMeterY(), 23622);
+    QCOMPARE(otherPage.dotsPerMeterX(), 11811);
+    QCOMPARE(otherPage.dotsPerMeterY(), usual);
 }
 
 void tst_page_image::resultTooWideForMemoryIsNull()
