@@ -1,11 +1,9 @@
 // Opening and saving.
-#include "complete_file.h"
 #include "file_room.h"
-#include "image_memory.h"
+#include "file_state.h"
+#include "first_picture.h"
 #include "ImageDocument.h"
 #include "ImageFormat.h"
-#include "page_buffers.h"
-#include "page_image.h"
 #include "tiff_codec.h"
 
 #include <QBuffer>
@@ -27,49 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 LargestFileBytes = 0x20000000;
-
-/// An image that the reader will take for its own picture, on memory that pages stood on before; null where
-/// the reader had better make one itself.
-QImage image_to_fill(const QImageReader &reader)
-{
-    const QImage::Format format = reader.imageFormat();
-    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32)
-        return {}; // colour tables come with the picture
-    const QSize size = reader.size();
-    constexpr qint64 MiB = qint64{1024} * 1024;
-    const bool isAllowed = qint64{4} * size.width() * size.height() <= MiB * QImageReader::allocationLimit();
-    return isAllowed ? new_page(size, format) : QImage();
-}
-
-/// The short way for the large colour pages of scanners. What the toolkit's reader would make otherwise stays
-/// with it.
-bool fill_from_tiff(const QImageReader &reader, const QString &filePath, QImage &image)
-{
-    if (image.format() != QImage::Format_RGB32 || !reader.format().startsWith("tif"))
-        return false;
-    const TiffHandle tif = open_tiff(filePath, "rm");
-    return tif && read_plain_rgb_page(tif.get(), image);
-}
-
-/// The first picture of a file, decoded as the word says or, without a word that is known, by content.
-QImage read_image(const QString &filePath, const QString &imgFormat)
-{
-    // Opened here and not by the reader, which would try other suffixes if it may not open this file.
-    QFile file(filePath);
-    if (!file.open(QIODevice::ReadOnly) || !is_complete_image(file))
-        return {};
-    limit_image_readers();
-    QImageReader reader(&file, imgFormat.toLatin1());
-    QImage image = image_to_fill(reader);
-    if (fill_from_tiff(reader, filePath, image))
-        return image;
-    if (!reader.read(&image)) {
-        image = {};
-        drop_spare_page(); // of the size that a broken file has claimed
-        return {};
-    }
-    return adopt_page(to_page_image(std::move(image)));
-}
 
 /// A file that remembers the first of its bytes that did not reach the disk. The toolkit forgets it with the next
 /// call that succeeds, and some writers go on and look at the last call alone.
@@ -178,7 +133,8 @@ bool ImageDocument::load(const QString &filePath, const QString &imgFormat)
         return false;
 
     // Intended: only this spelling. The word read off a file's content is "tiff" and takes one page.
-    const bool loaded = imgFormat_ == TiffFormatKey ? loadTiff(filePath) : addPage(read_image(filePath, imgFormat_));
+    const bool loaded =
+        imgFormat_ == TiffFormatKey ? loadTiff(filePath) : addPage(read_first_picture(filePath, imgFormat_));
     // Intended: after a failure the flag stays as addPage() left it, so a half loaded file is modified.
     if (loaded)
         setModified(false);
@@ -263,9 +219,10 @@ bool ImageDocument::loadTiff(const QString &filePath)
     const TiffHandle tif = open_tiff(filePath, "rm");
     if (!tif)
         return false;
+    const FileState state = file_state(TIFFFileno(tif.get()));
     for (;;) {
         QImage image;
-        if (!readTiffPage(tif.get(), image) || !addPage(image))
+        if (!readTiffPage(tif.get(), image) || file_state(TIFFFileno(tif.get())) != state || !addPage(image))
             return false;
         if (TIFFLastDirectory(tif.get()) != 0)
             return true;

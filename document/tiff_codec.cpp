@@ -3,6 +3,7 @@
 #include "image_memory.h"
 #include "page_buffers.h"
 #include "rgb_rows.h"
+#include "tiff_entry.h"
 #include "tiff_stored_rows.h"
 
 #include <QFile>
@@ -72,9 +73,8 @@ bool readTags(TIFF *tif, PageTags &tags)
         TIFFGetField(tif, TIFFTAG_XRESOLUTION, &xResolution),
         TIFFGetField(tif, TIFFTAG_YRESOLUTION, &yResolution),
     };
-    // The library keeps one mark for both resolutions, so the value tells which of them the file lacks.
-    const bool hasBothOrNeither = (xResolution == 0) == (yResolution == 0);
-    return std::ranges::all_of(results, [](int result) { return result == 1; }) && hasBothOrNeither;
+    return std::ranges::all_of(results, [](int result) { return result == 1; })
+        && has_tiff_number(tif, TIFFTAG_XRESOLUTION) && has_tiff_number(tif, TIFFTAG_YRESOLUTION);
 }
 
 QImage::Format formatFor(TIFF *tif, quint32 depth)
@@ -100,6 +100,8 @@ QImage makePage(TIFF *tif, const PageTags &tags)
     const QImage::Format format = formatFor(tif, tags.depth());
     if (format == QImage::Format_Invalid || tags.width > LongestSide || tags.height > LongestSide)
         return {};
+    if (tags.depth() == 32 && tags.bitsPerSample != 8)
+        return {}; // its rows would be taken for red, green and blue bytes
     const auto pixels = static_cast<double>(tags.width) * tags.height;
     if (pixels * tags.depth() / 8 > static_cast<double>(affordable_image_bytes()))
         return {};
@@ -190,23 +192,11 @@ bool isPlainRgb(TIFF *tif)
         && TIFFGetField(tif, TIFFTAG_ICCPROFILE, &profileLength, &profile) == 0;
 }
 
-/// As the toolkit's reader does it: in inches without a unit, and not at all without both values.
-void readResolution(TIFF *tif, QImage &image)
+/// Rounded; 0, which leaves the default, for what is no number or none that fits.
+int whole_dots(double dots)
 {
-    quint16 unit = RESUNIT_INCH;
-    float x = 0;
-    float y = 0;
-    (void)TIFFGetField(tif, TIFFTAG_RESOLUTIONUNIT, &unit); // a file without it keeps the inch
-    if (TIFFGetField(tif, TIFFTAG_XRESOLUTION, &x) != 1 || TIFFGetField(tif, TIFFTAG_YRESOLUTION, &y) != 1)
-        return;
-    if (unit == RESUNIT_INCH) {
-        constexpr double InchesPerMeter = 100 / 2.54;
-        image.setDotsPerMeterX(qRound(x * InchesPerMeter));
-        image.setDotsPerMeterY(qRound(y * InchesPerMeter));
-    } else if (unit == RESUNIT_CENTIMETER) {
-        image.setDotsPerMeterX(qRound(x * 100));
-        image.setDotsPerMeterY(qRound(y * 100));
-    }
+    constexpr double most = std::numeric_limits<int>::max();
+    return dots > 0 && dots < most ? qRound(dots) : 0;
 }
 
 /// The three tags that depend on the depth; all 0, which the library refuses, for a depth that has none.
@@ -300,8 +290,23 @@ bool read_plain_rgb_page(TIFF *tif, QImage &image)
     if (std::cmp_not_equal(width, image.width()) || std::cmp_not_equal(height, image.height()) || !isPlainRgb(tif)
         || TIFFScanlineSize(tif) != tmsize_t{image.width()} * SampleBytes || !readRgbRows(tif, image))
         return false;
-    readResolution(tif, image);
+    read_tiff_resolution(tif, image);
     return true;
+}
+
+void read_tiff_resolution(TIFF *tif, QImage &image)
+{
+    quint16 unit = RESUNIT_INCH;
+    float x = 0;
+    float y = 0;
+    (void)TIFFGetField(tif, TIFFTAG_RESOLUTIONUNIT, &unit); // a file without it keeps the inch
+    if (TIFFGetField(tif, TIFFTAG_XRESOLUTION, &x) != 1 || TIFFGetField(tif, TIFFTAG_YRESOLUTION, &y) != 1)
+        return;
+    if (unit != RESUNIT_INCH && unit != RESUNIT_CENTIMETER)
+        return;
+    const double unitsPerMeter = unit == RESUNIT_INCH ? 100 / 2.54 : 100;
+    image.setDotsPerMeterX(whole_dots(x * unitsPerMeter));
+    image.setDotsPerMeterY(whole_dots(y * unitsPerMeter));
 }
 
 qint64 tiff_row_bytes(const QImage &page)

@@ -38,6 +38,10 @@ using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
 /// as they are shown; for others, and after a failure, the answer is false and the pixels are undefined.
 [[nodiscard]] bool read_plain_rgb_page(TIFF *tif, QImage &image);
 
+/// Gives an image the resolution of the current directory as the toolkit's reader does it: in inches without a unit,
+/// and not at all without both values. What is no resolution leaves the image's own.
+void read_tiff_resolution(TIFF *tif, QImage &image);
+
 /// Bytes that the rows of a page take in the file that writeTiffPage() makes.
 [[nodiscard]] qint64 tiff_row_bytes(const QImage &page);
 

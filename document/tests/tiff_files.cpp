@@ -24,10 +24,10 @@ void setTags(TIFF *tif, const TiffPage &page)
         if (tag != page.withoutTag)
             TIFFSetField(tif, tag, value);
     }
-    for (const quint32 tag : {TIFFTAG_XRESOLUTION, TIFFTAG_YRESOLUTION}) {
-        if (tag != page.withoutTag)
-            TIFFSetField(tif, tag, page.dotsPerInch);
-    }
+    if (page.withoutTag != TIFFTAG_XRESOLUTION)
+        TIFFSetField(tif, TIFFTAG_XRESOLUTION, page.dotsPerInch);
+    if (page.withoutTag != TIFFTAG_YRESOLUTION)
+        TIFFSetField(tif, TIFFTAG_YRESOLUTION, page.linesPerInch < 0 ? page.dotsPerInch : page.linesPerInch);
     if (page.fillOrder != 0)
         TIFFSetField(tif, TIFFTAG_FILLORDER, page.fillOrder);
     if (page.extraSample >= 0) {

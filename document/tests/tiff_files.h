@@ -24,6 +24,7 @@ struct TiffPage
     QList<quint16> greens{};
     QList<quint16> blues{};
     double dotsPerInch = 300;
+    double linesPerInch = -1; ///< negative for the same
     quint32 withoutTag = 0; ///< a tag that is left out; 0 for none
 };
 

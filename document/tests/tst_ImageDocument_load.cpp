@@ -3,6 +3,7 @@
 #include "ImageDocument.h"
 #include "page_buffers.h"
 #include "pictures.h"
+#include "tiff_files.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -41,6 +42,8 @@ private slots:
     void otherTiffWordsTakeTheFirstPage_data();
     void otherTiffWordsTakeTheFirstPage();
     void brokenMultipageFileKeepsItsGoodPagesAndStaysModified();
+    void resolutionOfNothingBecomesTheDefault_data();
+    void resolutionOfNothingBecomesTheDefault();
     void fileOfTheLargestSizeLoads();
     void largerFileIsRefusedButNamed();
     void fileThatIsNotDecodedKeepsStatusOther();
@@ -226,6 +229,41 @@ void tst_ImageDocument_load::brokenMultipageFileKeepsItsGoodPagesAndStaysModifie
 
     QCOMPARE(colors_of(document), QList<QRgb>{red});
     QVERIFY(document.isModified());
+}
+
+void tst_ImageDocument_load::resolutionOfNothingBecomesTheDefault_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    const QByteArray bmp = encoded(page_of(red), "bmp");
+    QTest::newRow("bmp, -1") << QByteArray(bmp).replace(38, 8, little32(-1) + little32(-1));
+    QTest::newRow("bmp, lowest number") << QByteArray(bmp).replace(38, 8, little32(0x80000000) + little32(0x80000000));
+    QTest::newRow("bmp, 0") << QByteArray(bmp).replace(38, 8, little32(0) + little32(0));
+    const QTemporaryDir maker;
+    const QString file = maker.filePath(u"a.tif"_s);
+    for (const double dots : {0.0, 3e30}) {
+        TiffPage page = rgb_tiff_page(page_of(red));
+        page.dotsPerInch = dots;
+        write_tiff(file, {page});
+        QTest::addRow("tiff, %g", dots) << file_bytes(file);
+        page = grey_tiff_page(patternedPage({3, 3}, 8));
+        page.dotsPerInch = dots;
+        write_tiff(file, {page});
+        QTest::addRow("grey tiff, %g", dots) << file_bytes(file);
+    }
+}
+
+void tst_ImageDocument_load::resolutionOfNothingBecomesTheDefault()
+{
+    QFETCH(const QByteArray, bytes);
+    write_file(path(u"page"_s), bytes);
+    const QImage fresh(1, 1, QImage::Format_RGB32);
+
+    const ImageDocument document(path(u"page"_s), {});
+
+    QCOMPARE(document.pageCount(), 1U);
+    QCOMPARE(document.page(1).dotsPerMeterX(), fresh.dotsPerMeterX());
+    QCOMPARE(document.page(1).dotsPerMeterY(), fresh.dotsPerMeterY());
 }
 
 void tst_ImageDocument_load::fileOfTheLargestSizeLoads()

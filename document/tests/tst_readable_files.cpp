@@ -84,6 +84,8 @@ private slots:
     void portableAnymap() { loadAndCompare(); }
     void tiff_data();
     void tiff();
+    void wideTiffSamples_data();
+    void wideTiffSamples();
     void otherFormats_data();
     void otherFormats() { loadAndCompare(); }
     void jpeg_data();
@@ -232,6 +234,57 @@ void tst_readable_files::tiff()
 
     QCOMPARE(document.pageCount(), 1U);
     QVERIFY(comparePictures(document.page(1), page));
+}
+
+void tst_readable_files::wideTiffSamples_data()
+{
+    QTest::addColumn<int>("samples");
+    QTest::addColumn<int>("extraSample");
+    QTest::addColumn<bool>("inPlanes");
+    QTest::addColumn<QString>("mode");
+
+    for (const bool inPlanes : {true, false}) {
+        const char *const order = inPlanes ? "in planes" : "side by side";
+        QTest::addRow("colours %s", order) << 3 << -1 << inPlanes << u"w"_s;
+        QTest::addRow("colours %s, high byte first", order) << 3 << -1 << inPlanes << u"wb"_s;
+        QTest::addRow("colours %s in the large file format", order) << 3 << -1 << inPlanes << u"w8"_s;
+        QTest::addRow("colours and alpha %s", order) << 4 << EXTRASAMPLE_UNASSALPHA << inPlanes << u"w"_s;
+        QTest::addRow("multiplied colours and alpha %s", order) << 4 << EXTRASAMPLE_ASSOCALPHA << inPlanes << u"w"_s;
+        QTest::addRow("colours and something else %s", order) << 4 << EXTRASAMPLE_UNSPECIFIED << inPlanes << u"w"_s;
+    }
+}
+
+void tst_readable_files::wideTiffSamples()
+{
+    QFETCH(const int, samples);
+    QFETCH(const int, extraSample);
+    QFETCH(const bool, inPlanes);
+    QFETCH(const QString, mode);
+    // Two rows of three pixels; the last sample of each is its alpha. All are whole bytes, and stay so when
+    // an alpha of 51 multiplies or divides them: no way of rounding matters.
+    const QList<QList<int>> pixels{{255, 0, 51, 255},  {0, 255, 102, 255}, {17, 34, 68, 255},
+                                   {153, 204, 0, 255}, {50, 20, 30, 51},   {0, 0, 0, 51}};
+    TiffPage file{.width = 3, .height = 2, .samples = samples, .bits = 16, .photometric = PHOTOMETRIC_RGB};
+    file.extraSample = extraSample;
+    file.planarConfig = inPlanes ? PLANARCONFIG_SEPARATE : PLANARCONFIG_CONTIG;
+    const auto append = [&file](int value) { file.rows += little16(value * 257); };
+    for (int i = 0; i < samples * 6; ++i)
+        append(inPlanes ? pixels.at(i % 6).at(i / 6) : pixels.at(i / samples).at(i % samples));
+    QImage expected(3, 2, samples == 4 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    for (int i = 0; i < 6; ++i) {
+        QList<int> p = pixels.at(i);
+        if (extraSample == EXTRASAMPLE_ASSOCALPHA && i == 4)
+            p = {250, 100, 150, 51};
+        expected.setPixel(i % 3, i / 3, qRgba(p.at(0), p.at(1), p.at(2), samples == 4 ? p.at(3) : 255));
+    }
+    const QTemporaryDir directory;
+    write_tiff(directory.filePath(u"file"_s), {file}, mode.toLatin1().constData());
+
+    const ImageDocument document(directory.filePath(u"file"_s), {});
+
+    QCOMPARE(document.pageCount(), 1U);
+    QVERIFY(comparePictures(document.page(1), expected));
+    QCOMPARE(document.page(1).dotsPerMeterX(), 11811);
 }
 
 void tst_readable_files::otherFormats_data()

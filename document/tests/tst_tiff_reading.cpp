@@ -1,3 +1,4 @@
+#include "image_files.h"
 #include "ImageDocument.h"
 #include "pictures.h"
 #include "tiff_files.h"
@@ -26,6 +27,7 @@ private slots:
 
     void pageWithoutATagIsRefused_data();
     void pageWithoutATagIsRefused();
+    void resolutionOfNothingIsTaken_data();
     void resolutionOfNothingIsTaken();
     void tagsThatAreReadButNotLookedAt_data();
     void tagsThatAreReadButNotLookedAt();
@@ -34,6 +36,8 @@ private slots:
     void pageOfAnotherDepthIsNotRead_data();
     void pageOfAnotherDepthIsNotRead();
     void separatePlanesGiveTheFirstOne();
+    void samplesOfSixteenBitsAreRefused_data();
+    void samplesOfSixteenBitsAreRefused();
     void foreignFileIsRead_data();
     void foreignFileIsRead();
 
@@ -122,20 +126,36 @@ void tst_tiff_reading::highBitFirstPageComesBackMirroredInItsBytes()
 void tst_tiff_reading::pageWithoutATagIsRefused_data()
 {
     QTest::addColumn<quint32>("tag");
+    QTest::addColumn<QString>("mode");
 
-    QTest::newRow("XResolution") << quint32{TIFFTAG_XRESOLUTION};
-    QTest::newRow("YResolution") << quint32{TIFFTAG_YRESOLUTION};
-    QTest::newRow("ResolutionUnit") << quint32{TIFFTAG_RESOLUTIONUNIT};
-    QTest::newRow("BitsPerSample") << quint32{TIFFTAG_BITSPERSAMPLE};
-    QTest::newRow("SamplesPerPixel") << quint32{TIFFTAG_SAMPLESPERPIXEL};
+    for (const char *mode : {"wl", "wb", "wl8", "wb8"}) {
+        const auto row = [mode](const char *name, quint32 tag) {
+            QTest::addRow("%s, %s", name, mode) << tag << QString::fromLatin1(mode);
+        };
+        row("XResolution", TIFFTAG_XRESOLUTION);
+        row("YResolution", TIFFTAG_YRESOLUTION);
+        row("ResolutionUnit", TIFFTAG_RESOLUTIONUNIT);
+        row("BitsPerSample", TIFFTAG_BITSPERSAMPLE);
+        row("SamplesPerPixel", TIFFTAG_SAMPLESPERPIXEL);
+    }
 }
 
 void tst_tiff_reading::pageWithoutATagIsRefused()
 {
     QFETCH(const quint32, tag);
+    QFETCH(const QString, mode);
     TiffPage page = bilevel_tiff_page(patternedPage({16, 4}, 1));
     page.withoutTag = tag;
-    write_tiff(path(), {page});
+    write_tiff(path(), {page}, mode.toLatin1().constData());
+    // The library writes both resolutions or none: one of them gets another number, which means nothing.
+    QByteArray bytes = file_bytes(path());
+    const bool isBig = mode.contains(u'b');
+    const auto number = [isBig](char low, char high) {
+        return isBig ? QByteArray(1, high) + low : QByteArray(1, low) + high;
+    };
+    if (tag == TIFFTAG_XRESOLUTION || tag == TIFFTAG_YRESOLUTION)
+        bytes.replace(number(static_cast<char>(tag), 1) + number(TIFF_RATIONAL, 0), number(0x7f, 0x7f) + number(5, 0));
+    write_file(path(), bytes);
 
     const ImageDocument document(path(), u"TIFF"_s);
 
@@ -143,17 +163,35 @@ void tst_tiff_reading::pageWithoutATagIsRefused()
     QCOMPARE(document.loadStatus, 2);
 }
 
+void tst_tiff_reading::resolutionOfNothingIsTaken_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<double>("x");
+    QTest::addColumn<double>("y");
+
+    for (const char *mode : {"wl", "wb", "wl8", "wb8"}) {
+        QTest::addRow("both, %s", mode) << QString::fromLatin1(mode) << 0.0 << 0.0;
+        QTest::addRow("of columns, %s", mode) << QString::fromLatin1(mode) << 0.0 << 300.0;
+        QTest::addRow("of lines, %s", mode) << QString::fromLatin1(mode) << 300.0 << 0.0;
+    }
+}
+
 void tst_tiff_reading::resolutionOfNothingIsTaken()
 {
+    QFETCH(const QString, mode);
+    QFETCH(const double, x);
+    QFETCH(const double, y);
     const QImage image = patternedPage({16, 4});
     TiffPage page = rgb_tiff_page(image);
-    page.dotsPerInch = 0;
-    write_tiff(path(), {page});
+    page.dotsPerInch = x;
+    page.linesPerInch = y;
+    write_tiff(path(), {page, page}, mode.toLatin1().constData());
 
     const ImageDocument document(path(), u"TIFF"_s);
 
-    QCOMPARE(document.pageCount(), 1U);
+    QCOMPARE(document.pageCount(), 2U);
     QVERIFY(comparePictures(document.page(1), image));
+    QVERIFY(comparePictures(document.page(2), image));
 }
 
 void tst_tiff_reading::tagsThatAreReadButNotLookedAt_data()
@@ -266,6 +304,35 @@ void tst_tiff_reading::separatePlanesGiveTheFirstOne()
     QCOMPARE(document.page(1).pixel(0, 0), qRgb(1, 2, 3)); // taken for a pixel of three colours
     QCOMPARE(document.page(1).pixel(1, 0), qRgb(0, 0, 0));
     QCOMPARE(document.page(1).pixel(2, 0), qRgb(0, 0, 0));
+}
+
+void tst_tiff_reading::samplesOfSixteenBitsAreRefused_data()
+{
+    QTest::addColumn<int>("samples");
+    QTest::addColumn<int>("planarConfig");
+
+    for (const int samples : {1, 2, 3}) {
+        QTest::addRow("%d side by side", samples) << samples << PLANARCONFIG_CONTIG;
+        QTest::addRow("%d in planes", samples) << samples << PLANARCONFIG_SEPARATE;
+    }
+}
+
+void tst_tiff_reading::samplesOfSixteenBitsAreRefused()
+{
+    QFETCH(const int, samples);
+    QFETCH(const int, planarConfig);
+    write_tiff(path(),
+               {{.width = 4,
+                 .height = 2,
+                 .samples = samples,
+                 .bits = 16,
+                 .photometric = samples == 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISBLACK,
+                 .rows = QByteArray(qsizetype{16} * samples, '\x12'),
+                 .planarConfig = planarConfig}});
+
+    const ImageDocument document(path(), u"TIFF"_s);
+
+    QVERIFY(document.isEmpty());
 }
 
 void tst_tiff_reading::foreignFileIsRead_data()
