@@ -338,8 +338,11 @@ bool write_snapshot(const QString &fileName, const QImage &image)
     if (image.isNull())
         return false;
     QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
+    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && write_bmp(file, image);
+}
+
+bool write_bmp(QFile &file, const QImage &image)
+{
     const std::optional<SnapshotShape> shape = snapshot_shape(image);
     const bool written = shape ? writePage(file, image, *shape) : image.save(&file, FormatWord, DefaultQuality);
     return closeSafely(file) && written;

@@ -1,18 +1,64 @@
 #include "Q3Process.h"
 
+#include "ChildScope.h"
+
 #include <QProcess>
 
-bool Q3Process::launch() const
-{
-    if (m_arguments.isEmpty() || m_arguments.constFirst().isEmpty())
-        return false;
+#include <memory>
 
-    QProcess process;
-    process.setProgram(m_arguments.constFirst());
-    process.setArguments(m_arguments.sliced(1));
+namespace {
+
+bool set_program(QProcess &process, const QStringList &arguments)
+{
+    if (arguments.isEmpty() || arguments.constFirst().isEmpty())
+        return false;
+    process.setProgram(arguments.constFirst());
+    process.setArguments(arguments.sliced(1));
     // Nobody would read a pipe: a program that writes much would stand still in the end.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
+    return true;
+}
+
+} // namespace
+
+Q3Process::~Q3Process()
+{
+    if (m_process)
+        m_process->disconnect(this);
+}
+
+bool Q3Process::start()
+{
+    if (m_process)
+        return false;
+    // No child of this object, as it would end its program when it is destroyed. It waits for the end on its own, and
+    // where the event loop ends before it is never deleted.
+    auto process = std::make_unique<QProcess>();
+    if (!set_program(*process, m_arguments))
+        return false;
+    const ChildScope scope;
+    process->start();
+    if (!process->waitForStarted(-1))
+        return false;
+    m_process = process.release();
+    connect(m_process, &QProcess::finished, m_process, &QObject::deleteLater);
+    connect(m_process, &QProcess::finished, this, [this] {
+        m_process = nullptr;
+        emit processExited(); // may destroy this
+    });
+    return true;
+}
+
+qint64 Q3Process::processIdentifier() const
+{
+    return m_process ? m_process->processId() : 0;
+}
+
+bool Q3Process::launch() const
+{
+    QProcess process;
+    const ChildScope scope;
+    return set_program(process, m_arguments) && process.startDetached();
 }

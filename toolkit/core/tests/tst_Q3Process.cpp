@@ -2,13 +2,17 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPointer>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,6 +38,16 @@ private slots:
     void missingProgramIsAnsweredWithFalse();
     void withoutAProgramNothingIsLaunched_data();
     void withoutAProgramNothingIsLaunched();
+    void startedProgramTellsOfItsEndOnce_data();
+    void startedProgramTellsOfItsEndOnce();
+    void objectMayBeDeletedWhenItsProgramHasEnded();
+    void startedProgramIsNumberedWhileItRuns();
+    void startedProgramOutlivesItsObjectAndIsReaped();
+    void missingProgramIsNotStartedAndTellsNothing_data() { missingProgramIsAnsweredWithFalse_data(); }
+    void missingProgramIsNotStartedAndTellsNothing();
+    void objectStartsOneProgramAtATime();
+    void nothingOfOursReachesTheProgram_data();
+    void nothingOfOursReachesTheProgram();
 };
 
 namespace {
@@ -251,6 +265,144 @@ void tst_Q3Process::withoutAProgramNothingIsLaunched()
         process.addArgument(argument);
 
     QVERIFY(!process.launch());
+}
+
+void tst_Q3Process::startedProgramTellsOfItsEndOnce_data()
+{
+    QTest::addColumn<QString>("script");
+
+    QTest::newRow("success") << u"exit 0"_s;
+    QTest::newRow("failure") << u"exit 7"_s;
+    QTest::newRow("killed") << u"kill -9 $$"_s;
+    QTest::newRow("much output") << u"head -c 1000000 /dev/zero; head -c 1000000 /dev/zero >&2"_s;
+}
+
+void tst_Q3Process::startedProgramTellsOfItsEndOnce()
+{
+    QFETCH(const QString, script);
+    const Place place;
+    Q3Process process;
+    addScript(process, script, place);
+    const QSignalSpy ends(&process, &Q3Process::processExited);
+
+    QVERIFY(process.start());
+    QCOMPARE(ends.count(), 0); // only the event loop tells
+
+    QTRY_COMPARE(ends.count(), 1);
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+}
+
+void tst_Q3Process::objectMayBeDeletedWhenItsProgramHasEnded()
+{
+    const Place place;
+    QPointer<Q3Process> process = new Q3Process(this);
+    addScript(*process, u"exit 0"_s, place);
+    connect(process, &Q3Process::processExited, this, [&process] { delete process; });
+
+    QVERIFY(process->start());
+
+    QTRY_VERIFY(!process);
+}
+
+void tst_Q3Process::startedProgramIsNumberedWhileItRuns()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; echo $$ >new; mv new number; until [ -e go ]; do sleep 0.05; done"_s, place);
+    const QSignalSpy ends(&process, &Q3Process::processExited);
+    QCOMPARE(process.processIdentifier(), 0);
+
+    QVERIFY(process.start());
+
+    const QByteArray number = QByteArray::number(process.processIdentifier()) + '\n';
+    QTRY_COMPARE(place.left(u"number"_s), number);
+    place.make(u"go"_s);
+    QTRY_COMPARE(ends.count(), 1);
+    QCOMPARE(process.processIdentifier(), 0);
+}
+
+void tst_Q3Process::startedProgramOutlivesItsObjectAndIsReaped()
+{
+    const Place place;
+    {
+        Q3Process process;
+        addScript(process, patientScript, place);
+        QVERIFY(process.start());
+    }
+    QTRY_VERIFY(place.has(u"running"_s));
+    QVERIFY(!place.has(u"ended"_s));
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), 0); // a child that runs
+
+    place.make(u"go"_s);
+
+    QTRY_VERIFY(place.has(u"ended"_s));
+    // WNOWAIT: the end is left to be reaped by whom it belongs to.
+    siginfo_t info{};
+    QTRY_VERIFY(::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == -1 && errno == ECHILD);
+}
+
+void tst_Q3Process::missingProgramIsNotStartedAndTellsNothing()
+{
+    QFETCH(const QString, program);
+    Q3Process process;
+    process.addArgument(program);
+    const QSignalSpy ends(&process, &Q3Process::processExited);
+
+    QVERIFY(!process.start());
+
+    QCOMPARE(process.processIdentifier(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(ends.count(), 0);
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+}
+
+void tst_Q3Process::objectStartsOneProgramAtATime()
+{
+    const Place place;
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; touch \"started$$\"; until [ -e go ]; do sleep 0.05; done"_s, place);
+    const QSignalSpy ends(&process, &Q3Process::processExited);
+
+    QVERIFY(process.start());
+    QVERIFY(!process.start());
+    place.make(u"go"_s);
+    QTRY_COMPARE(ends.count(), 1);
+    QVERIFY(process.start());
+    QTRY_COMPARE(ends.count(), 2);
+
+    QCOMPARE(QDir(place.path(QString())).entryList({u"started*"_s}).size(), 2);
+}
+
+void tst_Q3Process::nothingOfOursReachesTheProgram_data()
+{
+    QTest::addColumn<bool>("launched");
+
+    QTest::newRow("start") << false;
+    QTest::newRow("launch") << true;
+}
+
+void tst_Q3Process::nothingOfOursReachesTheProgram()
+{
+    QFETCH(const bool, launched);
+    const Place place;
+    const int ours = ::open("/dev/zero", O_RDONLY); // NOLINT(android-cloexec-open): one that could be passed on
+    QVERIFY(ours > STDERR_FILENO);
+    const auto former = std::signal(SIGPIPE, SIG_IGN);
+    Q3Process process;
+    addScript(process, u"cd \"$0\"; cp /proc/self/status status; ls -l /proc/self/fd >new; mv new descriptors"_s,
+              place);
+    const QSignalSpy ends(&process, &Q3Process::processExited);
+
+    QVERIFY(launched ? process.launch() : process.start());
+
+    QTRY_VERIFY(place.has(u"descriptors"_s));
+    QVERIFY(!place.left(u"descriptors"_s).contains("/dev/zero"));
+    QVERIFY(place.left(u"status"_s).contains("SigIgn:\t0000000000000000\n"));
+    QTRY_VERIFY(launched || ends.count() == 1);
+    ::close(ours);
+    QVERIFY(std::signal(SIGPIPE, former) == SIG_IGN); // as it was, here
 }
 
 QTEST_GUILESS_MAIN(tst_Q3Process)
