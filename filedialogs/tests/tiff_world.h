@@ -3,7 +3,7 @@
 #include <QImageReader>
 #include <QtGlobal>
 
-/// Whether this run is the one with the toolkit's TIFF plug-in; without-tiff-plugin starts the other.
+/// Whether this run is the one with the toolkit's TIFF plug-in; without_tiff_plugin starts the other.
 [[nodiscard]] inline bool tiff_plugin_expected()
 {
     return !qEnvironmentVariableIsSet("IM_WITHOUT_TIFF_PLUGIN");

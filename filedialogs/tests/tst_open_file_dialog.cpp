@@ -4,6 +4,7 @@
 #include "DiagnosticLines.h"
 #include "dialog_data.h"
 #include "NextBox.h"
+#include "open_by_name.h"
 #include "TemporaryHome.h"
 #include "tiff_world.h"
 
@@ -17,14 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString graphicStart = u"All graphic files ("_s;
-
-/// What the caller gets.
-struct Answer
-{
-    bool bChosen = false;
-    QString path = u"untouched"_s;
-    QString format = u"untouched"_s;
-};
 
 /// What the dialog shows at first.
 struct Offer
@@ -46,20 +39,6 @@ Offer offer()
     if (open_file_dialog(path, format, nullptr))
         qFatal("a cancelled dialog was accepted");
     return shown;
-}
-
-/// Opens the dialog and types one existing name, under a filter unless it is empty.
-Answer openByName(const QString &name, const QString &filter = {})
-{
-    const FileDialogUser user([&](const FileDialogUser &at) {
-        if (!filter.isEmpty())
-            at.chooseFilter(filter);
-        at.type(name);
-        at.pressReturn();
-    });
-    Answer answer;
-    answer.bChosen = open_file_dialog(answer.path, answer.format, nullptr);
-    return answer;
 }
 
 } // namespace
@@ -84,17 +63,6 @@ private slots:
     void nameThatDoesNotExistKeepsTheDialogOpen_data();
     void nameThatDoesNotExistKeepsTheDialogOpen();
     void acceptingWithoutANameIsFalse();
-
-    void filterDecidesTheFormatWhateverTheNameSays();
-    void keyOfTiffIsSpeltAsTheToolkitSpellsIt();
-    void nameDecidesTheFormatUnderAllGraphicFiles_data();
-    void nameDecidesTheFormatUnderAllGraphicFiles();
-    void nameDecidesTheFormatUnderAllFiles();
-    void nameThatEndsInADotHasNoFormat_data();
-    void nameThatEndsInADotHasNoFormat();
-    void pathWithoutADotIsItsOwnFormat();
-    void dotOfADirectoryCountsForTheFormat();
-    void filterThatIsNoneOfOursHasNoFormat();
 
     void choosingAFilterRewritesTheName_data();
     void choosingAFilterRewritesTheName();
@@ -128,7 +96,7 @@ void tst_open_file_dialog::startsAtHomeEachTime()
     const TemporaryHome home;
     const QTemporaryDir elsewhere;
     make_file(elsewhere.filePath(u"scan.png"_s));
-    QVERIFY(openByName(elsewhere.filePath(u"scan.png"_s)).bChosen);
+    QVERIFY(open_by_name(elsewhere.filePath(u"scan.png"_s)).bChosen);
 
     QCOMPARE(offer().directory, home.path());
 }
@@ -213,7 +181,7 @@ void tst_open_file_dialog::answersTheAbsolutePath()
     const TemporaryHome home;
     make_file(home.filePath(name));
 
-    const Answer answer = openByName(name);
+    const OpenAnswer answer = open_by_name(name);
 
     QVERIFY(answer.bChosen);
     QCOMPARE(answer.path, QString(home.path() + u'/' + name));
@@ -258,133 +226,6 @@ void tst_open_file_dialog::acceptingWithoutANameIsFalse()
 
     QCOMPARE(path, QString());
     QCOMPARE(format, u"untouched"_s);
-}
-
-void tst_open_file_dialog::filterDecidesTheFormatWhateverTheNameSays()
-{
-    const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
-
-    const Answer answer = openByName(u"scan.png"_s, jpegFilter);
-
-    QVERIFY(answer.bChosen);
-    QCOMPARE(answer.path, home.filePath(u"scan.png"_s));
-    QCOMPARE(answer.format, u"jpeg"_s);
-}
-
-void tst_open_file_dialog::keyOfTiffIsSpeltAsTheToolkitSpellsIt()
-{
-    const TemporaryHome home;
-    make_file(home.filePath(u"scan.tiff"_s));
-
-    const Answer answer = openByName(u"scan.tiff"_s, tiff_plugin_expected() ? tiffFilter : allFilter);
-
-    QVERIFY(answer.bChosen);
-    // Without a row of its own the file's suffix is all there is to go by.
-    QCOMPARE(answer.format, tiff_plugin_expected() ? u"tif"_s : u"tiff"_s);
-}
-
-void tst_open_file_dialog::nameDecidesTheFormatUnderAllGraphicFiles_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("format");
-    QTest::newRow("small letters") << u"scan.png"_s << u"png"_s;
-    QTest::newRow("capitals") << u"scan.TIF"_s << u"TIF"_s;
-    QTest::newRow("last of several") << u"scan.2007.jpeg"_s << u"jpeg"_s;
-    QTest::newRow("unknown suffix") << u"scan.txt"_s << u"txt"_s;
-}
-
-void tst_open_file_dialog::nameDecidesTheFormatUnderAllGraphicFiles()
-{
-    QFETCH(const QString, name);
-    QFETCH(const QString, format);
-    const TemporaryHome home;
-    make_file(home.filePath(name));
-
-    const Answer answer = openByName(name);
-
-    QVERIFY(answer.bChosen);
-    QCOMPARE(answer.format, format);
-}
-
-void tst_open_file_dialog::nameDecidesTheFormatUnderAllFiles()
-{
-    const TemporaryHome home;
-    make_file(home.filePath(u"scan.TIF"_s));
-
-    const Answer answer = openByName(u"scan.TIF"_s, allFilter);
-
-    QVERIFY(answer.bChosen);
-    QCOMPARE(answer.format, u"TIF"_s);
-}
-
-void tst_open_file_dialog::nameThatEndsInADotHasNoFormat_data()
-{
-    QTest::addColumn<QString>("filter");
-    QTest::newRow("all graphic files") << QString();
-    QTest::newRow("all files") << allFilter;
-}
-
-void tst_open_file_dialog::nameThatEndsInADotHasNoFormat()
-{
-    QFETCH(const QString, filter);
-    const TemporaryHome home;
-    make_file(home.filePath(u"scan."_s));
-    DiagnosticLines lines;
-    lines.expect(u"open_file_dialog - incorrect file type selected!"_s);
-
-    const Answer answer = openByName(u"scan."_s, filter);
-
-    QVERIFY(!answer.bChosen);
-    QCOMPARE(answer.path, home.filePath(u"scan."_s));
-    QCOMPARE(answer.format, QString());
-}
-
-void tst_open_file_dialog::pathWithoutADotIsItsOwnFormat()
-{
-    const TemporaryHome home;
-    // A test's own directory may have a dot in its path, so this one lies at the top.
-    const QTemporaryDir plain(u"/tmp/open-file-dialog-XXXXXX"_s);
-    const QString path = plain.filePath(u"README"_s);
-    QVERIFY(!path.contains(u'.'));
-    make_file(path);
-
-    const Answer answer = openByName(path, allFilter);
-
-    QVERIFY(answer.bChosen);
-    QCOMPARE(answer.path, path);
-    QCOMPARE(answer.format, path);
-}
-
-void tst_open_file_dialog::dotOfADirectoryCountsForTheFormat()
-{
-    const TemporaryHome home;
-    QVERIFY(QDir(home.path()).mkdir(u"scans.old"_s));
-    make_file(home.filePath(u"scans.old/README"_s));
-
-    const Answer answer = openByName(u"scans.old/README"_s);
-
-    QVERIFY(answer.bChosen);
-    QCOMPARE(answer.format, u"old/README"_s);
-}
-
-void tst_open_file_dialog::filterThatIsNoneOfOursHasNoFormat()
-{
-    const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
-    DiagnosticLines lines;
-    lines.expect(u"open_file_dialog - incorrect file type selected!"_s);
-    const FileDialogUser user([](const FileDialogUser &at) {
-        at.dialog().setNameFilter(u"Others (*.png)"_s);
-        at.type(u"scan.png"_s);
-        at.accept();
-    });
-
-    QString path;
-    QString format = u"untouched"_s;
-    QVERIFY(!open_file_dialog(path, format, nullptr));
-
-    QCOMPARE(format, QString());
 }
 
 void tst_open_file_dialog::choosingAFilterRewritesTheName_data()
