@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tiff_structure.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+class QFileDevice;
+
+/// Bytes and numbers of a TIFF file in the making, one after the other through a buffer.
+///
+/// Errors: after the first one nothing is written any more, and hasFailed() tells. The words are the file's, unless
+///         a place was beyond what this kind of file can name.
+class TiffOutput
+{
+public:
+    /// @param file  open for writing and empty; has to outlive the object
+    TiffOutput(QFileDevice &file, TiffKind kind);
+
+    [[nodiscard]] TiffKind kind() const { return kind_; }
+    [[nodiscard]] quint64 position() const { return written + buffer.size(); }
+    [[nodiscard]] bool hasFailed() const { return failed; }
+    [[nodiscard]] bool isTooLarge() const { return tooLarge; }
+
+    void append(std::span<const uchar> bytes);
+    /// @param width  2, 4 or 8 bytes
+    void appendNumber(quint64 number, quint64 width);
+    /// Values and directories begin at even places.
+    void alignToWord();
+    /// Replaces a number that was appended.
+    void patchNumber(quint64 place, quint64 number, quint64 width);
+    void flush();
+
+    /// A number as it stands in the file, in the first @p width bytes.
+    [[nodiscard]] std::array<uchar, 8> bytesOf(quint64 number, quint64 width) const;
+
+private:
+    void write(std::span<const uchar> bytes);
+
+    QFileDevice &file;
+    TiffKind kind_;
+    std::vector<uchar> buffer;
+    quint64 written = 0;
+    bool failed = false;
+    bool tooLarge = false;
+};
