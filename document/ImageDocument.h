@@ -10,6 +10,8 @@
 
 #include <list>
 
+struct TargetOutcome;
+
 /// One open image: its pages in order, the file it lives in, the format it is stored under, and whether
 /// it holds changes that are not saved. It knows no view, no tab and no past.
 ///
@@ -55,6 +57,7 @@ public:
     [[nodiscard]] QString dump() const;
 
     QString lastError; ///< why the last save() failed; empty if it did not say
+    QString lastErrorReason; ///< what lastError, whose words are fixed for TIFF, does not tell; may be empty
     QFileInfo fileInfo; ///< where the document lives; the main window may redirect it
     QString imgFormat_; ///< format word behind imgFormat(); the main window may replace it
     int loadStatus = LoadOther; ///< a LoadStatus
@@ -69,7 +72,8 @@ public slots:
     [[nodiscard]] bool load(const QString &filePath, const QString &imgFormat);
 
     /// Writes all pages; exactly "TIFF" takes more than one. On success the document lives in
-    /// @p filePath from now on and counts as not modified; a failure leaves all that as it was.
+    /// @p filePath from now on and counts as not modified; a failure leaves all that, and the file that was there,
+    /// as it was. What is no plain file is not written to.
     [[nodiscard]] bool save(const QString &filePath, const QString &imgFormat);
 
     /// Appends a page; a null image is refused. A resolution of 0 or less becomes the toolkit's default: no writer
@@ -118,6 +122,7 @@ private:
     [[nodiscard]] bool savePages(const QString &filePath, const QString &imgFormat);
     [[nodiscard]] bool saveSinglePage(const QString &filePath, const QString &imgFormat);
     [[nodiscard]] bool copyFile(const QString &filePath);
+    [[nodiscard]] static QString wordsFor(const TargetOutcome &outcome, const QString &writerError);
 
     std::list<QImage> pages;
     bool modified = false;

@@ -24,7 +24,7 @@ struct TiffCloser
 using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
 
 /// Opens a file of any name.
-/// @param mode  "w" makes the file anew; "rm" reads without mapping the file
+/// @param mode  "rm" reads without mapping the file; begin_tiff() is for writing
 /// @return null on failure
 [[nodiscard]] TiffHandle open_tiff(const QString &filePath, const char *mode);
 

@@ -1,10 +1,12 @@
 #include "colored_documents.h"
+#include "descriptor.h"
 #include "image_files.h"
 #include "ImageDocument.h"
 #include "pictures.h"
 #include "process_limits.h"
 #include "ToolkitLeaks.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImageWriter>
 #include <QRandomGenerator>
@@ -12,7 +14,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <fcntl.h>
 #include <memory>
+#include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +39,11 @@ private slots:
     void failedSaveChangesNothing_data();
     void failedSaveChangesNothing();
     void unknownFormatLeavesTheFileAlone();
-    void saveThatDidNotReachTheDiskFails();
+    void whatIsNoPlainFileIsRefusedWithWords_data();
+    void whatIsNoPlainFileIsRefusedWithWords();
+    void pageThatItsWriterRefusesLeavesTheFileAlone();
+    void pagesOfMoreThan4GiBLeaveTheTiffFileAlone();
+    void pageOfAnOddDepthLeavesTheTiffFileAlone();
     void saveOfWhichOnlyAPartReachedTheDiskFails_data();
     void saveOfWhichOnlyAPartReachedTheDiskFails();
     void lastErrorIsForgottenByTheNextSave();
@@ -42,7 +51,8 @@ private slots:
     void documentWithoutPagesCopiesItsFile_data();
     void documentWithoutPagesCopiesItsFile();
     void copyOntoItselfKeepsTheFile();
-    void copyToAPlaceThatCannotBeOpenedAnswersTrue();
+    void copyToAPlaceThatCannotBeOpenedFailsWithWords();
+    void copyThatDidNotArriveWholeFailsWithWords();
     void copyOfAMissingFileFailsAndLeavesTheTargetAlone();
 
 private:
@@ -175,17 +185,80 @@ void tst_ImageDocument_save::unknownFormatLeavesTheFileAlone()
     QCOMPARE(file_bytes(path(u"a.xyz"_s)), "earlier");
 }
 
-void tst_ImageDocument_save::saveThatDidNotReachTheDiskFails()
+void tst_ImageDocument_save::whatIsNoPlainFileIsRefusedWithWords_data()
 {
-    const auto document = document_of({red});
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<int>("pages");
 
-    for (const QString &word : {u"PNG"_s, u"BMP"_s, u"PPM"_s}) {
-        QVERIFY(!document->save(u"/dev/full"_s, word));
-        QVERIFY2(!document->lastError.isEmpty(), qUtf8Printable(word));
-        QCOMPARE(document->filePath(), QString());
+    QTest::newRow("PNG") << u"PNG"_s << 1;
+    QTest::newRow("TIFF") << u"TIFF"_s << 1;
+    QTest::newRow("a copy") << u"ppm"_s << 0;
+}
+
+void tst_ImageDocument_save::whatIsNoPlainFileIsRefusedWithWords()
+{
+    QFETCH(const QString, word);
+    QFETCH(const int, pages);
+    const auto document = document_of(QList<QRgb>(pages, red));
+    write_file(path(u"a.bin"_s), "source of the copy");
+    document->fileInfo.setFile(path(u"a.bin"_s));
+    QCOMPARE(::mkfifo(qPrintable(path(u"pipe"_s)), 0600), 0);
+    const Descriptor reader(::open(qPrintable(path(u"pipe"_s)), O_RDONLY | O_NONBLOCK));
+    QVERIFY(reader.isOpen()); // so that opening the other end would not be refused
+
+    for (const QString &name : {path(u"pipe"_s), u"/dev/null"_s, u"/dev/full"_s}) {
+        QVERIFY(!document->save(name, word));
+
+        if (word == u"TIFF"_s) {
+            QCOMPARE(document->lastError, u"Error saving TIFF image!"_s);
+            QCOMPARE(document->lastErrorReason, u"This is no plain file."_s);
+        } else {
+            QCOMPARE(document->lastError, u"Can not open file for write: \nThis is no plain file."_s);
+        }
     }
-    QVERIFY(!document->save(u"/dev/full"_s, u"TIFF"_s));
-    QCOMPARE(document->lastError, u"Error saving TIFF image!"_s);
+    pollfd state{.fd = reader.get(), .events = POLLIN, .revents = 0};
+    QCOMPARE(::poll(&state, 1, 0), 0); // neither bytes nor an end
+}
+
+void tst_ImageDocument_save::pageThatItsWriterRefusesLeavesTheFileAlone()
+{
+    constexpr int LargestWebpSide = 16383;
+    ImageDocument document({}, {});
+    QVERIFY(document.addPage(solidPage({LargestWebpSide + 1, 1}, red)));
+    write_file(path(u"a.webp"_s), "earlier");
+
+    QVERIFY(!document.save(path(u"a.webp"_s), u"webp"_s));
+
+    QVERIFY(!document.lastError.isEmpty());
+    QCOMPARE(file_bytes(path(u"a.webp"_s)), "earlier");
+    QCOMPARE(QDir(directory->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"a.webp"_s});
+}
+
+void tst_ImageDocument_save::pagesOfMoreThan4GiBLeaveTheTiffFileAlone()
+{
+    const QImage page = solidPage({4000, 4000}, red); // 48 million bytes in the file, once in memory
+    ImageDocument document({}, {});
+    for (int i = 0; i < 90; ++i)
+        QVERIFY(document.addPage(page));
+    write_file(path(u"a.tif"_s), "earlier");
+
+    QVERIFY(!document.save(path(u"a.tif"_s), u"TIFF"_s));
+
+    QCOMPARE(document.lastError, u"Error saving TIFF image!"_s);
+    QCOMPARE(document.lastErrorReason, u"A file of this format cannot be larger than 4 GiB."_s);
+    QCOMPARE(file_bytes(path(u"a.tif"_s)), "earlier");
+}
+
+void tst_ImageDocument_save::pageOfAnOddDepthLeavesTheTiffFileAlone()
+{
+    ImageDocument document({}, {});
+    QVERIFY(document.addPage(solidPage({4, 4}, red).convertToFormat(QImage::Format_RGB16)));
+    write_file(path(u"a.tif"_s), "earlier");
+
+    QVERIFY(!document.save(path(u"a.tif"_s), u"TIFF"_s));
+
+    QCOMPARE(document.lastError, u"Error saving TIFF image!"_s);
+    QCOMPARE(file_bytes(path(u"a.tif"_s)), "earlier");
 }
 
 void tst_ImageDocument_save::saveOfWhichOnlyAPartReachedTheDiskFails_data()
@@ -201,7 +274,8 @@ void tst_ImageDocument_save::saveOfWhichOnlyAPartReachedTheDiskFails()
 {
     QFETCH(const QString, word);
     QRandomGenerator random(7);
-    QImage noise({512, 512}, QImage::Format_RGB32); // no writer makes less than some kilobytes of it
+    const int side = word == u"ico" || word == u"cur" ? 256 : 512;
+    QImage noise({side, side}, QImage::Format_RGB32); // no writer makes less than some kilobytes of it
     random.fillRange(reinterpret_cast<quint32 *>(noise.bits()), noise.sizeInBytes() / 4);
     ImageDocument document({}, {});
     QVERIFY(document.addPage(noise));
@@ -210,9 +284,16 @@ void tst_ImageDocument_save::saveOfWhichOnlyAPartReachedTheDiskFails()
 
     QVERIFY(!document.save(path(u"a"_s), word));
 
-    QVERIFY(!document.lastError.isEmpty());
+    if (word == u"TIFF"_s) {
+        QCOMPARE(document.lastError, u"Error saving TIFF image!"_s);
+        QCOMPARE(document.lastErrorReason, u"File too large"_s);
+    } else {
+        QCOMPARE(document.lastError, u"File too large"_s);
+        QCOMPARE(document.lastErrorReason, QString());
+    }
     QVERIFY(document.isModified());
     QVERIFY(!document.hasFile());
+    QVERIFY(!QFile::exists(path(u"a"_s)));
 }
 
 void tst_ImageDocument_save::lastErrorIsForgottenByTheNextSave()
@@ -270,13 +351,32 @@ void tst_ImageDocument_save::copyOntoItselfKeepsTheFile()
     QCOMPARE(file_bytes(path(u"a.bin"_s)), "precious");
 }
 
-void tst_ImageDocument_save::copyToAPlaceThatCannotBeOpenedAnswersTrue()
+void tst_ImageDocument_save::copyToAPlaceThatCannotBeOpenedFailsWithWords()
 {
     write_file(path(u"a.bin"_s), "bytes");
     ImageDocument document({}, {});
     document.fileInfo.setFile(path(u"a.bin"_s));
 
-    QVERIFY(document.save(path(u"missing/b.ppm"_s), u"ppm"_s));
+    QVERIFY(!document.save(path(u"missing/b.ppm"_s), u"ppm"_s));
+
+    QCOMPARE(document.lastError, u"Can not open file for write: \nNo such file or directory"_s);
+}
+
+void tst_ImageDocument_save::copyThatDidNotArriveWholeFailsWithWords()
+{
+    write_file(path(u"a.bin"_s), QByteArray(20'000, 'a'));
+    write_file(path(u"b.ppm"_s), "earlier");
+    ImageDocument document({}, {});
+    document.fileInfo.setFile(path(u"a.bin"_s));
+    const FileSizeLimit limit(8192);
+
+    QVERIFY(!document.save(path(u"b.ppm"_s), u"ppm"_s));
+    QCOMPARE(document.lastError, u"File too large"_s);
+    QVERIFY(!document.save(path(u"new.ppm"_s), u"ppm"_s));
+    QCOMPARE(document.lastError, u"File too large"_s);
+
+    QCOMPARE(file_bytes(path(u"b.ppm"_s)), "earlier");
+    QVERIFY(!QFile::exists(path(u"new.ppm"_s)));
 }
 
 void tst_ImageDocument_save::copyOfAMissingFileFailsAndLeavesTheTargetAlone()

@@ -1,0 +1,151 @@
+// A process that is killed while it saves leaves the old file or the new one.
+
+#include "image_files.h"
+#include "ImageDocument.h"
+#include "pictures.h"
+#include "TemporaryHome.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <optional>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How many steps of a save this process may still do; below 0 it may do all.
+int stepsLeft = -1;
+
+void doStep()
+{
+    if (stepsLeft == 0)
+        ::raise(SIGKILL);
+    if (stepsLeft > 0)
+        --stepsLeft;
+}
+
+constexpr std::size_t PieceBytes = 1024;
+
+} // namespace
+
+// These stand before those of the C library, for the toolkit and the TIFF library as well. A long writing is done in
+// pieces, as the system may do it.
+
+extern "C" ssize_t pwrite64(int fd, const void *bytes, size_t count, off64_t position)
+{
+    doStep();
+    const size_t piece = stepsLeft < 0 ? count : std::min(count, PieceBytes);
+    return ::syscall(SYS_pwrite64, fd, bytes, piece, position);
+}
+
+extern "C" ssize_t pwrite(int fd, const void *bytes, size_t count, off_t position)
+{
+    return ::pwrite64(fd, bytes, count, position);
+}
+
+extern "C" int rename(const char *from, const char *to) noexcept
+{
+    doStep();
+    return static_cast<int>(::syscall(SYS_rename, from, to));
+}
+
+extern "C" int fsync(int fd)
+{
+    doStep();
+    // Power cuts are not made here, and the disk of the machine is slow.
+    return stepsLeft < 0 ? static_cast<int>(::syscall(SYS_fsync, fd)) : 0;
+}
+
+namespace {
+
+QImage noise(int side)
+{
+    QImage image({side, side}, QImage::Format_RGB32);
+    QRandomGenerator random(11);
+    random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
+    return image;
+}
+
+/// Saves in a process of its own, which is killed before it does the step behind @p steps.
+/// @return whether it was
+bool isKilledBehind(int steps, ImageDocument &document, const QString &path, const QString &word)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        stepsLeft = steps;
+        ::_exit(document.save(path, word) ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
+        qFatal("the save failed");
+    return WIFSIGNALED(status);
+}
+
+} // namespace
+
+class tst_target_file_kill : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void killedSaveLeavesTheOldFileOrTheNewOne_data()
+    {
+        QTest::addColumn<QString>("word");
+        QTest::addColumn<bool>("exists");
+        QTest::addColumn<int>("leastKills");
+
+        QTest::newRow("PNG") << u"PNG"_s << true << 150;
+        QTest::newRow("BMP") << u"BMP"_s << true << 150;
+        QTest::newRow("multi-page codec") << u"TIFF"_s << true << 150;
+        QTest::newRow("plug-in's tiff") << u"tif"_s << true << 150;
+        QTest::newRow("new file") << u"PPM"_s << false << 150;
+    }
+
+    void killedSaveLeavesTheOldFileOrTheNewOne()
+    {
+        QFETCH(const QString, word);
+        QFETCH(const bool, exists);
+        const TemporaryHome home;
+        const QTemporaryDir directory;
+        const QString path = directory.filePath(u"a"_s);
+        ImageDocument document({}, {});
+        QVERIFY(document.addPage(noise(250))); // 187,500 bytes of colours
+        QVERIFY(document.save(path, word));
+        const QByteArray whole = file_bytes(path);
+        if (exists)
+            write_file(path, "earlier");
+        else
+            QVERIFY(QFile::remove(path));
+        const QByteArray earlier = exists ? "earlier" : "";
+
+        int kills = 0;
+        for (bool isWhole = false; isKilledBehind(kills, document, path, word); ++kills) {
+            const bool isThere = QFile::exists(path);
+            const QByteArray bytes = isThere ? file_bytes(path) : QByteArray();
+            isWhole = isWhole || bytes == whole;
+            QVERIFY2(isWhole ? bytes == whole : bytes == earlier && isThere == exists, qPrintable(u"%1"_s.arg(kills)));
+            // What the killed process was writing lies beside, and nothing else.
+            const QStringList names =
+                QDir(directory.path()).entryList({u".imagemanager-*"_s}, QDir::Files | QDir::Hidden);
+            QCOMPARE(names.size(), isWhole ? 0 : 1);
+            for (const QString &name : names)
+                QVERIFY(QFile::remove(directory.filePath(name)));
+        }
+
+        QFETCH(const int, leastKills);
+        QVERIFY(kills >= leastKills);
+        QVERIFY(file_bytes(path) == whole);
+        QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_target_file_kill)
+#include "tst_target_file_kill.moc"
