@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <utility>
 
 namespace {
 
@@ -53,8 +52,8 @@ int main(int argc, char **argv)
     QObject::connect(&application, &QtSingleApplication::messageReceived, &window, &ImageManager::processMessage);
     window.setVisible(true);
 
-    window.processArgs(splitArgs(message));
-    for (const QString &text : std::as_const(earlyMessages))
-        window.processMessage(text);
+    window.processArgs(splitArgs(message), earlyMessages);
+    if (window.isClosed())
+        return EXIT_SUCCESS; // while a file was being opened, when there was no loop to leave yet
     return QApplication::exec(); // until the window, the last one, is closed
 }

@@ -1,5 +1,6 @@
 #include "ImageManager.h"
 
+#include "CommandTab.h"
 #include "help_launcher.h"
 #include "IdMenu.h"
 #include "ImageDocument.h"
@@ -112,8 +113,14 @@ void ImageManager::onStatusChanged(const QString &text)
 
 void ImageManager::closeCurrentTab()
 {
-    ImageDocumentView *const view = currentView();
-    const ImageDocument *const document = currentDocument();
+    closeTab(currentView());
+}
+
+void ImageManager::closeTab(ImageDocumentView *view)
+{
+    if (!view)
+        return;
+    const ImageDocument *const document = view->document();
     tabWidget->removeTab(tabWidget->indexOf(view));
     delete view;
     delete document;
@@ -135,13 +142,22 @@ void ImageManager::help_context()
 
 void ImageManager::closeEvent(QCloseEvent *event)
 {
-    // The window manager closes a frozen window too, but an edit needs its page to the end.
-    if (!isEnabled() || !confirmSaveAll()) {
+    if (!isEnabled()) { // the window manager closes a frozen window too, but an edit needs its page to the end
+        isCloseHeld = heldMessages.isEmpty(); // nobody has seen the files that wait
+        event->ignore();
+        return;
+    }
+    if (!confirmSaveAll()) {
         event->ignore();
         return;
     }
     closeAllTabs();
     QMainWindow::closeEvent(event);
     QCoreApplication::processEvents();
+    if (tabWidget->count() != 0) { // another start has opened a file, perhaps one that is on no disk any more
+        event->ignore();
+        return;
+    }
+    closed = true;
     view_save_layout();
 }

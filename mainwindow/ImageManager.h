@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pixel_operations.h"
+#include "save_targets.h"
 #include "UndoHistory.h"
 
 #include <QHash>
@@ -8,12 +9,14 @@
 #include <QList>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 
 #include <array>
 #include <functional>
 
+class CommandTab;
 class IdMenu;
 class ImageDocument;
 class ImageDocumentView;
@@ -38,8 +41,15 @@ public:
 
     /// Opens the files of an argument list, the first entry being the program itself. "-t" marks the next
     /// file as temporary: it opens as an unnamed document and is removed from disk. Ends the process with
-    /// status 0 when there is no file, or none that opens.
+    /// status 0 when there is no file, or none that opens; not if the window was closed meanwhile.
     void processArgs(const QStringList &args);
+
+    /// The same for the arguments of this process, after which the files of starts that came while the window
+    /// was built are opened too, before it is decided that nothing has opened.
+    void processArgs(const QStringList &args, const QStringList &earlyMessages);
+
+    /// Whether the window has been closed for good: nothing opens any more.
+    [[nodiscard]] bool isClosed() const { return closed; }
 
     /// Makes a document of a file and a tab for it; tells the user what went wrong.
     /// @param format     format word, empty to go by the content
@@ -53,7 +63,7 @@ public:
 
 public slots:
     /// Takes the argument message of another start and comes to the front. While an edit is under way the
-    /// message waits for its end.
+    /// message waits for its end; once the window is closed it is dropped.
     void processMessage(const QString &msg);
 
     void file_new();
@@ -140,8 +150,11 @@ private:
     void addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names);
     void placeActions(QWidget *place, std::initializer_list<QLatin1StringView> names);
 
+    void letEventsThrough();
     void freezeUi();
     void thawUi();
+    void workOffMessages();
+    void carryOutClose();
     void endEdit();
     void updateActions();
     void showStatus(const QString &text);
@@ -149,6 +162,7 @@ private:
     [[nodiscard]] bool beginEdit();
     void finishEdit(bool ok);
     [[nodiscard]] bool applyHistory(HistoryStep step, uint steps);
+    void stepThroughHistory(const std::function<void()> &step);
     bool runEdit(const std::function<bool(uint)> &operation);
     [[nodiscard]] bool isAccepted(QDialog &dialog);
     void previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint));
@@ -160,16 +174,24 @@ private:
     void updateZoomControls();
     void updateTabTitle(ImageDocumentView *view, bool modified);
     void closeCurrentTab();
+    void closeTab(ImageDocumentView *view);
     void closeAllTabs();
+    [[nodiscard]] bool openFiles(const QStringList &args);
+    void offerToSaveRefused(ImageDocumentView *view);
     bool reportFailedLoad(ImageDocument *document, const QString &name);
     [[nodiscard]] bool askToSaveInstead();
 
     bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);
     void saveMerged(const QString &path);
+    void saveEach(const SaveTargets &targets);
+    void saveInWalk(const CommandTab &tab, const SaveTarget &target);
+    [[nodiscard]] bool confirmReplace(const QString &fileName);
     [[nodiscard]] QMessageBox::StandardButton askToSave(const ImageDocument *document);
     [[nodiscard]] bool confirmSave();
     [[nodiscard]] bool confirmSaveAll();
     [[nodiscard]] QList<ImageDocument *> openDocuments() const;
+    [[nodiscard]] ImageDocumentView *viewAt(int index) const;
+    [[nodiscard]] bool showTabBut(const QList<QPointer<ImageDocumentView>> &views);
     void showNextTab();
 
     UndoHistory undoHistory; ///< shared by all tabs
@@ -180,5 +202,8 @@ private:
     QToolBar *toolBar = nullptr;
     QTabWidget *tabWidget = nullptr;
     QStringList heldMessages; ///< of other starts, that came while an edit was under way
+    bool isWorkingOff = false; ///< the held messages are being followed
+    bool isCloseHeld = false; ///< the window was to be closed while an edit was under way
     bool viewStatusEnabled = true; ///< whether status texts of the views are shown
+    bool closed = false; ///< the window has gone for good
 };

@@ -1,12 +1,18 @@
 #include "BusyScope.h"
+#include "CommandTab.h"
 #include "file_dialogs.h"
 #include "FrontTabScope.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
+#include "plain_box.h"
 
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QTabWidget>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -15,22 +21,6 @@ namespace {
 const QString untitledBase = u"Untitled"_s;
 const QString tiffWord = u"TIFF"_s;
 const QString multipageTiffWord = u"MTIFF"_s;
-
-/// Gives the documents that have no file of their own a name each: @p path with 1, 2, 3 ... before its
-/// last dot.
-void name_untitled_documents(const QList<ImageDocument *> &documents, const QString &path, const QString &format)
-{
-    const qsizetype dot = path.lastIndexOf('.'_L1);
-    const qsizetype position = dot < 0 ? path.size() : dot;
-    int number = 0;
-    for (ImageDocument *const document : documents) {
-        if (document->hasFile())
-            continue;
-        ++number;
-        document->fileInfo.setFile(QString(path).insert(position, QString::number(number)));
-        document->imgFormat_ = format;
-    }
-}
 
 } // namespace
 
@@ -43,9 +33,9 @@ void ImageManager::file_open()
 {
     QString path;
     QString format;
-    if (!open_file_dialog(path, format, this))
+    if (!open_file_dialog(path, format, this) || closed)
         return;
-    if (!load_file(path, format, false))
+    if (!load_file(path, format, false) && !closed)
         QMessageBox::warning(this, tr("Open failed"), tr("Error opening file"), QMessageBox::Ok);
 }
 
@@ -57,8 +47,8 @@ bool ImageManager::save_file(ImageDocument *doc, const QString &filePath, const 
         saved = doc->save(filePath, format);
     }
     if (!saved)
-        QMessageBox::warning(this, tr("Save failed"), tr("Error saving image: %1").arg(doc->lastError),
-                             QMessageBox::Ok);
+        (void)show_plain_box(QMessageBox::Warning, this, tr("Save failed"),
+                             tr("Error saving image: %1").arg(doc->lastError), QMessageBox::Ok);
     return saved;
 }
 
@@ -76,18 +66,18 @@ bool ImageManager::file_save()
 
 bool ImageManager::file_save_as()
 {
-    ImageDocument *const document = currentDocument();
-    if (!document || document->isEmpty()) {
+    const CommandTab tab(currentView());
+    if (!tab || tab.document()->isEmpty()) {
         qWarning("ImageManager::file_save - nothing to save!");
         return true;
     }
-    QString path = document->filePath();
-    QString format = document->imgFormat();
+    QString path = tab.document()->filePath();
+    QString format = tab.document()->imgFormat();
     if (!save_file_dialog(path, format, this, nullptr)) {
         qWarning("ImageManager::file_save_as - dialog canceled or failed");
         return false;
     }
-    return save_file(document, path, format);
+    return tab && save_file(tab.document(), path, format);
 }
 
 void ImageManager::file_save_all()
@@ -95,30 +85,58 @@ void ImageManager::file_save_all()
     QString path = untitledBase;
     QString format;
     bool useAsBase = true;
+    const CommandTab current(currentView());
     {
         const FrontTabScope front(tabWidget);
-        if (!save_all_file_dialog(path, format, useAsBase, this))
+        if (!save_all_file_dialog(path, format, useAsBase, this) || !current)
             return;
     }
 
-    if (format == multipageTiffWord) {
+    if (format == multipageTiffWord)
         saveMerged(path);
-        return;
+    else if (useAsBase)
+        saveEach(numbered_targets(openDocuments(), path, format));
+    else
+        saveEach({{current.document(), {.path = path, .format = format}}});
+}
+
+/// Saves the tabs of this moment from the current one on, which is the current one afterwards too. A failure
+/// does not stop the walk; a tab that comes meanwhile is no part of it.
+void ImageManager::saveEach(const SaveTargets &targets)
+{
+    const FrontTabScope front(tabWidget);
+    QList<CommandTab> walk;
+    for (int i = 0; i < tabWidget->count(); ++i)
+        walk.append(CommandTab(viewAt((tabWidget->currentIndex() + i) % tabWidget->count())));
+    for (const CommandTab &tab : std::as_const(walk)) {
+        if (!tab)
+            continue;
+        tabWidget->setCurrentWidget(tab.view());
+        saveInWalk(tab, targets.value(tab.document()));
     }
-    if (useAsBase) {
-        name_untitled_documents(openDocuments(), path, format);
-    } else {
-        currentDocument()->fileInfo.setFile(path);
-        currentDocument()->imgFormat_ = format;
+}
+
+/// Saves one tab of Save All. A document keeps its name, word and mark unless its save succeeds.
+void ImageManager::saveInWalk(const CommandTab &tab, const SaveTarget &target)
+{
+    const QFileInfo file(target.path);
+    const bool replaces = target.isNumbered && file.exists() && !file.isDir(); // a folder cannot be replaced
+    if (target.path.isEmpty() || (replaces && !confirmReplace(file.fileName()))) {
+        if (tab)
+            file_save(); // asks for a name where there is none
+    } else if (tab) {
+        save_file(tab.document(), target.path, target.format);
     }
-    // A failure does not stop the walk, which ends at the tab that it began with.
-    for (int count = tabWidget->count(); count > 0; --count) {
-        {
-            const FrontTabScope front(tabWidget);
-            file_save();
-        }
-        showNextTab();
-    }
+}
+
+/// The toolkit's own question, in its own words.
+bool ImageManager::confirmReplace(const QString &fileName)
+{
+    const FrontTabScope front(tabWidget);
+    return show_plain_box(QMessageBox::Warning, this, windowTitle(),
+                          QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(fileName),
+                          QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+        == QMessageBox::Yes;
 }
 
 /// Saves the pages of all tabs into one file; the tabs keep their names and marks.
@@ -136,13 +154,19 @@ QList<ImageDocument *> ImageManager::openDocuments() const
 {
     QList<ImageDocument *> documents;
     for (int i = 0; i < tabWidget->count(); ++i)
-        documents.append(qobject_cast<ImageDocumentView *>(tabWidget->widget(i))->document());
+        documents.append(viewAt(i)->document());
     return documents;
+}
+
+ImageDocumentView *ImageManager::viewAt(int index) const
+{
+    return qobject_cast<ImageDocumentView *>(tabWidget->widget(index));
 }
 
 void ImageManager::showNextTab()
 {
-    tabWidget->setCurrentIndex((tabWidget->currentIndex() + 1) % tabWidget->count());
+    if (const int count = tabWidget->count(); count != 0)
+        tabWidget->setCurrentIndex((tabWidget->currentIndex() + 1) % count);
 }
 
 QMessageBox::StandardButton ImageManager::askToSave(const ImageDocument *document)
@@ -151,26 +175,30 @@ QMessageBox::StandardButton ImageManager::askToSave(const ImageDocument *documen
     const QString question = document->hasFile()
         ? tr("Image '%1' has been changed.\nDo you want to save it?").arg(document->fileName())
         : tr("Do you want to save the image?");
-    return QMessageBox::information(this, windowTitle(), question,
-                                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+    return show_plain_box(QMessageBox::Information, this, windowTitle(), question,
+                          QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
 }
 
 bool ImageManager::confirmSave()
 {
-    const ImageDocument *const document = currentDocument();
-    if (!document->isModified())
+    const CommandTab tab(currentView());
+    if (!tab || !tab.document()->isModified())
         return true;
 
-    const QMessageBox::StandardButton answer = askToSave(document);
+    const QMessageBox::StandardButton answer = askToSave(tab.document());
     if (answer != QMessageBox::Yes)
         return answer == QMessageBox::No;
+    if (!tab)
+        return true; // whoever closed it meanwhile has been asked too
     const FrontTabScope front(tabWidget);
     return file_save();
 }
 
 bool ImageManager::confirmSaveAll()
 {
-    for (int i = 0; i < tabWidget->count(); ++i) { // a question may last, and the tabs become more meanwhile
+    QList<QPointer<ImageDocumentView>> asked; // tabs come and go while a question is open
+    while (showTabBut(asked)) {
+        asked.append(currentView());
         const bool confirmed = confirmSave();
         showNextTab(); // Intended: also after a refusal, so the tab behind the refused one comes up
         if (!confirmed)
@@ -179,10 +207,23 @@ bool ImageManager::confirmSaveAll()
     return true;
 }
 
+/// Brings up the first tab that is none of @p views, unless the current one is none of them. False if there is
+/// no such tab.
+bool ImageManager::showTabBut(const QList<QPointer<ImageDocumentView>> &views)
+{
+    for (int i = 0; i < tabWidget->count(); ++i) {
+        if (!views.contains(currentView()))
+            return true;
+        tabWidget->setCurrentIndex(i);
+    }
+    return tabWidget->count() != 0 && !views.contains(currentView());
+}
+
 void ImageManager::file_close()
 {
-    if (confirmSave())
-        closeCurrentTab();
+    const CommandTab tab(currentView());
+    if (confirmSave() && tab)
+        closeTab(tab.view());
 }
 
 void ImageManager::file_close_all()

@@ -1,3 +1,4 @@
+#include "CommandTab.h"
 #include "FrontTabScope.h"
 #include "headroom.h"
 #include "ImageDocument.h"
@@ -40,11 +41,13 @@ int scaled_side(int side, double factor)
 
 } // namespace
 
-/// Shows a dialog about the current tab, which is the current one afterwards too.
+/// Shows a dialog about the current tab, which is the current one afterwards too. False also if the tab has gone:
+/// what is typed right behind the key that accepts a dialog is heard before this call returns.
 bool ImageManager::isAccepted(QDialog &dialog)
 {
+    const CommandTab tab(currentView());
     const FrontTabScope front(tabWidget);
-    return dialog.exec() == QDialog::Accepted;
+    return dialog.exec() == QDialog::Accepted && tab;
 }
 
 void ImageManager::previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint))
@@ -192,10 +195,10 @@ void ImageManager::image_crop()
 
 void ImageManager::image_properties()
 {
-    const ImageDocumentView *const view = currentView();
-    if (!view)
+    const CommandTab tab(currentView());
+    if (!tab)
         return;
-    PropertiesDialog dialog(currentPageImage(), view->currentFactor(), this);
+    PropertiesDialog dialog(currentPageImage(), tab.view()->currentFactor(), this);
     if (QLayout *const layout = dialog.layout())
         layout->setSizeConstraint(QLayout::SetFixedSize);
     dialog.exec();

@@ -1,5 +1,7 @@
 #include "argument_message.h"
+#include "CommandTab.h"
 #include "file_dialogs.h"
+#include "FrontTabScope.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
@@ -9,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
-#include <QPointer>
 #include <QTabWidget>
 
 #include <cstdlib>
@@ -32,15 +33,28 @@ QString next_untitled_name()
 
 void ImageManager::processArgs(const QStringList &args)
 {
+    // Intended: with nothing to show the process ends here, also one that has shown documents until now.
+    if (!openFiles(args) && !closed)
+        std::exit(0);
+}
+
+void ImageManager::processArgs(const QStringList &args, const QStringList &earlyMessages)
+{
+    const bool anyOpened = openFiles(args);
+    for (const QString &message : earlyMessages)
+        processMessage(message); // one that opens nothing does not come back
+    if (!anyOpened && earlyMessages.isEmpty() && !closed)
+        std::exit(0);
+}
+
+/// Opens the files of an argument list one after the other. Once the window is closed the process is about to end:
+/// those that are left stay where they are, temporary ones too. False if none opened.
+bool ImageManager::openFiles(const QStringList &args)
+{
     qDebug("ImageManager::processArgs(): { args=<%s>", args.join(' '_L1).toLocal8Bit().constData());
 
-    // Intended: with nothing to show the process ends here, also one that has shown documents until now.
-    if (args.size() < 2)
-        std::exit(0);
-
-    const bool wasShown = isVisible();
     bool anyOpened = false;
-    for (qsizetype i = 1; i < args.size(); ++i) {
+    for (qsizetype i = 1; i < args.size() && !closed; ++i) {
         QString path = args.at(i);
         const bool temporary = path == "-t"_L1 && i + 1 < args.size();
         if (temporary)
@@ -48,21 +62,20 @@ void ImageManager::processArgs(const QStringList &args)
         anyOpened = load_file(path, QString(), temporary) || anyOpened;
         if (temporary)
             QFile::remove(path);
-        if (wasShown && !isVisible())
-            std::exit(0); // closed while the file was being opened, perhaps before there was a loop to leave
     }
-    if (!anyOpened)
-        std::exit(0);
+    return anyOpened;
 }
 
 void ImageManager::processMessage(const QString &msg)
 {
     if (!isEnabled()) { // an edit works on the tab that is current
         heldMessages.append(msg);
+        isCloseHeld = false; // nobody has seen the file when the window was to be closed
         return;
     }
     qDebug("msg=<%s> len=%u", msg.toLocal8Bit().constData(), static_cast<uint>(msg.length()));
     processArgs(splitArgs(msg));
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
 }
@@ -90,7 +103,7 @@ bool ImageManager::reportFailedLoad(ImageDocument *document, const QString &name
         QMessageBox::warning(this, tr("Load failed"), tr("Error loading file"), QMessageBox::Ok);
         return false;
     }
-    if (!askToSaveInstead())
+    if (!askToSaveInstead() || closed)
         return false;
 
     QString format = u"ppm"_s;
@@ -120,26 +133,24 @@ bool ImageManager::addDocumentTab(ImageDocument *doc)
     tabWidget->setCurrentIndex(tabWidget->insertTab(-1, view, tab_text(doc->fileName())));
 
     if (!view->setDocument(doc)) {
-        if (askToSaveInstead())
-            file_save_as();
-        closeCurrentTab();
+        offerToSaveRefused(view);
         return false;
     }
 
     // The user may close the tab, or the window, whenever events get through.
-    const QPointer<ImageDocumentView> open(view);
+    const CommandTab tab(view);
     QCoreApplication::processEvents();
-    if (!open)
+    if (!tab)
         return true;
     view->setCurrentPage(1);
     view->setVisible(true);
     updateActions();
-    if (!open)
+    if (!tab)
         return true;
     connect(view, &ImageView::statusChanged, this, &ImageManager::onStatusChanged);
     connect(view, &ImageView::selectionChanged, this, &ImageManager::updateImageCropControls);
     QCoreApplication::processEvents();
-    if (!open)
+    if (!tab)
         return true;
     if (tabWidget->count() == 1)
         updateDocumentActions();
@@ -147,4 +158,18 @@ bool ImageManager::addDocumentTab(ImageDocument *doc)
     connect(view, &ImageDocumentView::modifiedStateChanged, this, &ImageManager::documentModifiedStateChanged);
     tabChanged(view);
     return true;
+}
+
+/// Offers to save the pages of a tab that cannot show them, and closes it.
+void ImageManager::offerToSaveRefused(ImageDocumentView *view)
+{
+    const CommandTab tab(view);
+    bool isWanted = false;
+    {
+        const FrontTabScope front(tabWidget);
+        isWanted = askToSaveInstead();
+    }
+    if (isWanted && tab)
+        file_save_as();
+    closeTab(tab.view());
 }

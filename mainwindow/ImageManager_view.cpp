@@ -59,22 +59,25 @@ void ImageManager::view_reset_layout()
 
 void ImageManager::view_zoom_out()
 {
-    currentView()->zoomOut();
+    if (ImageDocumentView *const view = currentView())
+        view->zoomOut();
     updateZoomControls();
 }
 
 void ImageManager::view_zoom_in()
 {
-    currentView()->zoomIn();
+    if (ImageDocumentView *const view = currentView())
+        view->zoomIn();
     updateZoomControls();
 }
 
 void ImageManager::view_zoom_by_id(int id)
 {
     const auto entry = std::ranges::find(zoomIds, id);
-    if (entry == zoomIds.end())
+    ImageDocumentView *const view = currentView();
+    if (entry == zoomIds.end() || !view)
         return;
-    currentView()->setZoomIndex(static_cast<int>(entry - zoomIds.begin()));
+    view->setZoomIndex(static_cast<int>(entry - zoomIds.begin()));
     updateZoomControls();
 }
 

@@ -1,52 +1,17 @@
+#include "NextBox.h"
 #include "NextDialog.h"
 #include "NextFileDialog.h"
+#include "Once.h"
 #include "WindowFixture.h"
 
 #include <QCheckBox>
 #include <QImageReader>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Does something once, from the event loop, as soon as a condition holds; fails the test if it never did.
-class Once
-{
-public:
-    Once(std::function<bool()> condition, std::function<void()> work) :
-        m_condition(std::move(condition)),
-        m_work(std::move(work))
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
-        m_timer.start(0);
-    }
-
-    ~Once()
-    {
-        if (m_timer.isActive())
-            QTest::qFail("The moment never came.", __FILE__, __LINE__);
-    }
-
-    Q_DISABLE_COPY_MOVE(Once)
-
-private:
-    void look()
-    {
-        if (!m_condition())
-            return;
-        m_timer.stop();
-        m_work();
-    }
-
-    std::function<bool()> m_condition;
-    std::function<void()> m_work;
-    QTimer m_timer;
-};
 
 QMessageBox *open_box()
 {
@@ -107,18 +72,99 @@ private slots:
         QVERIFY(!fixture.enabled(u"file_save"_s));
     }
 
-    void theWindowStaysWhileAnEditIsUnderWay()
+    void theWindowStaysWhileAnEditIsUnderWayAndAsksWhenItHasEnded_data()
     {
+        QTest::addColumn<QMessageBox::StandardButton>("answer");
+        QTest::addColumn<bool>("stays");
+
+        QTest::newRow("Cancel") << QMessageBox::Cancel << true;
+        QTest::newRow("No") << QMessageBox::No << false;
+    }
+
+    void theWindowStaysWhileAnEditIsUnderWayAndAsksWhenItHasEnded()
+    {
+        QFETCH(const QMessageBox::StandardButton, answer);
+        QFETCH(const bool, stays);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = page_of(fixture, 0);
         const NextDialog dialog(accept_dialog);
+        const NextBox question = answerNextBox(answer);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
 
         fixture.action(u"image_invert"_s)->trigger();
 
         QVERIFY(fixture.window.isVisible());
         QVERIFY(comparePictures(page_of(fixture, 0), inverted(page)));
+        QTRY_VERIFY(question.hasCome());
+        QTRY_COMPARE(fixture.window.isVisible(), stays);
+        QCOMPARE(fixture.tabs()->count(), stays ? 1 : 0);
+    }
+
+    void theWindowIsClosedOnceAnUndoHasEnded()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        {
+            const NextDialog dialog(accept_dialog);
+            fixture.action(u"image_invert"_s)->trigger();
+        }
+        const NextBox question = answerNextBox(QMessageBox::No);
+        const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
+
+        fixture.action(u"edit_undo"_s)->trigger();
+
+        QVERIFY(fixture.window.isVisible());
+        QTRY_VERIFY(!fixture.window.isVisible());
+    }
+
+    void aFileThatComesDuringAnEditTakesTheCloseBack_data()
+    {
+        QTest::addColumn<bool>("closeComesFirst");
+
+        QTest::newRow("close, then the file") << true;
+        QTest::newRow("file, then the close") << false;
+    }
+
+    void aFileThatComesDuringAnEditTakesTheCloseBack()
+    {
+        QFETCH(const bool, closeComesFirst);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString scan = fixture.file(u"scan.png"_s);
+        const NextDialog dialog(accept_dialog);
+        const Once both([&] { return !fixture.window.isEnabled(); },
+                        [&] {
+                            if (closeComesFirst)
+                                QVERIFY(!fixture.window.close());
+                            fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
+                            if (!closeComesFirst)
+                                QVERIFY(!fixture.window.close());
+                        });
+
+        fixture.action(u"image_invert"_s)->trigger();
+        QCoreApplication::processEvents(); // a close that waits would ask now, and never be answered
+
+        QVERIFY(fixture.window.isVisible());
+        QCOMPARE(fixture.tabs()->count(), 2);
+    }
+
+    void filesThatComeDuringAnEditOpenInTheirOrder()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QStringList paths{fixture.file(u"b.png"_s), fixture.file(u"c.png"_s), fixture.file(u"d.png"_s)};
+        const NextDialog dialog(accept_dialog);
+        const Once messages([&] { return !fixture.window.isEnabled(); },
+                            [&] {
+                                fixture.window.processMessage(message_of(paths.at(0) + u':' + paths.at(1)));
+                                fixture.window.processMessage(message_of(paths.at(2)));
+                            });
+
+        fixture.action(u"image_invert"_s)->trigger();
+
+        QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s, u"c.png"_s, u"d.png"_s}));
+        QCOMPARE(fixture.tabs()->currentIndex(), 3);
     }
 
     void theWindowMayBeClosedAtTheEndOfAnUndo()

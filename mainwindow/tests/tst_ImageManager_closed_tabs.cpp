@@ -1,0 +1,318 @@
+#include "NextBox.h"
+#include "NextDialog.h"
+#include "NextFileDialog.h"
+#include "Once.h"
+#include "WindowFixture.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void accept_dialog(QDialog &dialog)
+{
+    dialog.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
+}
+
+QMessageBox *open_box()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+const QImage &page_of(const WindowFixture &fixture, int tab)
+{
+    return std::as_const(*fixture.view(tab)->document()).page(1);
+}
+
+void close_current_tab_unasked(const WindowFixture &fixture)
+{
+    fixture.currentView()->document()->setModified(false);
+    fixture.action(u"file_close"_s)->trigger();
+}
+
+} // namespace
+
+/// What is typed or clicked right behind the last key of a command closes the tab that the command works on.
+class tst_ImageManager_closed_tabs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theWindowMayBeClosedBehindAnAcceptedDialog_data()
+    {
+        QTest::addColumn<QString>("action");
+
+        for (const QString &action :
+             {u"image_invert"_s, u"rotate_cw"_s, u"image_brightness"_s, u"image_contrast"_s, u"depth_8"_s,
+              u"scale_proportionally"_s, u"scale_vertically"_s, u"image_resize"_s})
+            QTest::newRow(qPrintable(action)) << action;
+    }
+
+    void theWindowMayBeClosedBehindAnAcceptedDialog()
+    {
+        QFETCH(const QString, action);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog([&](QDialog &box) {
+            accept_dialog(box);
+            QVERIFY(fixture.window.close());
+        });
+
+        fixture.action(action)->trigger();
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(!fixture.window.isVisible());
+        QVERIFY(fixture.window.isEnabled());
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QCOMPARE(fixture.home.filesIn(u"tmp"_s), QStringList());
+    }
+
+    void theTabBehindAClosedOneIsNotEdited_data() { theWindowMayBeClosedBehindAnAcceptedDialog_data(); }
+
+    void theTabBehindAClosedOneIsNotEdited()
+    {
+        QFETCH(const QString, action);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.open(u"b.png"_s));
+        const QImage page = page_of(fixture, 0);
+        const NextDialog dialog([&](QDialog &box) {
+            accept_dialog(box);
+            close_current_tab_unasked(fixture);
+        });
+
+        fixture.action(action)->trigger();
+
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+        QVERIFY(comparePictures(page_of(fixture, 0), page));
+        QVERIFY(fixture.window.isEnabled());
+    }
+
+    void theWindowMayBeClosedBehindTheImageProperties()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog([&](QDialog &box) {
+            box.accept();
+            QVERIFY(fixture.window.close());
+        });
+
+        fixture.action(u"image_properties"_s)->trigger();
+
+        QVERIFY(!fixture.window.isVisible());
+    }
+
+    void aDocumentThatIsClosedBehindItsSaveDialogIsNotSaved_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("useAsBase");
+
+        QTest::newRow("save as") << u"file_save_as"_s << false;
+        QTest::newRow("save all under one name") << u"file_save_all"_s << false;
+        QTest::newRow("save all under a base name") << u"file_save_all"_s << true;
+    }
+
+    void aDocumentThatIsClosedBehindItsSaveDialogIsNotSaved()
+    {
+        QFETCH(const QString, action);
+        QFETCH(const bool, useAsBase);
+        WindowFixture fixture;
+        QVERIFY(fixture.window.load_file(fixture.file(u"scan.png"_s), {}, true));
+        const QString path = fixture.home.filePath(u"named.png"_s);
+        const NextFileDialog dialog([&](QFileDialog &chooser) {
+            if (auto *const box = chooser.findChild<QCheckBox *>())
+                box->setChecked(useAsBase);
+            NextFileDialog::accept(chooser, path);
+            QVERIFY(fixture.window.close());
+        });
+
+        fixture.action(action)->trigger();
+
+        QVERIFY(!fixture.window.isVisible());
+        QVERIFY(!QFile::exists(path));
+        QVERIFY(!QFile::exists(fixture.home.filePath(u"named1.png"_s)));
+    }
+
+    void aFileThatIsChosenWhenTheWindowClosesIsNotOpened()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"a.png"_s);
+        const NextFileDialog dialog([&](QFileDialog &chooser) {
+            NextFileDialog::accept(chooser, path);
+            QVERIFY(fixture.window.close());
+        });
+
+        fixture.action(u"file_open"_s)->trigger();
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(fixture.window.isClosed());
+    }
+
+    void theLastTabMayBeClosedAtTheEndOfAnEdit()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const NextDialog dialog(accept_dialog);
+        bool frozen = false;
+        const Once closing(
+            [&] {
+                frozen = frozen || !fixture.window.isEnabled();
+                return frozen && fixture.window.isEnabled();
+            },
+            [&] { close_current_tab_unasked(fixture); });
+
+        fixture.action(u"image_invert"_s)->trigger();
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(!fixture.enabled(u"edit_undo"_s));
+        QVERIFY(!fixture.enabled(u"edit_redo"_s));
+    }
+
+    void withoutATabTheCommandsOfOneDoNothing()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        {
+            const NextDialog dialog(accept_dialog);
+            fixture.action(u"image_invert"_s)->trigger();
+        }
+        close_current_tab_unasked(fixture);
+
+        fixture.window.edit_undo();
+        fixture.window.edit_redo();
+        fixture.window.image_crop();
+        fixture.window.view_zoom_in();
+        fixture.window.view_zoom_out();
+        fixture.window.view_zoom_by_id(-2);
+        fixture.window.image_properties();
+        fixture.window.file_close();
+        fixture.window.file_close_all();
+
+        QVERIFY(fixture.window.isEnabled());
+        QCOMPARE(fixture.home.filesIn(u"tmp"_s).size(), 1);
+    }
+
+    void theTabBehindAClosedOneIsNotClosed()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QVERIFY(fixture.open(u"b.png"_s));
+        fixture.currentView()->document()->setModified(true);
+        const Once answer([] { return open_box() != nullptr; },
+                          [&] {
+                              open_box()->button(QMessageBox::No)->click();
+                              close_current_tab_unasked(fixture);
+                          });
+
+        fixture.action(u"file_close"_s)->trigger();
+
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+    }
+
+    void allTabsMayBeClosedBehindTheQuestionOfTheWindow()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        fixture.currentView()->document()->setModified(true);
+        const Once answer([] { return open_box() != nullptr; },
+                          [&] {
+                              open_box()->button(QMessageBox::No)->click();
+                              close_current_tab_unasked(fixture);
+                          });
+
+        QVERIFY(fixture.window.close());
+    }
+
+    void everyTabIsAskedForThoughOneIsClosedMeanwhile()
+    {
+        WindowFixture fixture;
+        for (const QString &name : {u"a.png"_s, u"b.png"_s, u"c.png"_s}) {
+            QVERIFY(fixture.open(name));
+            fixture.currentView()->document()->setModified(true);
+        }
+        fixture.tabs()->setCurrentIndex(0);
+        const auto asksFor = [](const QString &name) { return open_box() && open_box()->text().contains(name); };
+        const Once first([&] { return asksFor(u"a.png"_s); },
+                         [&] {
+                             open_box()->button(QMessageBox::No)->click();
+                             close_current_tab_unasked(fixture);
+                         });
+        const Once second([&] { return asksFor(u"c.png"_s); }, [] { open_box()->button(QMessageBox::No)->click(); });
+        const Once third([&] { return asksFor(u"b.png"_s); }, [] { open_box()->button(QMessageBox::No)->click(); });
+
+        QVERIFY(fixture.window.close());
+    }
+
+    void aFileThatComesWhenTheLastTabIsClosedKeepsTheWindow()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString scan = fixture.file(u"scan.png"_s);
+        const Once message([&] { return fixture.tabs()->count() == 0; },
+                           [&] { fixture.window.processMessage(u"imagemanager:-t:"_s + scan); });
+
+        QVERIFY(!fixture.window.close());
+
+        QVERIFY(fixture.window.isVisible());
+        QCOMPARE(fixture.tabs()->count(), 1);
+        QVERIFY(!QFile::exists(scan));
+    }
+
+    void aTemporaryFileThatComesToAClosedWindowStays()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.window.close());
+        const QString scan = fixture.file(u"scan.png"_s);
+
+        fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(QFile::exists(scan));
+    }
+
+    void theFilesOfAMessageStayClosedOnceTheWindowIs()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString first = fixture.file(u"b.png"_s);
+        const QString second = fixture.file(u"c.png"_s);
+        const Once closing([&] { return fixture.tabs()->count() == 2; }, [&] { QVERIFY(fixture.window.close()); });
+
+        fixture.window.processMessage(u"imagemanager:"_s + first + u":-t:"_s + second);
+
+        QCOMPARE(fixture.tabs()->count(), 0);
+        QVERIFY(QFile::exists(second));
+    }
+
+    void aFileThatCameWhileTheWindowWasBuiltKeepsTheProgramUp()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"early.png"_s);
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        fixture.window.processArgs({u"imagemanager"_s, u"/nowhere/at.all"_s}, {u"imagemanager:"_s + path});
+
+        QCOMPARE(box.title(), u"Load failed"_s);
+        QCOMPARE(fixture.titles(), QStringList{u"early.png"_s});
+    }
+
+    void aMinimizedWindowComesUpWithTheFileOfAnotherStart()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QString path = fixture.file(u"b.png"_s);
+        fixture.window.showMinimized();
+        QVERIFY(fixture.window.isMinimized());
+
+        fixture.window.processMessage(u"imagemanager:"_s + path);
+
+        QVERIFY(!fixture.window.isMinimized());
+    }
+};
+
+QTEST_MAIN(tst_ImageManager_closed_tabs)
+#include "tst_ImageManager_closed_tabs.moc"
