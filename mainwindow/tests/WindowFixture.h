@@ -29,11 +29,12 @@ public:
     }
     [[nodiscard]] ImageDocumentView *currentView() const { return view(tabs()->currentIndex()); }
 
+    /// What the tabs show, without the marks that let "&" through.
     [[nodiscard]] QStringList titles() const
     {
         QStringList titles;
         for (int i = 0; i < tabs()->count(); ++i)
-            titles.append(tabs()->tabText(i));
+            titles.append(tabs()->tabText(i).replace(QStringLiteral("&&"), QStringLiteral("&")));
         return titles;
     }
 
