@@ -1,80 +1,13 @@
 #include "complete_file.h"
 
+#include "bmp_file.h"
+#include "byte_reader.h"
+
 #include <QByteArray>
 #include <QIODevice>
 #include <QtEndian>
 
-#include <algorithm>
-#include <array>
-#include <cstdlib>
-#include <cstring>
-
 namespace {
-
-/// Reads a file forward by blocks. A file that another program cuts meanwhile just ends earlier, which
-/// a mapped one would not survive.
-class ByteReader
-{
-public:
-    explicit ByteReader(QIODevice &device) : file(device) { }
-
-    /// The next byte, or -1 at the end.
-    int next()
-    {
-        if (position == filled && !fill())
-            return -1;
-        return static_cast<uchar>(buffer[position++]);
-    }
-
-    /// @return false if the file ends before
-    bool skip(qint64 count)
-    {
-        while (count > 0) {
-            if (position == filled && !fill())
-                return false;
-            const qint64 step = std::min(count, static_cast<qint64>(filled - position));
-            position += static_cast<std::size_t>(step);
-            count -= step;
-        }
-        return true;
-    }
-
-    /// Goes behind the next byte of this value.
-    bool skipPast(char wanted)
-    {
-        while (position != filled || fill()) {
-            const char *const start = buffer.data() + position;
-            if (const void *hit = std::memchr(start, wanted, filled - position)) {
-                position += static_cast<std::size_t>(static_cast<const char *>(hit) - start) + 1;
-                return true;
-            }
-            position = filled;
-        }
-        return false;
-    }
-
-    /// A number of two bytes, the high one first, or -1 at the end.
-    int nextBigEndian16()
-    {
-        const int high = next();
-        const int low = next();
-        return low < 0 ? -1 : high << 8 | low;
-    }
-
-private:
-    bool fill()
-    {
-        position = 0;
-        const qint64 count = file.read(buffer.data(), static_cast<qint64>(buffer.size()));
-        filled = static_cast<std::size_t>(std::max<qint64>(count, 0));
-        return filled > 0;
-    }
-
-    QIODevice &file;
-    std::array<char, std::size_t{64} * 1024> buffer{};
-    std::size_t position = 0;
-    std::size_t filled = 0;
-};
 
 /// Whether the end marker comes behind a scan. The markers are walked one by one, since a thumbnail in a
 /// segment ends with the same two bytes.
@@ -100,44 +33,6 @@ bool isCompleteJpeg(QIODevice &file)
             return false;
     }
     return false;
-}
-
-/// Bytes from the first row to the last pixel, padding between the rows included. As a real number: the
-/// sides that a header can claim are too large for whole ones.
-double bmpRowsEnd(qint64 width, qint64 height, int bits)
-{
-    const qint64 rowBits = std::abs(width) * bits;
-    const qint64 otherRows = std::max<qint64>(0, std::abs(height) - 1);
-    const qint64 paddedBytes = (rowBits + 31) / 32 * 4;
-    const qint64 lastRowBytes = (rowBits + 7) / 8;
-    return static_cast<double>(otherRows) * static_cast<double>(paddedBytes) + static_cast<double>(lastRowBytes);
-}
-
-/// Whether the last row reaches its end. The size in the file's header is not asked: many programs
-/// write a wrong one.
-bool isCompleteBmp(QIODevice &file)
-{
-    constexpr qint64 OldHeaderBytes = 26;
-    constexpr quint32 OldHeaderMark = 12;
-    constexpr quint32 Rle8 = 1;
-    constexpr quint32 Rle4 = 2;
-    std::array<char, 54> header{};
-    const qint64 present = file.read(header.data(), static_cast<qint64>(header.size()));
-    const auto number16 = [&header](std::size_t at) { return qFromLittleEndian<quint16>(&header.at(at)); };
-    const auto number32 = [&header](std::size_t at) { return qFromLittleEndian<quint32>(&header.at(at)); };
-    if (present < OldHeaderBytes)
-        return false;
-    const quint32 dataStart = number32(10);
-    if (number32(14) == OldHeaderMark)
-        return static_cast<double>(file.size()) >= dataStart + bmpRowsEnd(number16(18), number16(20), number16(24));
-    if (present < static_cast<qint64>(header.size()))
-        return false;
-    const quint32 compression = number32(30);
-    if (compression == Rle8 || compression == Rle4)
-        return file.size() >= qint64{dataStart} + number32(34);
-    const auto width = static_cast<qint32>(number32(18));
-    const auto height = static_cast<qint32>(number32(22)); // negative for rows from the top
-    return static_cast<double>(file.size()) >= dataStart + bmpRowsEnd(width, height, number16(28));
 }
 
 /// Goes behind a chain of blocks, each led by its length, which a length of 0 ends.
@@ -237,7 +132,7 @@ Check checkFor(const QByteArray &start)
     if (start.startsWith("\xff\xd8"))
         return isCompleteJpeg;
     if (start.startsWith("BM"))
-        return isCompleteBmp;
+        return is_complete_bmp;
     if (start.startsWith("GIF8"))
         return isCompleteGif;
     if (start.startsWith("#define"))

@@ -3,11 +3,13 @@
 #include "complete_file.h"
 #include "file_state.h"
 #include "image_memory.h"
+#include "mended_file.h"
 #include "page_buffers.h"
 #include "page_image.h"
 #include "tiff_codec.h"
 #include "tiff_wide_page.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImageReader>
 
@@ -52,7 +54,10 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
     if (!is_complete_image(file))
         return {};
     limit_image_readers();
-    QImageReader reader(&file, imgFormat.toLatin1());
+    QByteArray mended = mended_file(file);
+    QBuffer mendedFile(&mended);
+    const bool isMended = !mended.isEmpty() && mendedFile.open(QIODevice::ReadOnly);
+    QImageReader reader(isMended ? static_cast<QIODevice *>(&mendedFile) : &file, imgFormat.toLatin1());
     QImage image = image_to_fill(reader);
     if (std::optional<QImage> page = read_tiff(reader, file, image))
         return to_page_image(*std::move(page));

@@ -27,11 +27,11 @@ QByteArray os2Bmp(const QByteArray &rows)
         + little16(24) + rows;
 }
 
-QByteArray rleBmp(int codedBytes, int presentBytes)
+QByteArray rleBmp(int presentBytes)
 {
-    QByteArray file = bmp_file(4, 4, 8, {0, 1}, QByteArray(codedBytes, '\0'));
-    file.replace(30, 4, little32(1));
-    return file.first(file.size() - codedBytes + presentBytes);
+    const QByteArray row("\4\1\0\0", 4);
+    const QByteArray file = bmp_file(4, 4, 8, {0, 1}, row + row + row + row);
+    return QByteArray(file).replace(30, 4, little32(1)).first(file.size() - 16 + presentBytes);
 }
 
 /// A TIFF header and one directory entry, the colour map, of so many values at an offset.
@@ -171,8 +171,9 @@ void tst_complete_file::bmpIsJudgedByItsRows_data()
     QTest::newRow("4 bits, cut") << bmp_file(9, 2, 4, {0, 1}, rows(12)) << false;
     QTest::newRow("old header") << os2Bmp(rows(24)) << true;
     QTest::newRow("old header, cut") << os2Bmp(rows(20)) << false;
-    QTest::newRow("run lengths") << rleBmp(20, 20) << true;
-    QTest::newRow("run lengths, cut") << rleBmp(20, 19) << false;
+    QTest::newRow("run lengths") << rleBmp(16) << true;
+    QTest::newRow("run lengths without the end of the last row") << rleBmp(14) << true;
+    QTest::newRow("run lengths, cut") << rleBmp(13) << false;
     QTest::newRow("largest sides") << bmp_file(0x7fffffff, 0x7fffffff, 32, {}, rows(24)) << false;
     QTest::newRow("most negative height") << bmp_file(1, -0x7fffffff - 1, 32, {}, rows(24)) << false;
     QTest::newRow("cut in the header") << bmp_file(3, 2, 24, {}, {}).first(40) << false;

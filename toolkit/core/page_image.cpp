@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -40,13 +41,39 @@ QImage cut_to_bytes(QImage image)
     return std::move(image).convertToFormat(QImage::Format_Grayscale8);
 }
 
+int largest_index(const QImage &image)
+{
+    if (image.depth() == 1)
+        return 1;
+    uchar largest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const uchar *const line = image.constScanLine(y);
+        largest = std::max(largest, *std::max_element(line, line + image.width()));
+    }
+    return largest;
+}
+
+/// Gives indices beyond a table a colour, black: what asks the table for theirs would read beyond its end.
+QImage with_colors_for_all_indices(QImage image)
+{
+    constexpr QRgb Black = 0xff000000;
+    const int count = image.colorCount();
+    if (count == 0 || count >= 1 << image.depth())
+        return image;
+    const int last = largest_index(image);
+    for (int i = count; i <= last; ++i)
+        image.setColor(i, Black);
+    return image;
+}
+
 QImage to_page_format(QImage image)
 {
     switch (image.format()) {
-    case QImage::Format_Invalid:
     case QImage::Format_Mono:
     case QImage::Format_MonoLSB:
     case QImage::Format_Indexed8:
+        return with_colors_for_all_indices(std::move(image));
+    case QImage::Format_Invalid:
     case QImage::Format_RGB32:
     case QImage::Format_ARGB32:
         return image;

@@ -5,7 +5,7 @@
 /// Brings a decoded picture to one of the formats of a page: Mono, MonoLSB, Indexed8, RGB32 or ARGB32.
 ///
 /// A picture that has one of these already is returned as it is, sharing its pixels and with its colour
-/// table untouched. Grey pictures become Indexed8 with the 256 greys as table, 16-bit ones by their high
+/// table untouched; only indices beyond a table that is too short become black. Grey pictures become Indexed8 with the 256 greys as table, 16-bit ones by their high
 /// bytes. All others become ARGB32 if their format has an alpha channel, else RGB32. Resolution and texts
 /// are kept; a resolution of 0 or less becomes the toolkit's default.
 ///

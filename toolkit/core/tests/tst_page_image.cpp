@@ -41,6 +41,8 @@ private slots:
     void pageFormatSharesItsPixels();
     void oddTableStays_data();
     void oddTableStays();
+    void indicesBeyondAShortTableBecomeBlack_data();
+    void indicesBeyondAShortTableBecomeBlack();
     void nullStaysNull();
     void greysOfEightBitsKeepTheirValues();
     void greysOfSixteenBitsKeepTheirHighBytes();
@@ -161,6 +163,33 @@ void tst_page_image::oddTableStays()
 
     QCOMPARE(page.format(), format);
     QCOMPARE(page.colorTable(), table);
+}
+
+void tst_page_image::indicesBeyondAShortTableBecomeBlack_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<uint>("index");
+    QTest::newRow("Mono") << QImage::Format_Mono << 1U;
+    QTest::newRow("MonoLSB") << QImage::Format_MonoLSB << 1U;
+    QTest::newRow("Indexed8, the next") << QImage::Format_Indexed8 << 1U;
+    QTest::newRow("Indexed8, the last") << QImage::Format_Indexed8 << 255U;
+}
+
+void tst_page_image::indicesBeyondAShortTableBecomeBlack()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(uint, index);
+    QImage picture(Width, Height, format);
+    picture.setColorTable({qRgb(9, 9, 9)});
+    picture.fill(index);
+    picture.scanLine(1)[0] = 0;
+
+    const QImage page = to_page_image(std::move(picture));
+
+    QCOMPARE(page.colorCount(), static_cast<int>(index) + 1);
+    QCOMPARE(page.pixel(0, 0), qRgb(0, 0, 0));
+    QCOMPARE(page.pixel(0, 1), qRgb(9, 9, 9));
+    QVERIFY(!page.hasAlphaChannel());
 }
 
 void tst_page_image::nullStaysNull()
