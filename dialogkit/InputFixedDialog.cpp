@@ -22,6 +22,7 @@ InputFixedDialog::InputFixedDialog(const QString &title, const QString &label, c
     identify_dialog(*this, title, name, modal);
     auto *const layout = new QVBoxLayout(this);
     set_dialog_spacing(*layout);
+    layout->setAlignment(Qt::AlignTop); // an enlarged dialog does not pull its parts asunder
     layout->addWidget(m_control);
     layout->addLayout(make_button_row(*this).layout);
     fit_size(*this, MinimumWidth);

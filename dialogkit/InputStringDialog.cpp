@@ -27,6 +27,7 @@ InputStringDialog::InputStringDialog(const QString &title, const QString &label,
 
     auto *const layout = new QVBoxLayout(this);
     set_dialog_spacing(*layout);
+    layout->setAlignment(Qt::AlignTop); // an enlarged dialog does not pull its parts asunder
     layout->addWidget(m_control);
     const ButtonRow buttons = make_button_row(*this);
     layout->addLayout(buttons.layout);

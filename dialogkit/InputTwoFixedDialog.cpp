@@ -28,6 +28,7 @@ InputTwoFixedDialog::InputTwoFixedDialog(const QString &title, const QString &la
 
     auto *const layout = new QVBoxLayout(this);
     set_dialog_spacing(*layout);
+    layout->setAlignment(Qt::AlignTop); // an enlarged dialog does not pull its parts asunder
     layout->addWidget(m_first);
     layout->addWidget(m_second);
     layout->addLayout(make_button_row(*this).layout);

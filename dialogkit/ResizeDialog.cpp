@@ -46,6 +46,7 @@ ResizeDialog::ResizeDialog(const QImage &image, QWidget *parent, const char *nam
     layout->addWidget(group, 0, 0);
     layout->addLayout(make_button_row(*this).layout, 2, 0);
     fit_size(*this, MinimumWidth);
+    m_widthEdit->selectAll(); // the first digit typed takes the place of the old number
 }
 
 bool ResizeDialog::result(QSize *size) const

@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int MinimumWidth = 200;
+constexpr int MinimumSliderWidth = 220; // a pixel for each value of brightness and contrast, and some to spare
 
 } // namespace
 
@@ -20,7 +21,8 @@ SimplePreviewDialog::SimplePreviewDialog(const QString &title, const QImage &ima
                                          const char *name, bool modal) :
     QDialog(parent, DialogFlags),
     m_kind(kind),
-    m_transform(transform)
+    m_transform(transform),
+    m_pageSize(image.size())
 {
     identify_dialog(*this, title, name, modal);
 
@@ -29,10 +31,13 @@ SimplePreviewDialog::SimplePreviewDialog(const QString &title, const QImage &ima
     group->setInsideSpacing(DialogSpacing);
     m_thumbnail = new Thumbnail(image, group);
     m_thumbnail->setAccessibleName(group->title());
+    group->alignInside(m_thumbnail, Qt::AlignCenter);
     m_thumbnail->show();
-    if (m_kind == PreviewWithSlider)
+    if (m_kind == PreviewWithSlider) {
         m_control = new SliderIntAsFixedControl(parameters.min, parameters.max, parameters.init, parameters.step,
                                                 parameters.label.toLocal8Bit().constData(), this);
+        m_control->m_slider->setMinimumWidth(MinimumSliderWidth);
+    }
 
     auto *const layout = new QGridLayout(this);
     layout->setObjectName("DLayout"_L1);
@@ -61,10 +66,23 @@ void SimplePreviewDialog::value(int *out) const
 
 void SimplePreviewDialog::change_preview()
 {
-    (void)m_thumbnail->convert(m_transform, nullptr); // on failure the last picture stands
+    if (m_thumbnail->convert(m_transform, nullptr)) // on failure the last picture stands
+        m_thumbnail->setAccessibleDescription(shownSize());
 }
 
 void SimplePreviewDialog::change_preview(int i)
 {
-    (void)m_thumbnail->convert(m_transform, &i); // on failure the last picture stands
+    if (m_thumbnail->convert(m_transform, &i)) // on failure the last picture stands
+        m_thumbnail->setAccessibleDescription(u"%1 %2. %3"_s.arg(windowTitle()).arg(i).arg(shownSize()));
+}
+
+/// What the preview is of, for one who does not see it.
+QString SimplePreviewDialog::shownSize() const
+{
+    const QSize shown = m_thumbnail->pictureSize();
+    return tr("Page of %1 x %2 pixels, shown at %3 x %4.")
+        .arg(m_pageSize.width())
+        .arg(m_pageSize.height())
+        .arg(shown.width())
+        .arg(shown.height());
 }

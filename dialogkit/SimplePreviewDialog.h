@@ -44,8 +44,11 @@ public slots:
     void change_preview(int i);
 
 private:
+    [[nodiscard]] QString shownSize() const;
+
     int m_kind;
     SliderIntAsFixedControl *m_control = nullptr;
     ImageTransform m_transform;
-    Thumbnail *m_thumbnail = nullptr;
+    Thumbnail *m_thumbnail = nullptr; ///< its accessible description tells the value and the sizes
+    QSize m_pageSize;
 };

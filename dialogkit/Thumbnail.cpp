@@ -1,7 +1,6 @@
 #include "Thumbnail.h"
 
 #include <QPainter>
-#include <QPaintEvent>
 
 #include <algorithm>
 
@@ -42,7 +41,6 @@ Thumbnail::Thumbnail(const QImage &image, QWidget *parent, const char *name, Qt:
 {
     setObjectName(QString::fromLatin1(name));
     resize(QSize(Side, Side));
-    setAttribute(Qt::WA_OpaquePaintEvent); // a new picture does not have all that is behind it painted again
 }
 
 bool Thumbnail::convert(ImageTransform transform, const int *parameter)
@@ -74,10 +72,13 @@ QSize Thumbnail::minimumSizeHint() const
     return sizeHint();
 }
 
-void Thumbnail::paintEvent(QPaintEvent *event)
+QSize Thumbnail::pictureSize() const
 {
-    QPainter painter(this);
-    painter.fillRect(event->rect(), palette().window());
+    return m_pixmap.size();
+}
+
+void Thumbnail::paintEvent(QPaintEvent * /*event*/)
+{
     if (!m_pixmap.isNull())
-        painter.drawPixmap((Side - 1 - m_pixmap.width()) / 2, (Side - 1 - m_pixmap.height()) / 2, m_pixmap);
+        QPainter(this).drawPixmap((Side - 1 - m_pixmap.width()) / 2, (Side - 1 - m_pixmap.height()) / 2, m_pixmap);
 }

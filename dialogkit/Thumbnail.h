@@ -6,8 +6,8 @@
 #include <QPixmap>
 #include <QWidget>
 
-/// A small copy of a page that shows what a transformation makes of it. Nothing shows before the first
-/// convert().
+/// A small copy of a page that shows what a transformation makes of it, on the ground of its parent. Nothing shows
+/// before the first convert().
 ///
 /// Units:   pixels; the copy is at most 160 wide and high.
 /// Errors:  an image without width or height ends the process: callers show no empty page.
@@ -24,6 +24,9 @@ public:
     /// @param parameter  handed to @p transform; may be null if that needs none
     /// @return false if there is no result; then the last picture stays
     bool convert(ImageTransform transform, const int *parameter);
+
+    /// Of what is shown; empty before the first convert().
+    [[nodiscard]] QSize pictureSize() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -53,6 +53,7 @@ private slots:
     void asksForWidthAndHeightInATitledBox();
     void startsWithTheSizeOfThePage();
     void hearsKeysFirstInTheWidth();
+    void firstDigitTakesThePlaceOfTheOldWidth();
     void isAsLargeAsItsLayoutAsks();
     void acceptsAGoodSize_data();
     void acceptsAGoodSize();
@@ -122,6 +123,17 @@ void tst_ResizeDialog::hearsKeysFirstInTheWidth()
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
 
     QCOMPARE(dialog.focusWidget(), dialog.widthEdit());
+}
+
+void tst_ResizeDialog::firstDigitTakesThePlaceOfTheOldWidth()
+{
+    ShownDialog dialog;
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QCOMPARE(dialog.widthEdit()->selectedText(), u"60"_s);
+
+    QTest::keyClicks(dialog.focusWidget(), u"75"_s);
+
+    QCOMPARE(dialog.widthEdit()->text(), u"75"_s);
 }
 
 void tst_ResizeDialog::isAsLargeAsItsLayoutAsks()

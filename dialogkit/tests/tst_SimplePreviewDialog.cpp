@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -82,6 +83,11 @@ private slots:
     void saysWhatItIsFor();
     void isLaidOutOnAGridOfSixPixels();
     void showsAPreviewInATitledBox();
+    void previewStandsInTheMiddleOfItsBox();
+    void previewStandsOnTheGroundOfItsBox();
+    void previewIsDescribedByItsValueAndItsSizes();
+    void previewOfThePlainKindIsDescribedByItsSizes();
+    void sliderHasAPixelForEachValue();
     void plainKindHasNoSliderAndItsButtonsBelowThePreview();
     void sliderKindHasItsSliderBesideThePreviewAndItsButtonsBelowThat();
     void plainKindPreviewsAtOnceWithoutAParameter();
@@ -131,6 +137,65 @@ void tst_SimplePreviewDialog::showsAPreviewInATitledBox()
     QCOMPARE(thumbnail->accessibleName(), u"Preview"_s);
     QCOMPARE(thumbnail->x(), group->contentsRect().x() + 6);
     QCOMPARE(thumbnail->y(), group->contentsRect().y() + 6);
+}
+
+void tst_SimplePreviewDialog::previewStandsInTheMiddleOfItsBox()
+{
+    Preview dialog(paint, SimplePreviewDialog::PreviewOnly);
+    dialog.resize(200, dialog.height()); // wider than the preview asks for
+    dialog.show();
+    const QRect box = dialog.findChild<QGroupBox *>()->contentsRect();
+    const QRect preview = dialog.findChild<Thumbnail *>()->geometry();
+
+    QVERIFY(box.width() > preview.width() + 12);
+    QVERIFY(std::abs((preview.left() - box.left()) - (box.right() - preview.right())) <= 1);
+    QCOMPARE(preview.size(), QSize(161, 161));
+}
+
+void tst_SimplePreviewDialog::previewStandsOnTheGroundOfItsBox()
+{
+    SimplePreviewDialog dialog(u"Brightness"_s, solidPage({300, 100}, Grey), paint, nullptr,
+                               SimplePreviewDialog::PreviewOnly, {}, "brightness_dialog", true);
+    dialog.show();
+    const QRect preview = dialog.findChild<Thumbnail *>()->geometry();
+
+    const QImage box = dialog.findChild<QGroupBox *>()->grab().toImage();
+
+    const QRgb ground = box.pixel(preview.left() - 3, preview.top() + 5);
+    for (int x = preview.left(); x <= preview.right(); ++x)
+        QCOMPARE(box.pixel(x, preview.top() + 5), ground);
+    QVERIFY(box.pixel(preview.center()) != ground);
+}
+
+void tst_SimplePreviewDialog::previewIsDescribedByItsValueAndItsSizes()
+{
+    Preview dialog(refusePositive);
+    dialog.show();
+    const auto *thumbnail = dialog.findChild<Thumbnail *>();
+    QCOMPARE(thumbnail->accessibleDescription(), u"Brightness 0. Page of 300 x 300 pixels, shown at 160 x 160."_s);
+
+    QTest::keyClick(dialog.slider(), Qt::Key_Left);
+    QCOMPARE(thumbnail->accessibleDescription(), u"Brightness -1. Page of 300 x 300 pixels, shown at 160 x 160."_s);
+
+    QTest::keyClick(dialog.slider(), Qt::Key_End); // refused, so the last picture stands
+    QCOMPARE(thumbnail->accessibleDescription(), u"Brightness -1. Page of 300 x 300 pixels, shown at 160 x 160."_s);
+}
+
+void tst_SimplePreviewDialog::previewOfThePlainKindIsDescribedByItsSizes()
+{
+    const Preview dialog(paint, SimplePreviewDialog::PreviewOnly);
+
+    QCOMPARE(dialog.findChild<Thumbnail *>()->accessibleDescription(),
+             u"Page of 300 x 300 pixels, shown at 160 x 160."_s);
+}
+
+void tst_SimplePreviewDialog::sliderHasAPixelForEachValue()
+{
+    Preview dialog(paint);
+    dialog.show();
+
+    QVERIFY(dialog.slider()->width() >= 220);
+    QVERIFY(dialog.slider()->minimumWidth() >= 220);
 }
 
 void tst_SimplePreviewDialog::plainKindHasNoSliderAndItsButtonsBelowThePreview()

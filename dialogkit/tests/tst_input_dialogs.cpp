@@ -20,6 +20,9 @@ class tst_input_dialogs : public QObject
     Q_OBJECT
 
 private slots:
+    void enlargedDialogKeepsItsPartsTogether_data();
+    void enlargedDialogKeepsItsPartsTogether();
+
     void fixedDialogSaysWhatItAsksFor();
     void fixedDialogStartsWithItsFirstValue();
     void fixedDialogValueFollowsTheKeys();
@@ -86,7 +89,55 @@ QStringList captionsOf(const QWidget &dialog)
     return texts;
 }
 
+enum Kind { Fixed, TwoFixed, String };
+
+std::unique_ptr<QDialog> dialogOf(Kind kind)
+{
+    switch (kind) {
+    case Fixed:
+        return scaleDialog();
+    case TwoFixed:
+        return offsetDialog();
+    case String:
+        break;
+    }
+    return stringDialog(u".*"_s);
+}
+
+/// How far below each other labels, inputs and the button stand, from the upper edge of the dialog.
+QList<int> heightsIn(const QDialog &dialog)
+{
+    QList<int> heights{okButtonOf(dialog)->mapTo(&dialog, QPoint()).y()};
+    const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+    for (const QLabel *const label : labels)
+        heights << label->mapTo(&dialog, QPoint()).y() << label->height();
+    return heights;
+}
+
 } // namespace
+
+void tst_input_dialogs::enlargedDialogKeepsItsPartsTogether_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("one slider") << int{Fixed};
+    QTest::newRow("two boxes") << int{TwoFixed};
+    QTest::newRow("a line") << int{String};
+}
+
+void tst_input_dialogs::enlargedDialogKeepsItsPartsTogether()
+{
+    QFETCH(const int, kind);
+    const auto dialog = dialogOf(static_cast<Kind>(kind));
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    const QList<int> heights = heightsIn(*dialog);
+
+    const int left = okButtonOf(*dialog)->x();
+    dialog->resize(dialog->size() + QSize(120, 150));
+    QTRY_COMPARE(okButtonOf(*dialog)->x(), left + 120); // laid out anew
+
+    QCOMPARE(heightsIn(*dialog), heights);
+}
 
 void tst_input_dialogs::fixedDialogSaysWhatItAsksFor()
 {

@@ -168,14 +168,15 @@ void tst_slider_controls::intSliderShowsEachNewValue()
 
 void tst_slider_controls::fixedSliderShowsPlainWholeNumbers()
 {
-    const SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast", nullptr, "contrast");
+    const SliderIntAsFixedControl control(-100, 100, 25, 1, "Set Contrast", nullptr, "contrast");
 
     QCOMPARE(control.objectName(), u"contrast"_s);
     QCOMPARE(control.m_slider->objectName(), u"int_slider"_s);
     QCOMPARE(control.m_slider->minimum(), -100);
     QCOMPARE(control.m_slider->maximum(), 100);
     QCOMPARE(control.m_slider->pageStep(), 1);
-    QCOMPARE(textsOf(control), QStringList({u"-100"_s, u"0"_s, u"100"_s}));
+    QCOMPARE(control.m_slider->value(), 25);
+    QCOMPARE(textsOf(control), QStringList({u"-100"_s, u"25"_s, u"100"_s}));
 }
 
 void tst_slider_controls::fixedSliderShowsEachNewValuePlainly()

@@ -30,6 +30,11 @@ void Q3GroupBox::setInsideSpacing(int spacing)
     m_grid->setSpacing(spacing);
 }
 
+void Q3GroupBox::alignInside(QWidget *child, Qt::Alignment alignment)
+{
+    m_grid->setAlignment(child, alignment);
+}
+
 void Q3GroupBox::childEvent(QChildEvent *event)
 {
     QGroupBox::childEvent(event);

@@ -24,6 +24,9 @@ public:
     void setInsideMargin(int margin);
     void setInsideSpacing(int spacing);
 
+    /// Gives a child no more than the size it asks for, at this place of its cell.
+    void alignInside(QWidget *child, Qt::Alignment alignment);
+
 protected:
     void childEvent(QChildEvent *event) override;
 

@@ -15,6 +15,7 @@ private slots:
     void keepsTheDefaultSpacingBetweenChildren();
     void insideSpacingAndMarginCanBeSet();
     void childrenKeepToTheTopOfATallBox();
+    void alignedChildKeepsItsSizeAtItsPlaceOfAWideBox();
 };
 
 namespace {
@@ -105,6 +106,22 @@ void tst_Q3GroupBox::childrenKeepToTheTopOfATallBox()
 
     QCOMPARE(blocks[0]->y(), box.contentsRect().y() + 11);
     QCOMPARE(blocks[1]->y(), blocks[0]->y() + 25);
+}
+
+void tst_Q3GroupBox::alignedChildKeepsItsSizeAtItsPlaceOfAWideBox()
+{
+    Q3GroupBox box(1, Qt::Horizontal, {});
+    box.setInsideMargin(0);
+    auto *const child = new QWidget(&box);
+    child->setMinimumSize(40, 20);
+    box.alignInside(child, Qt::AlignCenter);
+
+    box.resize(201, 100);
+    box.show();
+
+    QCOMPARE(child->width(), 40);
+    const QRect inside = box.contentsRect();
+    QCOMPARE(child->x() - inside.x(), (inside.width() - 40) / 2);
 }
 
 QTEST_MAIN(tst_Q3GroupBox)
