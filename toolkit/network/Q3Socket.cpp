@@ -1,6 +1,7 @@
 #include "Q3Socket.h"
 
 #include <QNetworkProxy>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -60,8 +61,16 @@ void Q3Socket::close()
     isClosing = former == Connected && state() == Closing;
 }
 
+void Q3Socket::takeInWaiting()
+{
+    const QScopedValueRollback takingIn(isTakingIn, true);
+    (void)waitForReadyRead(0);
+}
+
 void Q3Socket::reportError(QAbstractSocket::SocketError code)
 {
+    if (isTakingIn && code == SocketTimeoutError)
+        return; // nothing was waiting
     if (code == RemoteHostClosedError)
         emit connectionClosed();
     else if (code == HostNotFoundError)

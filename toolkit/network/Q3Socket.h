@@ -46,6 +46,9 @@ public:
     /// Nothing more can be read or written.
     void close() override;
 
+    /// Takes in what has arrived by now, with the signals that go with it, ahead of the event loop.
+    void takeInWaiting();
+
 signals:
     /// The other side has ended the connection. What it sent before can still be read.
     void connectionClosed();
@@ -61,4 +64,5 @@ private:
     bool wasConnected = false;
     bool isClosing = false;
     bool isAborting = false;
+    bool isTakingIn = false;
 };

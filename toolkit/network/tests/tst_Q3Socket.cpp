@@ -272,6 +272,37 @@ private slots:
         QVERIFY(closed.isEmpty());
         QVERIFY(finished.isEmpty());
     }
+
+    void whatHasArrivedIsTakenInAheadOfTheEventLoop()
+    {
+        Pair pair;
+        QVERIFY(pair.isConnected);
+        pair.other->write("words");
+        QVERIFY(pair.other->waitForBytesWritten());
+
+        QStringList events;
+        connect(&pair.socket, &Q3Socket::readyRead, this, [&] { events.append(u"read"_s); });
+        pair.socket.takeInWaiting();
+
+        QCOMPARE(events, QStringList(u"read"_s));
+        QCOMPARE(pair.socket.readAll(), QByteArray("words"));
+    }
+
+    void takingInWhereNothingWaitsIsNoError()
+    {
+        Pair pair;
+        QVERIFY(pair.isConnected);
+        int errors = 0;
+        connect(&pair.socket, &Q3Socket::error, this, [&] { ++errors; });
+        connect(&pair.socket, &Q3Socket::connectionClosed, this, [&] { ++errors; });
+
+        pair.socket.takeInWaiting();
+
+        QCOMPARE(errors, 0);
+        QCOMPARE(pair.socket.state(), Q3Socket::Connected);
+        pair.other->write("words");
+        QTRY_COMPARE(pair.socket.bytesAvailable(), 5);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_Q3Socket)
