@@ -1,4 +1,5 @@
 #include "image_files.h"
+#include "page_image.h"
 #include "pictures.h"
 #include "snapshot_file.h"
 #include "snapshot_pages.h"
@@ -148,7 +149,7 @@ void tst_snapshot_file_damage::damagedHeaderGivesNothingThatTheToolkitDoesNotRea
             // A file that cannot be complete is refused, even if the toolkit makes something of it.
             if (page.isNull())
                 continue;
-            const QImage expected = toolkitPage(damaged);
+            const QImage expected = with_positive_resolution(toolkitPage(damaged)); // as every page has it
             QCOMPARE(page.size(), expected.size());
             // Where runs of pixels are announced and none come, the toolkit's own pixels are by chance.
             if (i != CompressionAt)

@@ -78,7 +78,7 @@ void tst_tiff_damage::brokenSecondDirectoryKeepsTheFirstPage()
 {
     const TiffPage good = rgb_tiff_page(patternedPage({9, 9}));
     TiffPage bad = good;
-    bad.withoutTag = TIFFTAG_XRESOLUTION;
+    bad.withoutTag = TIFFTAG_RESOLUTIONUNIT;
     write_tiff(path(), {good, bad, good});
     ImageDocument document({}, {});
 
