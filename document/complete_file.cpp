@@ -2,6 +2,7 @@
 
 #include "bmp_file.h"
 #include "byte_reader.h"
+#include "tga_file.h"
 
 #include <QByteArray>
 #include <QIODevice>
@@ -148,6 +149,6 @@ bool is_complete_image(QIODevice &file)
 {
     constexpr qint64 LongestSignature = 7;
     const Check check = checkFor(file.peek(LongestSignature));
-    const bool complete = check == nullptr || check(file);
+    const bool complete = check != nullptr ? check(file) : !is_tga(file) || is_complete_tga(file);
     return file.seek(0) && complete;
 }

@@ -54,10 +54,10 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
     if (!is_complete_image(file))
         return {};
     limit_image_readers();
-    QByteArray mended = mended_file(file);
-    QBuffer mendedFile(&mended);
-    const bool isMended = !mended.isEmpty() && mendedFile.open(QIODevice::ReadOnly);
-    QImageReader reader(isMended ? static_cast<QIODevice *>(&mendedFile) : &file, imgFormat.toLatin1());
+    MendedFile mended = mended_file(file);
+    QBuffer buffer(&mended.bytes);
+    const bool isMended = !mended.bytes.isEmpty() && buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(isMended ? static_cast<QIODevice *>(&buffer) : &file, imgFormat.toLatin1());
     QImage image = image_to_fill(reader);
     if (std::optional<QImage> page = read_tiff(reader, file, image))
         return to_page_image(*std::move(page));
@@ -66,6 +66,8 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
         drop_spare_page(); // of the size that a broken file has claimed
         return {};
     }
+    if (mended.clearColor)
+        image = with_clear_color(std::move(image), *mended.clearColor);
     return adopt_page(to_page_image(std::move(image)));
 }
 

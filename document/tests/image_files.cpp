@@ -92,18 +92,20 @@ QByteArray pngChunk(const QByteArray &type, const QByteArray &content)
     return big32(content.size()) + type + content + big32(chunkChecksum(type + content));
 }
 
-QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const QByteArray &rows)
+QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const QByteArray &rows,
+                 const QByteArray &further = {})
 {
     const QByteArray format{QByteArray(1, bits) + QByteArray(1, colorType) + QByteArray(3, '\0')};
-    return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", big32(width) + big32(height) + format)
+    return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", big32(width) + big32(height) + format) + further
         + pngChunk("IDAT", qCompress(rows).sliced(4)) + pngChunk("IEND", {});
 }
 
 } // namespace
 
-QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row)
+QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row, const QByteArray &chunk,
+                    const QByteArray &content)
 {
-    return pngOf(width, 1, bits, colorType, row);
+    return pngOf(width, 1, bits, colorType, row, chunk.isEmpty() ? QByteArray() : pngChunk(chunk, content));
 }
 
 QByteArray png_promising(qint64 width, qint64 height)

@@ -32,7 +32,9 @@ inline constexpr char PngGreyAlpha = 4;
 /// A PNG of one row.
 /// @param bits  of a sample
 /// @param row   the number of the filter, then the samples
-[[nodiscard]] QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row);
+/// @param chunk, content  what comes before the pixels; nothing without a name
+[[nodiscard]] QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row,
+                                  const QByteArray &chunk = {}, const QByteArray &content = {});
 
 /// A PNG with a header that promises this size in true colour, and hardly any pixels.
 [[nodiscard]] QByteArray png_promising(qint64 width, qint64 height);
