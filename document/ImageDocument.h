@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kept_pages.h"
 #include "UndoHistory.h"
 
 #include <QFileInfo>
@@ -10,6 +11,7 @@
 
 #include <list>
 
+class TargetFile;
 struct TargetOutcome;
 
 /// One open image: its pages in order, the file it lives in, the format it is stored under, and whether
@@ -49,6 +51,22 @@ public:
     [[nodiscard]] QString imgFormat() const { return imgFormat_; }
     [[nodiscard]] bool isModified() const { return modified; }
 
+    /// How many pictures the file held when it was loaded or saved last, open or not; 0 without a file. A TIFF of
+    /// many pages under another word than "TIFF" has but its first page open, and the pages behind it stay in the
+    /// file: save() under any TIFF word takes them along as they stand.
+    [[nodiscard]] uint pictureCount() const { return pictureCount_; }
+    /// Name of that file.
+    [[nodiscard]] QString pictureFileName() const { return QFileInfo(pictureFilePath).fileName(); }
+    [[nodiscard]] bool hasKeptPages() const { return !kept.empty(); }
+    /// Whether save() would lose pictures that are not open: some that should be taken along cannot be, or the
+    /// document's own file holds some that nobody keeps. The user is to be asked then, and for the first save()
+    /// fails until forgetKeptPages() was called.
+    [[nodiscard]] bool wouldLosePictures(const QString &filePath, const QString &imgFormat) const;
+    void forgetKeptPages() { kept.clear(); }
+    /// Takes along what another document keeps, behind the pages that are there.
+    /// @return false, with nothing taken, if it cannot be kept together with what is kept already
+    [[nodiscard]] bool keepPagesOf(const ImageDocument &other);
+
     /// Replaces the name and keeps the directory; the file on disk is not touched.
     void setFileName(const QString &name);
     /// Always emits modifiedStateChanged(), also when the value is the old one.
@@ -71,9 +89,9 @@ public slots:
     /// @return false if not all pages could be read; those before the bad one are kept
     [[nodiscard]] bool load(const QString &filePath, const QString &imgFormat);
 
-    /// Writes all pages; exactly "TIFF" takes more than one. On success the document lives in
-    /// @p filePath from now on and counts as not modified; a failure leaves all that, and the file that was there,
-    /// as it was. What is no plain file is not written to.
+    /// Writes all pages. A TIFF word takes more than one, which is "TIFF" then, and takes kept pages along. On success
+    /// the document lives in @p filePath from now on and counts as not modified; a failure leaves all that, and the
+    /// file that was there, as it was. What is no plain file is not written to.
     [[nodiscard]] bool save(const QString &filePath, const QString &imgFormat);
 
     /// Appends a page; a null image is refused. A resolution of 0 or less becomes the toolkit's default: no writer
@@ -122,10 +140,19 @@ private:
     [[nodiscard]] bool savePages(const QString &filePath, const QString &imgFormat);
     [[nodiscard]] bool saveSinglePage(const QString &filePath, const QString &imgFormat);
     [[nodiscard]] bool copyFile(const QString &filePath);
+    void notePictures(const QString &filePath, int file, const FileState &state);
+    void noteSavedPictures(const QString &filePath, bool isKeeping);
+    [[nodiscard]] bool saveWithKeptPages(const QString &filePath, const QString &imgFormat);
+    [[nodiscard]] bool joinWithKeptPages(TargetFile &ownPages, TargetFile &file, QString *reason) const;
+    [[nodiscard]] QString refusalOf(const QString &imgFormat) const;
+    [[nodiscard]] bool writePages(TargetFile &file, const QString &imgFormat, QString *writerError) const;
     [[nodiscard]] static QString wordsFor(const TargetOutcome &outcome, const QString &writerError);
 
     std::list<QImage> pages;
     bool modified = false;
+    std::list<KeptPages> kept; ///< in the order of the pages they stand behind
+    uint pictureCount_ = 0;
+    QString pictureFilePath; ///< the file that was counted
     // Intended: nobody inserts into it, as the live history belongs to the main window. Making it makes the
     // directory for snapshots.
     UndoHistory undoHistory;

@@ -1,4 +1,5 @@
 // Opening; saving is in ImageDocument_save.cpp.
+#include "descriptor.h"
 #include "file_state.h"
 #include "first_picture.h"
 #include "ImageDocument.h"
@@ -8,6 +9,7 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <fcntl.h>
 #include <tiffio.h>
 
 namespace {
@@ -35,12 +37,17 @@ bool ImageDocument::load(const QString &filePath, const QString &imgFormat)
     if (!isRegular)
         return false;
 
+    // Open before the page is read, so that what is counted and what is shown are one file.
+    const Descriptor file(::open(QFile::encodeName(filePath).constData(), O_RDONLY | O_CLOEXEC));
+    const FileState state = file.isOpen() ? file_state(file.get()) : FileState();
     // Intended: only this spelling. The word read off a file's content is "tiff" and takes one page.
     const bool loaded =
         imgFormat_ == TiffFormatKey ? loadTiff(filePath) : addPage(read_first_picture(filePath, imgFormat_));
     // Intended: after a failure the flag stays as addPage() left it, so a half loaded file is modified.
     if (loaded)
         setModified(false);
+    if (!isEmpty() && file.isOpen())
+        notePictures(filePath, file.get(), state);
     return loaded;
 }
 

@@ -76,6 +76,11 @@ bool write_tiff(TargetFile &file, const std::list<QImage> &pages, qint64 rowByte
     return TIFFFlush(tif.get()) == 1;
 }
 
+qint64 row_bytes_of(const std::list<QImage> &pages)
+{
+    return std::transform_reduce(pages.cbegin(), pages.cend(), qint64{0}, std::plus{}, tiff_row_bytes);
+}
+
 /// Why the name could not be opened; empty if it could.
 QString opening_refusal(const TargetOutcome &outcome)
 {
@@ -93,10 +98,14 @@ bool ImageDocument::save(const QString &filePath, const QString &imgFormat)
     if (isEmpty())
         return copyFile(filePath);
 
-    if (!savePages(filePath, imgFormat))
+    const bool isTiff = is_tiff_word(imgFormat);
+    const QString word = isTiff && pageCount() > 1 ? TiffFormatKey : imgFormat; // the one writer of several pages
+    const bool isKeeping = isTiff && hasKeptPages();
+    if (isKeeping ? !saveWithKeptPages(filePath, word) : !savePages(filePath, word))
         return false;
     fileInfo.setFile(filePath);
-    imgFormat_ = imgFormat;
+    imgFormat_ = word;
+    noteSavedPictures(filePath, isKeeping);
     setModified(false);
     return true;
 }
@@ -116,22 +125,33 @@ bool ImageDocument::savePages(const QString &filePath, const QString &imgFormat)
     return saveSinglePage(filePath, imgFormat);
 }
 
+QString ImageDocument::refusalOf(const QString &imgFormat) const
+{
+    if (imgFormat == TiffFormatKey)
+        return tiff_refusal(row_bytes_of(pages));
+    const QString refusal = writer_refusal(imgFormat);
+    return refusal.isEmpty() ? page_refusal(page(1), imgFormat) : refusal;
+}
+
+/// @param[out] writerError  what the toolkit's writer said
+bool ImageDocument::writePages(TargetFile &file, const QString &imgFormat, QString *writerError) const
+{
+    if (imgFormat == TiffFormatKey)
+        return write_tiff(file, pages, row_bytes_of(pages));
+    QImageWriter writer(&file, imgFormat.toLatin1());
+    const bool isWritten = writer.write(without_bad_texts(page(1), imgFormat));
+    *writerError = isWritten ? QString() : writer.errorString();
+    return isWritten;
+}
+
 bool ImageDocument::saveSinglePage(const QString &filePath, const QString &imgFormat)
 {
-    lastError = writer_refusal(imgFormat);
-    if (lastError.isEmpty())
-        lastError = page_refusal(page(1), imgFormat);
+    lastError = refusalOf(imgFormat);
     if (!lastError.isEmpty())
         return false;
-
-    const QImage image = without_bad_texts(page(1), imgFormat);
     QString writerError;
-    const TargetOutcome outcome = write_target(filePath, [&](TargetFile &file) {
-        QImageWriter writer(&file, imgFormat.toLatin1());
-        const bool isWritten = writer.write(image);
-        writerError = isWritten ? QString() : writer.errorString();
-        return isWritten;
-    });
+    const TargetOutcome outcome =
+        write_target(filePath, [&](TargetFile &file) { return writePages(file, imgFormat, &writerError); });
     lastError = wordsFor(outcome, writerError);
     return outcome.step == TargetOutcome::Done;
 }
@@ -156,12 +176,12 @@ bool ImageDocument::copyFile(const QString &filePath)
 
 bool ImageDocument::saveTiff(const QString &filePath)
 {
-    const qint64 rowBytes = std::transform_reduce(pages.cbegin(), pages.cend(), qint64{0}, std::plus{}, tiff_row_bytes);
-    lastErrorReason = tiff_refusal(rowBytes);
+    lastErrorReason = refusalOf(TiffFormatKey);
     if (!lastErrorReason.isEmpty())
         return false;
+    QString writerError;
     const TargetOutcome outcome =
-        write_target(filePath, [&](TargetFile &file) { return write_tiff(file, pages, rowBytes); });
+        write_target(filePath, [&](TargetFile &file) { return writePages(file, TiffFormatKey, &writerError); });
     lastErrorReason = opening_refusal(outcome);
     return outcome.step == TargetOutcome::Done;
 }

@@ -318,8 +318,12 @@ bool TiffJoin::addInPlaceOf(int file, int former, bool keepsResolution)
     part.former = std::make_unique<Source>(former, kind);
     const TiffStructure &old = part.former->structure;
     const auto oldPage = old.directory(old.firstDirectory());
-    if (!page || !oldPage)
+    if (!page)
         return false;
+    if (!oldPage) {
+        part.former.reset();
+        return true;
+    }
     const bool takesResolution = keepsResolution && oldPage->find(TIFFTAG_XRESOLUTION) != nullptr
         && oldPage->find(TIFFTAG_YRESOLUTION) != nullptr;
     const auto isWanted = [&](const TiffEntry &entry) {
@@ -329,13 +333,14 @@ bool TiffJoin::addInPlaceOf(int file, int former, bool keepsResolution)
         return entry.tag == TIFFTAG_ORIENTATION || (!is_about_pixels(entry.tag) && page->find(entry.tag) == nullptr);
     };
     std::ranges::copy_if(oldPage->entries, std::back_inserter(part.formerEntries), isWanted);
-    if (!part.former->survey.addEntries(old.firstDirectory(), isWanted))
-        return false;
-    part.former->survey.data().settle();
+    if (part.former->survey.addEntries(old.firstDirectory(), isWanted))
+        part.former->survey.data().settle();
+    else
+        part.former.reset();
     return true;
 }
 
-bool TiffJoin::write(QFileDevice &file)
+bool TiffJoin::write(QIODevice &file)
 {
     tooLarge = data_bytes(parts) > kind.largestOffset();
     if (tooLarge)

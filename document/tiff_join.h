@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-class QFileDevice;
+class QIODevice;
 struct TiffJoinPart;
 
 /// Puts a TIFF file together of directories of others. Strips, tiles and values are copied as they stand, with all
@@ -28,13 +28,13 @@ public:
     [[nodiscard]] bool add(int file, std::size_t first, std::size_t count);
 
     /// Adds the first directory of @p file in place of that of @p former, and with what that one tells about the
-    /// page and not about its pixels.
+    /// page and not about its pixels. A former directory that cannot be walked safely tells nothing.
     /// @param keepsResolution  the resolution too is that of the former directory, if it has one
     [[nodiscard]] bool addInPlaceOf(int file, int former, bool keepsResolution);
 
     /// Writes the file from its start on.
     /// @param file  open for writing and empty, and has the words for what the disk refused
-    [[nodiscard]] bool write(QFileDevice &file);
+    [[nodiscard]] bool write(QIODevice &file);
     /// Whether it was the kind of file that has no numbers for places so far behind its start.
     [[nodiscard]] bool isTooLarge() const { return tooLarge; }
 

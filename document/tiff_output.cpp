@@ -1,6 +1,6 @@
 #include "tiff_output.h"
 
-#include <QFileDevice>
+#include <QIODevice>
 
 #include <algorithm>
 
@@ -10,7 +10,7 @@ constexpr std::size_t BufferBytes = std::size_t{256} * 1024;
 
 } // namespace
 
-TiffOutput::TiffOutput(QFileDevice &file_, TiffKind kind) : file(file_), kind_(kind)
+TiffOutput::TiffOutput(QIODevice &file_, TiffKind kind) : file(file_), kind_(kind)
 {
     buffer.reserve(BufferBytes);
 }

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-class QFileDevice;
+class QIODevice;
 
 /// Bytes and numbers of a TIFF file in the making, one after the other through a buffer.
 ///
@@ -16,7 +16,7 @@ class TiffOutput
 {
 public:
     /// @param file  open for writing and empty; has to outlive the object
-    TiffOutput(QFileDevice &file, TiffKind kind);
+    TiffOutput(QIODevice &file, TiffKind kind);
 
     [[nodiscard]] TiffKind kind() const { return kind_; }
     [[nodiscard]] quint64 position() const { return written + buffer.size(); }
@@ -38,7 +38,7 @@ public:
 private:
     void write(std::span<const uchar> bytes);
 
-    QFileDevice &file;
+    QIODevice &file;
     TiffKind kind_;
     std::vector<uchar> buffer;
     quint64 written = 0;

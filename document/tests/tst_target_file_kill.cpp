@@ -4,6 +4,7 @@
 #include "ImageDocument.h"
 #include "pictures.h"
 #include "TemporaryHome.h"
+#include "tiff_pages.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -89,6 +90,18 @@ bool isKilledBehind(int steps, ImageDocument &document, const QString &path, con
     return WIFSIGNALED(status);
 }
 
+/// Removes what killed processes left, and answers how many files that were.
+qsizetype removeDrafts(const QString &path)
+{
+    QDir directory(path);
+    const QStringList names = directory.entryList({u".imagemanager-*"_s}, QDir::Files | QDir::Hidden);
+    for (const QString &name : names) {
+        if (!directory.remove(name))
+            qFatal("cannot remove a file");
+    }
+    return names.size();
+}
+
 } // namespace
 
 class tst_target_file_kill : public QObject
@@ -96,6 +109,32 @@ class tst_target_file_kill : public QObject
     Q_OBJECT
 
 private slots:
+    void killedSaveLeavesAllPagesOfATiff()
+    {
+        const TemporaryHome home;
+        const QTemporaryDir directory;
+        const QString path = directory.filePath(u"a.tif"_s);
+        ImageDocument pages({}, {});
+        for (int side : {20, 250, 150})
+            QVERIFY(pages.addPage(noise(side)));
+        QVERIFY(pages.save(path, u"TIFF"_s));
+        const QByteArray earlier = file_bytes(path);
+        ImageDocument document(path, u"tif"_s);
+        QVERIFY(document.invert(1));
+
+        const QStringList pagesBefore = told_pages(path);
+
+        int kills = 0;
+        for (; isKilledBehind(kills, document, path, u"tif"_s) && file_bytes(path) == earlier; ++kills)
+            removeDrafts(directory.path());
+
+        QVERIFY(kills > 150);
+        QVERIFY(file_bytes(path) != earlier); // once it is there, the new file is whole
+        QCOMPARE(told_pages(path).mid(2), pagesBefore.mid(2));
+        QVERIFY(comparePictures(ImageDocument(path, u"tif"_s).page(1), document.page(1)));
+        QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    }
+
     void killedSaveLeavesTheOldFileOrTheNewOne_data()
     {
         QTest::addColumn<QString>("word");
@@ -133,11 +172,7 @@ private slots:
             isWhole = isWhole || bytes == whole;
             QVERIFY2(isWhole ? bytes == whole : bytes == earlier && isThere == exists, qPrintable(u"%1"_s.arg(kills)));
             // What the killed process was writing lies beside, and nothing else.
-            const QStringList names =
-                QDir(directory.path()).entryList({u".imagemanager-*"_s}, QDir::Files | QDir::Hidden);
-            QCOMPARE(names.size(), isWhole ? 0 : 1);
-            for (const QString &name : names)
-                QVERIFY(QFile::remove(directory.filePath(name)));
+            QCOMPARE(removeDrafts(directory.path()), isWhole ? 0 : 1);
         }
 
         QFETCH(const int, leastKills);
