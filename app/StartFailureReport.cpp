@@ -1,8 +1,9 @@
 #include "StartFailureReport.h"
 
+#include "diagnostics.h"
+
 #include <QString>
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -21,8 +22,7 @@ bool is_about(const QMessageLogContext &context, const char *category)
 [[noreturn]] void end_with_line(const QString &reason)
 {
     // One line also where the toolkit has more to say: the rest is about reinstalling it.
-    const QByteArray line = reason.section(u'\n', 0, 0).toLocal8Bit();
-    (void)std::fprintf(stderr, "imagemanager: %s\n", line.constData());
+    write_diagnostic_line("imagemanager: " + reason.section(u'\n', 0, 0).toLocal8Bit());
     std::_Exit(EXIT_FAILURE); // half of the toolkit is up: nothing of it may be taken down
 }
 

@@ -1,9 +1,13 @@
 #include "AppContext.h"
 #include "application_icon.h"
 #include "argument_message.h"
+#include "diagnostics.h"
+#include "EndSignals.h"
+#include "failed_writes.h"
 #include "ImageManager.h"
 #include "QtSingleApplication.h"
 #include "StartFailureReport.h"
+#include "tiff_diagnostics.h"
 #include "translations.h"
 
 #include <QFileInfo>
@@ -17,9 +21,8 @@ namespace {
 
 constexpr std::array<const char *, 4> Catalogues{"ImageManager", "imageview", "utils", nullptr};
 
-} // namespace
-
-int main(int argc, char **argv)
+/// The program from its start to its end. The answer is its exit status.
+int run(int argc, char **argv)
 {
     // A start by another path is another application.
     const QString id = QFileInfo(QString::fromUtf8(argv[0])).absoluteFilePath();
@@ -34,6 +37,7 @@ int main(int argc, char **argv)
         QGuiApplication::sync(); // the other instance can open the files while this one takes itself down
         return EXIT_SUCCESS;
     }
+    const EndSignals endSignals; // from here on there is something to take down
     application.startListening(true);
 
     // The window lets events through while it is being built: what other starts say then has to wait for it.
@@ -50,10 +54,25 @@ int main(int argc, char **argv)
     QObject::disconnect(keeping);
     // Later than startListening(), so that a widget has come to the front when the files open.
     QObject::connect(&application, &QtSingleApplication::messageReceived, &window, &ImageManager::processMessage);
+    QObject::connect(&endSignals, &EndSignals::came, &window, &ImageManager::closeUnasked);
     window.setVisible(true);
 
-    window.processArgs(splitArgs(message), earlyMessages);
-    if (window.isClosed())
-        return EXIT_SUCCESS; // while a file was being opened, when there was no loop to leave yet
+    if (EndSignals::number() == 0)
+        window.processArgs(splitArgs(message), earlyMessages);
+    if (window.isClosed() || EndSignals::number() != 0)
+        return EXIT_SUCCESS; // there was no loop to leave yet
     return QApplication::exec(); // until the window, the last one, is closed
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    let_writes_fail();
+    write_diagnostics_without_waiting();
+    tell_of_tiff_by_the_toolkit();
+
+    const int status = run(argc, argv);
+    EndSignals::passOn(); // all that is to be taken down is down
+    return status;
 }

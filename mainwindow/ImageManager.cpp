@@ -161,3 +161,12 @@ void ImageManager::closeEvent(QCloseEvent *event)
     closed = true;
     view_save_layout();
 }
+
+void ImageManager::closeUnasked()
+{
+    if (closed)
+        return;
+    closed = true;
+    view_save_layout();
+    QCoreApplication::exit(); // leaves the loops of dialogs too
+}

@@ -66,6 +66,10 @@ public slots:
     /// message waits for its end; once the window is closed it is dropped.
     void processMessage(const QString &msg);
 
+    /// Ends the program as closing the window does, but without a question: what is not saved is lost. Work that
+    /// is under way comes to its end first, open dialogs answer as if they were cancelled.
+    void closeUnasked();
+
     void file_new();
     void file_open();
     bool file_save();

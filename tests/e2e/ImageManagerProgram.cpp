@@ -67,6 +67,19 @@ MessageBox ImageManagerProgram::answer(const QString &button)
     return hasGone ? box : MessageBox();
 }
 
+bool ImageManagerProgram::invert()
+{
+    const QString marked = currentTab() + u'*';
+    const auto entry = [this] { return menuEntry(u"Image"_s, u"Invert"_s); };
+    const auto button = [this] { return application().find(Role::Dialog, u"Invert"_s).find(Role::Button, u"OK"_s); };
+    m_desktop.click(application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
+    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
+        return false;
+    m_desktop.click(entry().extents().center());
+    return QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
+        && QTest::qWaitFor([&] { return currentTab() == marked; }, Program::patienceMs);
+}
+
 Accessible ImageManagerProgram::application()
 {
     return m_program.accessible();

@@ -55,6 +55,9 @@ public:
     [[nodiscard]] MessageBox answer(const QString &button);
 
     [[nodiscard]] WindowId window() { return m_program.waitForWindow(QStringLiteral("Image Manager")); }
+    /// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
+    [[nodiscard]] bool invert();
+
     [[nodiscard]] Accessible application();
     [[nodiscard]] QStringList tabTitles();
     [[nodiscard]] QString currentTab();

@@ -145,23 +145,6 @@ XWindowId topWindow(const XPeer &peer)
     return top;
 }
 
-/// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
-bool invert(ImageManagerProgram &program)
-{
-    const QString marked = program.currentTab() + u'*';
-    const auto entry = [&program] { return program.menuEntry(u"Image"_s, u"Invert"_s); };
-    const auto button = [&program] {
-        return program.application().find(Role::Dialog, u"Invert"_s).find(Role::Button, u"OK"_s);
-    };
-    program.desktop().click(
-        program.application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
-    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
-        return false;
-    program.desktop().click(entry().extents().center());
-    return QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
-        && QTest::qWaitFor([&] { return program.currentTab() == marked; }, Program::patienceMs);
-}
-
 } // namespace
 
 void tst_single_instance::init()
@@ -363,7 +346,7 @@ void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing(
         arguments.append(place.path(name));
     ImageManagerProgram first(place);
     QVERIFY(first.open({path}, {1100, 700}));
-    QVERIFY(invert(first));
+    QVERIFY(first.invert());
 
     QCOMPARE(startAgain(place, arguments), 0);
 

@@ -148,6 +148,13 @@ std::optional<int> Program::waitForExit(int timeoutMs)
     return m_process.exitCode();
 }
 
+std::optional<int> Program::waitForEndBySignal(int timeoutMs)
+{
+    if (!QTest::qWaitFor([this] { return !isRunning(); }, timeoutMs) || m_process.exitStatus() != QProcess::CrashExit)
+        return std::nullopt;
+    return m_process.exitCode();
+}
+
 QString Program::output()
 {
     m_output += m_process.readAllStandardOutput();

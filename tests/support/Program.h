@@ -43,7 +43,9 @@ public:
     void unsetEnvironment(const QString &name) { m_environment.remove(name); }
     void setWorkingDirectory(const QString &path) { m_process.setWorkingDirectory(path); }
     /// For a program that writes more than a pipe holds while a test waits for its answer.
-    void discardErrors() { m_process.setStandardErrorFile(QProcess::nullDevice()); }
+    void discardErrors() { setErrorFile(QProcess::nullDevice()); }
+    /// Standard error goes to a file, or to a pipe that has a name.
+    void setErrorFile(const QString &path) { m_process.setStandardErrorFile(path); }
     /// Makes file permissions count even where tests run as root, who may otherwise read everything.
     void obeyFilePermissions() { m_bObeyPermissions = true; }
 
@@ -67,6 +69,8 @@ public:
 
     /// The exit status; none if the process crashed or still runs when the time is over.
     [[nodiscard]] std::optional<int> waitForExit(int timeoutMs = patienceMs);
+    /// The signal that has ended the process; none if it ended by itself or still runs when the time is over.
+    [[nodiscard]] std::optional<int> waitForEndBySignal(int timeoutMs = patienceMs);
     /// What the program has written so far.
     [[nodiscard]] QString output();
     [[nodiscard]] QString errors();
