@@ -57,6 +57,8 @@ void Q3Socket::close()
         isAborting = false;
         return;
     }
+    if (former == Closing)
+        return;
     QTcpSocket::close();
     isClosing = former == Connected && state() == Closing;
 }
