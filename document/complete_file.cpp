@@ -2,6 +2,8 @@
 
 #include "bmp_file.h"
 #include "byte_reader.h"
+#include "gif_file.h"
+#include "jpeg_file.h"
 #include "tga_file.h"
 
 #include <QByteArray>
@@ -9,72 +11,6 @@
 #include <QtEndian>
 
 namespace {
-
-/// Whether the end marker comes behind a scan. The markers are walked one by one, since a thumbnail in a
-/// segment ends with the same two bytes.
-bool isCompleteJpeg(QIODevice &file)
-{
-    constexpr int StartOfImage = 0xd8;
-    constexpr int EndOfImage = 0xd9;
-    constexpr int StartOfScan = 0xda;
-    ByteReader bytes(file);
-    bool scanSeen = false;
-    while (bytes.skipPast('\xff')) {
-        int marker = bytes.next();
-        while (marker == 0xff) // fill bytes
-            marker = bytes.next();
-        if (marker == EndOfImage)
-            return scanSeen;
-        // Within a scan 0 is a byte of data, and the markers below the start of the image are restarts.
-        if (marker <= 0x01 || (marker >= 0xd0 && marker <= StartOfImage))
-            continue;
-        scanSeen = scanSeen || marker == StartOfScan;
-        const int length = bytes.nextBigEndian16();
-        if (length < 2 || !bytes.skip(length - 2))
-            return false;
-    }
-    return false;
-}
-
-/// Goes behind a chain of blocks, each led by its length, which a length of 0 ends.
-bool skipGifBlocks(ByteReader &bytes)
-{
-    int length = bytes.next();
-    while (length > 0 && bytes.skip(length))
-        length = bytes.next();
-    return length == 0;
-}
-
-bool skipGifColorTable(ByteReader &bytes, int flags)
-{
-    constexpr int HasTable = 0x80;
-    return (flags & HasTable) == 0 || bytes.skip(qint64{3} << ((flags & 7) + 1));
-}
-
-/// Whether the first picture comes to its end; further ones are not shown.
-bool isCompleteGif(QIODevice &file)
-{
-    constexpr int Extension = 0x21;
-    constexpr int Picture = 0x2c;
-    constexpr int Trailer = 0x3b;
-    ByteReader bytes(file);
-    if (!bytes.skip(10))
-        return false;
-    const int fileFlags = bytes.next();
-    if (!bytes.skip(2) || !skipGifColorTable(bytes, fileFlags))
-        return false;
-    for (int block = bytes.next(); block >= 0 && block != Trailer; block = bytes.next()) {
-        if (block == Extension && !(bytes.skip(1) && skipGifBlocks(bytes)))
-            return false;
-        if (block == Picture) {
-            if (!bytes.skip(8))
-                return false;
-            const int pictureFlags = bytes.next();
-            return skipGifColorTable(bytes, pictureFlags) && bytes.skip(1) && skipGifBlocks(bytes);
-        }
-    }
-    return false;
-}
 
 /// Whether there is a number for every eight pixels of a row.
 bool isCompleteXbm(QIODevice &file)
@@ -131,11 +67,11 @@ using Check = bool (*)(QIODevice &);
 Check checkFor(const QByteArray &start)
 {
     if (start.startsWith("\xff\xd8"))
-        return isCompleteJpeg;
+        return is_complete_jpeg;
     if (start.startsWith("BM"))
         return is_complete_bmp;
     if (start.startsWith("GIF8"))
-        return isCompleteGif;
+        return is_complete_gif;
     if (start.startsWith("#define"))
         return isCompleteXbm;
     if (start.startsWith(QByteArrayView("II*\0", 4)) || start.startsWith(QByteArrayView("MM\0*", 4)))

@@ -51,9 +51,9 @@ std::optional<QImage> read_tiff(const QImageReader &reader, const QFile &file, Q
 
 QImage read_from_file(QFile &file, const QString &imgFormat)
 {
+    limit_image_readers();
     if (!is_complete_image(file))
         return {};
-    limit_image_readers();
     MendedFile mended = mended_file(file);
     QBuffer buffer(&mended.bytes);
     const bool isMended = !mended.bytes.isEmpty() && buffer.open(QIODevice::ReadOnly);

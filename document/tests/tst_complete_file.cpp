@@ -97,8 +97,7 @@ void tst_complete_file::fileThatLacksItsLastPixelsIsNotComplete_data()
     QTest::addColumn<int>("depth");
     QTest::addColumn<int>("missing"); // bytes
 
-    QTest::newRow("jpg without its end marker") << QByteArray("jpg") << 32 << 2;
-    QTest::newRow("jpg without half its end marker") << QByteArray("jpg") << 32 << 1;
+    QTest::newRow("jpg") << QByteArray("jpg") << 32 << 10;
     QTest::newRow("grey jpg") << QByteArray("jpg") << 8 << 10;
     QTest::newRow("bmp of depth 32 without its last byte but padding") << QByteArray("bmp") << 32 << 2;
     QTest::newRow("bmp of depth 8") << QByteArray("bmp") << 8 << 4;
@@ -196,7 +195,9 @@ void tst_complete_file::gifIsJudgedByItsFirstPicture_data()
     QTest::newRow("whole") << gif << true;
     QTest::newRow("without the trailer") << gif.chopped(1) << true;
     QTest::newRow("a second picture that is cut") << gif.chopped(1) + "," << true;
-    QTest::newRow("without the end of the picture") << gif.chopped(2) << false;
+    QTest::newRow("without the end of the picture") << gif.chopped(2) << true;
+    QTest::newRow("without the last code") << gif.chopped(3) << false;
+    QTest::newRow("without the codes") << gif.chopped(4) << false;
     QTest::newRow("cut in the comment") << gif.first(21) << false;
     QTest::newRow("cut in the colours") << gif.first(15) << false;
     QTest::newRow("cut in the screen") << gif.first(8) << false;
