@@ -194,12 +194,13 @@ Side plainShownStepSide()
 
 QList<Row> history_rows()
 {
+    const auto writeSnapshot = [](const QString &path, const QImage &page) { return write_snapshot(path, page); };
     return {
         {12,
          u"snapshot alone"_s,
-         {{u"save BMP"_s, Bar::SecondsRatio, 0.40, fileSide(u"write_snapshot"_s, write_snapshot),
+         {{u"save BMP"_s, Bar::SecondsRatio, 0.40, fileSide(u"write_snapshot"_s, writeSnapshot),
            fileSide(u"save BMP"_s, saveBmp)},
-          {u"write(2)"_s, Bar::SecondsRatio, 1.8, fileSide(u"write_snapshot"_s, write_snapshot), bytesSide()}}},
+          {u"write(2)"_s, Bar::SecondsRatio, 1.8, fileSide(u"write_snapshot"_s, writeSnapshot), bytesSide()}}},
         {27,
          u"first undo"_s,
          {{u"save BMP + load BMP"_s, Bar::SecondsRatio, 0.30, firstUndoSide(), plainStepSide(true)}}},

@@ -1,5 +1,7 @@
 #include "UndoHistory.h"
 
+#include "private_file.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -64,8 +66,13 @@ bool UndoHistory::insert(const QImage &image, const QSize &size, double zoom, co
         return false;
     }
     qDebug("UndoHistory::insert");
-    auto item = std::make_unique<UndoHistoryItem>(name, namer.next());
-    if (!item->save(image, size, zoom)) {
+    std::unique_ptr<UndoHistoryItem> item;
+    bool isSaved = false;
+    do { // past names of others: a history begun in the same second, or a file that somebody planted
+        item = std::make_unique<UndoHistoryItem>(name, namer.next());
+        isSaved = item->save(image, size, zoom);
+    } while (!isSaved && item->isNameTaken());
+    if (!isSaved) {
         qDebug("UndoHistory::insert - error saving file");
         item->abandon(); // Intended: what was written stays on disk, to be looked at.
         return false;
@@ -181,7 +188,8 @@ QString safeCreateTempDir()
 {
     QString home = QDir::homePath();
     QString path = home + "/tmp"_L1;
-    if (QDir(path).exists() || QDir().mkdir(path))
+    // For the user alone: pages may be private.
+    if (QDir(path).exists() || make_private_directory(path))
         return path;
     // The misspelt word is part of the line, as others may look for it.
     qDebug("safeCreateTempDir - unable to creade directory %s!", qUtf8Printable(path));

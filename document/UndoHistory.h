@@ -58,7 +58,7 @@ public:
     void freeRedo();
 
 private:
-    /// Makes names of files: a prefix and a number, none of them twice.
+    /// Makes names of files: a prefix and a number, none of them twice. insert() passes over those that are taken.
     struct Namer
     {
         QString prefix;
@@ -74,7 +74,7 @@ private:
     Q3PtrList<UndoHistoryItem> items; ///< its cursor is the position in the chain
 };
 
-/// The directory for snapshots, "tmp" in the user's home, which is made if it is missing.
+/// The directory for snapshots, "tmp" in the user's home, which is made, for the user alone, if it is missing.
 /// @return the home itself if that fails
 [[nodiscard]] QString safeCreateTempDir();
 

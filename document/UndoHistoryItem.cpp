@@ -36,10 +36,13 @@ UndoHistoryItem::~UndoHistoryItem()
 
 bool UndoHistoryItem::save(const QImage &image, const QSize &size, double zoom)
 {
-    if (!write_snapshot(fileName_, image)) {
+    if (!write_snapshot(fileName_, image, &nameTaken)) {
         qDebug("UndoHistoryItem::save - error saving image %s!", qUtf8Printable(fileName_));
+        if (nameTaken)
+            abandon(); // not to be deleted
         return false;
     }
+    hadAlphaFormat = image.format() == QImage::Format_ARGB32;
     zoom_ = zoom;
     size_ = size;
     logStep("save", fileName_, zoom_, size_);
@@ -57,6 +60,9 @@ bool UndoHistoryItem::load(QImage *image, QSize *size, double *zoom) const
         qDebug("UndoHistoryItem::load - error loading image %s!", qUtf8Printable(fileName_));
         return false;
     }
+    // A page of a format with alpha keeps it also where all is opaque.
+    if (hadAlphaFormat && page.format() == QImage::Format_RGB32)
+        (void)page.reinterpretAsFormat(QImage::Format_ARGB32); // of the same depth, which is all it takes
     logStep("load", fileName_, zoom_, size_);
     *image = std::move(page);
     *size = size_;

@@ -20,8 +20,10 @@ public:
     [[nodiscard]] const QString &name() const { return name_; }
     [[nodiscard]] const QString &fileName() const { return fileName_; }
 
-    /// Writes the snapshot. @p size and @p zoom stay in memory.
+    /// Writes the snapshot. @p size and @p zoom stay in memory. If the name is taken, what has it stays as it is.
     [[nodiscard]] bool save(const QImage &image, const QSize &size, double zoom);
+    /// Whether the last save() failed because the name was another's; the item has no file then.
+    [[nodiscard]] bool isNameTaken() const { return nameTaken; }
     /// Reads it back; a null output is refused.
     [[nodiscard]] bool load(QImage *image, QSize *size, double *zoom) const;
 
@@ -33,4 +35,6 @@ private:
     QString fileName_;
     QSize size_; ///< -1 by -1 until saved
     double zoom_ = 0.0;
+    bool hadAlphaFormat = false; ///< the file of an opaque page does not tell
+    bool nameTaken = false;
 };

@@ -5,11 +5,11 @@
 #include "image_memory.h"
 #include "page_buffers.h"
 #include "page_image.h"
+#include "private_file.h"
 #include "snapshot_rows.h"
 #include "snapshot_shape.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QList>
 #include <QSemaphore>
@@ -19,6 +19,7 @@
 #include <array>
 #include <atomic>
 #include <bit>
+#include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <cstring>
@@ -86,6 +87,12 @@ void copyBytes(const uchar *from, std::size_t /*width*/, std::span<uchar> to)
     std::memcpy(to.data(), from, to.size());
 }
 
+/// Words of this machine from or to words of the file, whichever it is.
+void copyWords(const uchar *from, std::size_t width, std::span<uchar> to)
+{
+    qToLittleEndian<QRgb>(from, static_cast<qsizetype>(width), to.data());
+}
+
 RowCopy rowPacker(const SnapshotShape &shape, QImage::Format format)
 {
     if (format == QImage::Format_MonoLSB)
@@ -97,7 +104,7 @@ RowCopy rowPacker(const SnapshotShape &shape, QImage::Format format)
             pack_bgr({reinterpret_cast<const QRgb *>(from), width}, to);
         };
     }
-    return copyBytes;
+    return shape.bits == 32 ? copyWords : copyBytes;
 }
 
 /// The bytes of a snapshot file in order: header, table, and the rows of the page from the lowest on.
@@ -113,9 +120,9 @@ public:
         below(shape.height)
     {
         const SnapshotHeader header = snapshot_header(shape);
-        waiting.assign(header.begin(), header.end());
+        waiting.assign(header.begin(), header.begin() + shape.headerBytes());
         for (const QRgb color : image.colorTable()) {
-            const quint32 entry = qToLittleEndian(color & RGB_MASK);
+            const quint32 entry = qToLittleEndian(shape.hasTableAlpha ? color : color & RGB_MASK);
             const auto bytes = std::bit_cast<std::array<uchar, SnapshotShape::TableEntryBytes>>(entry);
             waiting.insert(waiting.end(), bytes.begin(), bytes.end());
         }
@@ -232,10 +239,19 @@ bool writePage(QFile &file, const QImage &image, const SnapshotShape &shape)
     return isWorthThread ? writePackedAhead(file, source) : writeByTurns(file, source);
 }
 
+/// A shape that is not known leaves the image to the toolkit. Closes the file.
+bool writeShaped(QFile &file, const QImage &image, const std::optional<SnapshotShape> &shape)
+{
+    const bool written = shape ? writePage(file, image, *shape) : image.save(&file, FormatWord, DefaultQuality);
+    return closeSafely(file) && written;
+}
+
 QImage::Format pageFormat(const SnapshotShape &shape)
 {
     if (shape.bits == 24)
         return QImage::Format_RGB32;
+    if (shape.bits == 32)
+        return QImage::Format_ARGB32;
     return shape.bits == 1 ? QImage::Format_Mono : QImage::Format_Indexed8;
 }
 
@@ -253,12 +269,12 @@ RowCopy rowUnpacker(const SnapshotShape &shape, bool flipsBits)
             unpack_bgr({from, 3 * width}, {reinterpret_cast<QRgb *>(to.data()), width});
         };
     }
-    return copyBytes;
+    return shape.bits == 32 ? copyWords : copyBytes;
 }
 
 bool isAffordable(const SnapshotShape &shape)
 {
-    const int bytesOfFour = shape.bits == 24 ? 16 : shape.bits == 1 ? 1 : 4;
+    const int bytesOfFour = shape.bits >= 24 ? 16 : shape.bits == 1 ? 1 : 4;
     const qint64 bytes = qint64{shape.width} * shape.height / 4 * bytesOfFour;
     return bytes <= spare_page_bytes() || bytes <= affordable_image_bytes();
 }
@@ -269,7 +285,7 @@ std::optional<QList<QRgb>> readTable(QFile &file, const SnapshotShape &shape)
     if (!readAll(file, table.data(), shape.tableBytes()))
         return std::nullopt;
     for (QRgb &color : table)
-        color = qFromLittleEndian(color) | ~RGB_MASK;
+        color = qFromLittleEndian(color) | (shape.hasTableAlpha ? 0 : ~RGB_MASK);
     return table;
 }
 
@@ -311,12 +327,21 @@ QImage readPage(QFile &file, const SnapshotShape &shape)
     const bool flipsBits = hasDarkColorFirst(shape, *table);
     if (flipsBits)
         table->swapItemsAt(0, 1);
+    if (shape.bits == 1 && table->size() == 1)
+        table->append(qRgb(0, 0, 0)); // as whatever is read has it
     if (!readRows(file, shape, rowUnpacker(shape, flipsBits), &page))
         return {};
     page.setColorTable(*table);
     page.setDotsPerMeterX(shape.dotsPerMeterX);
     page.setDotsPerMeterY(shape.dotsPerMeterY);
-    return page;
+    return with_positive_resolution(std::move(page)); // as for whatever is read
+}
+
+/// Pages with rows of unusual length are left to the toolkit, which drops transparency; so they get usual ones.
+QImage withUsualRows(const QImage &image)
+{
+    const bool isUsual = image.bytesPerLine() == (qsizetype{image.width()} * image.depth() + 31) / 32 * 4;
+    return isUsual || image.depth() > 8 || !image.hasAlphaChannel() ? image : image.copy();
 }
 
 /// What the toolkit makes of a file that write_snapshot() left to it, or that somebody else has put there.
@@ -333,34 +358,42 @@ QImage readByToolkit(QFile &file)
 
 } // namespace
 
-bool write_snapshot(const QString &fileName, const QImage &image)
+bool write_snapshot(const QString &fileName, const QImage &image, bool *isTaken)
 {
+    if (isTaken)
+        *isTaken = false;
     if (image.isNull())
         return false;
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && write_bmp(file, image);
+    Descriptor made = make_private_file(fileName);
+    if (!made.isOpen()) {
+        if (isTaken)
+            *isTaken = errno == EEXIST;
+        return false;
+    }
+    QFile file;
+    if (!file.open(made.release(), QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        return false;
+    const QImage page = withUsualRows(image);
+    return writeShaped(file, page, snapshot_shape(page));
 }
 
 bool write_bmp(QFile &file, const QImage &image)
 {
-    const std::optional<SnapshotShape> shape = snapshot_shape(image);
-    const bool written = shape ? writePage(file, image, *shape) : image.save(&file, FormatWord, DefaultQuality);
-    return closeSafely(file) && written;
+    return writeShaped(file, image, bmp_shape(image));
 }
 
 QImage read_snapshot(const QString &fileName)
 {
-    // Asked first, since opening a pipe would wait for its other end.
-    if (!QFileInfo(fileName).isFile())
-        return {};
-    QFile file(fileName);
+    Descriptor opened = open_own_file(fileName);
+    QFile file;
     SnapshotHeader header{};
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
-        || !readAll(file, header.data(), SnapshotShape::HeaderBytes))
+    if (!opened.isOpen()
+        || !file.open(opened.release(), QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)
+        || file.read(reinterpret_cast<char *>(header.data()), header.size()) <= 0)
         return {};
     const std::optional<SnapshotShape> shape = snapshot_shape(header);
     if (!shape || file.size() > shape->fileBytes())
         return readByToolkit(file);
     // The toolkit would make a page of a file that has been cut short, with noise where pixels are missing.
-    return file.size() < shape->fileBytes() ? QImage() : readPage(file, *shape);
+    return file.size() < shape->fileBytes() || !file.seek(shape->headerBytes()) ? QImage() : readPage(file, *shape);
 }

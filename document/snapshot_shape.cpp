@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <limits>
+#include <numeric>
 
 namespace {
 
@@ -13,6 +15,8 @@ constexpr int LargestByteTable = 256;
 constexpr qint64 LargestFileBytes = std::numeric_limits<int>::max(); ///< the header has no room for more
 
 // Places in the header, as far as they are read again.
+constexpr std::size_t TableAlphaAt = 6; ///< reserved, and 0 in other files
+constexpr std::array<uchar, 4> TableAlphaMark{'A', 'L', 'P', 'H'};
 constexpr std::size_t WidthAt = 18;
 constexpr std::size_t HeightAt = 22;
 constexpr std::size_t BitsAt = 28;
@@ -25,6 +29,20 @@ bool isPageFormat(QImage::Format format)
     constexpr std::array Formats{QImage::Format_Mono, QImage::Format_MonoLSB, QImage::Format_Indexed8,
                                  QImage::Format_RGB32, QImage::Format_ARGB32};
     return std::ranges::find(Formats, format) != Formats.end();
+}
+
+bool hasTransparentPixel(const QImage &page)
+{
+    if (page.format() != QImage::Format_ARGB32)
+        return false;
+    const auto isOpaqueRow = [&page](int y) {
+        const auto *const words = reinterpret_cast<const QRgb *>(page.constScanLine(y));
+        return std::reduce(words, words + page.width(), ~QRgb{0}, std::bit_and{}) >= ~RGB_MASK;
+    };
+    for (int y = 0; y < page.height(); ++y)
+        if (!isOpaqueRow(y))
+            return true;
+    return false;
 }
 
 int bitsInFile(const QImage &page)
@@ -45,6 +63,7 @@ bool hasFittingTable(const SnapshotShape &shape)
     case 8:
         return lies(LargestNibbleTable + 1, LargestByteTable);
     case 24:
+    case 32:
         return lies(0, 0);
     default:
         return false;
@@ -59,7 +78,7 @@ bool isPlausible(const SnapshotShape &shape)
 
 } // namespace
 
-std::optional<SnapshotShape> snapshot_shape(const QImage &page)
+std::optional<SnapshotShape> bmp_shape(const QImage &page)
 {
     const qint64 usualLineBytes = (qint64{page.width()} * page.depth() + 31) / 32 * 4;
     if (!isPageFormat(page.format()) || page.bytesPerLine() != usualLineBytes)
@@ -70,9 +89,19 @@ std::optional<SnapshotShape> snapshot_shape(const QImage &page)
                               .colorCount = page.colorCount(),
                               .dotsPerMeterX = page.dotsPerMeterX(),
                               .dotsPerMeterY = page.dotsPerMeterY()};
-    if (shape.fileBytes() > LargestFileBytes)
+    return shape.fileBytes() <= LargestFileBytes ? std::optional(shape) : std::nullopt;
+}
+
+std::optional<SnapshotShape> snapshot_shape(const QImage &page)
+{
+    std::optional<SnapshotShape> shape = bmp_shape(page);
+    if (!shape)
         return std::nullopt;
-    return shape;
+    if (hasTransparentPixel(page))
+        shape->bits = 32;
+    // Intended: not the table itself is asked. One that nobody filled counts as opaque black.
+    shape->hasTableAlpha = page.depth() <= 8 && page.hasAlphaChannel();
+    return shape->fileBytes() <= LargestFileBytes ? shape : std::nullopt;
 }
 
 std::optional<SnapshotShape> snapshot_shape(const SnapshotHeader &header)
@@ -83,20 +112,25 @@ std::optional<SnapshotShape> snapshot_shape(const SnapshotHeader &header)
                               .bits = qFromLittleEndian<qint16>(&header.at(BitsAt)),
                               .colorCount = number(ColorCountAt),
                               .dotsPerMeterX = number(DotsPerMeterXAt),
-                              .dotsPerMeterY = number(DotsPerMeterYAt)};
-    if (!isPlausible(shape) || snapshot_header(shape) != header)
+                              .dotsPerMeterY = number(DotsPerMeterYAt),
+                              .hasTableAlpha = number(TableAlphaAt) != 0};
+    if (!isPlausible(shape))
         return std::nullopt;
-    return shape;
+    const SnapshotHeader expected = snapshot_header(shape);
+    const bool isOurs = std::equal(expected.begin(), expected.begin() + shape.headerBytes(), header.begin());
+    return isOurs ? std::optional(shape) : std::nullopt;
 }
 
 SnapshotHeader snapshot_header(const SnapshotShape &shape)
 {
-    constexpr qint32 InfoHeaderBytes = 40;
+    constexpr qint32 FileHeaderBytes = 14;
     SnapshotHeader header{'B', 'M'};
     const auto put = [&header](std::size_t at, auto value) { qToLittleEndian(value, &header.at(at)); };
     put(2, static_cast<qint32>(shape.fileBytes()));
-    put(10, static_cast<qint32>(SnapshotShape::HeaderBytes + shape.tableBytes())); // where the pixels begin
-    put(14, InfoHeaderBytes);
+    if (shape.hasTableAlpha)
+        std::ranges::copy(TableAlphaMark, header.begin() + TableAlphaAt);
+    put(10, static_cast<qint32>(shape.headerBytes() + shape.tableBytes())); // where the pixels begin
+    put(14, static_cast<qint32>(shape.headerBytes() - FileHeaderBytes));
     put(WidthAt, shape.width);
     put(HeightAt, shape.height);
     put(26, qint16{1}); // planes
@@ -106,5 +140,15 @@ SnapshotHeader snapshot_header(const SnapshotShape &shape)
     put(DotsPerMeterYAt, shape.dotsPerMeterY);
     put(ColorCountAt, shape.colorCount);
     put(50, shape.colorCount); // all of them are important
+    if (shape.bits == 32) {
+        constexpr quint32 BitFields = 3;
+        constexpr quint32 Srgb = 0x73524742;
+        put(30, BitFields);
+        put(54, quint32{0x00ff0000}); // where a pixel has its red, green, blue and alpha
+        put(58, quint32{0x0000ff00});
+        put(62, quint32{0x000000ff});
+        put(66, quint32{0xff000000});
+        put(70, Srgb); // what the colours mean
+    }
     return header;
 }

@@ -14,11 +14,15 @@ QImage randomPage(QSize size, QImage::Format format, int colorCount, QRandomGene
         uchar *const line = page.scanLine(y);
         for (qsizetype i = 0; i < page.bytesPerLine(); ++i)
             line[i] = static_cast<uchar>(random.generate());
+        for (int x = 0; x < page.width() && page.depth() == 8 && colorCount > 0; ++x)
+            line[x] = static_cast<uchar>(line[x] % colorCount);
     }
+    if (page.depth() == 1 && colorCount == 1)
+        page.fill(0U);
     if (page.depth() <= 8) {
         QList<QRgb> table(colorCount);
         for (QRgb &color : table)
-            color = random.generate();
+            color = random.generate() | 0xff000000;
         page.setColorTable(table);
     }
     return page;

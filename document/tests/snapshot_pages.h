@@ -11,7 +11,8 @@ class QRandomGenerator;
 
 inline constexpr quint32 Seed = 20;
 
-/// A page whose bits are all by chance, those of the padding and of the colours too.
+/// A page whose bits are by chance, those of the padding and of the colours too, except that indices lie in the table
+/// and that its colours are opaque.
 [[nodiscard]] QImage randomPage(QSize size, QImage::Format format, int colorCount, QRandomGenerator &random);
 
 /// Writes a file anew. One that is written over would be forced to the disk, which takes much longer.

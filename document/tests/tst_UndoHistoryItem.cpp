@@ -1,5 +1,7 @@
 #include "DiagnosticLines.h"
+#include "image_files.h"
 #include "pictures.h"
+#include "process_limits.h"
 #include "UndoHistoryItem.h"
 
 #include <QFile>
@@ -17,9 +19,11 @@ class tst_UndoHistoryItem : public QObject
 private slots:
     void constructionNamesTheFileAndWritesNothing();
     void saveAndLoadCarryPageSizeAndZoom();
-    void pageOfDepth32ComesBackWithoutItsAlpha();
+    void pageComesBackInItsFormat_data();
+    void pageComesBackInItsFormat();
     void sizeIsUnknownUntilSaved();
     void fullDiskIsAFailedSave();
+    void fileOfAnotherIsNeitherWrittenNorRemoved();
     void missingFileIsAFailedLoad();
     void missingOutputsAreRefused();
     void destructionDeletesTheFile();
@@ -64,19 +68,33 @@ void tst_UndoHistoryItem::saveAndLoadCarryPageSizeAndZoom()
                           "UndoHistoryItem::load n="_L1 + path() + ", z=0.125, w=18, h=10"_L1}));
 }
 
-void tst_UndoHistoryItem::pageOfDepth32ComesBackWithoutItsAlpha()
+void tst_UndoHistoryItem::pageComesBackInItsFormat_data()
 {
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<int>("alpha");
+
+    QTest::newRow("for alpha, transparent") << QImage::Format_ARGB32 << 40;
+    QTest::newRow("for alpha, opaque") << QImage::Format_ARGB32 << 255;
+    QTest::newRow("without alpha") << QImage::Format_RGB32 << 255;
+}
+
+void tst_UndoHistoryItem::pageComesBackInItsFormat()
+{
+    QFETCH(const QImage::Format, format);
+    QFETCH(const int, alpha);
     UndoHistoryItem item(u"turn"_s, base());
     QImage image;
     QSize size;
     double zoom = 0.0;
-    QImage page(3, 2, QImage::Format_ARGB32);
-    page.fill(QColor(10, 20, 30, 40));
+    QImage page(3, 2, format);
+    page.fill(QColor(10, 20, 30, alpha));
 
     QVERIFY(item.save(page, page.size(), 1.0));
     QVERIFY(item.load(&image, &size, &zoom));
 
-    QVERIFY(comparePictures(image, solidPage({3, 2}, qRgb(10, 20, 30))));
+    QCOMPARE(image, page);
+    QCOMPARE(image.format(), format);
+    QCOMPARE(image.pixel(2, 1), qRgba(10, 20, 30, alpha));
 }
 
 void tst_UndoHistoryItem::sizeIsUnknownUntilSaved()
@@ -94,14 +112,30 @@ void tst_UndoHistoryItem::sizeIsUnknownUntilSaved()
 
 void tst_UndoHistoryItem::fullDiskIsAFailedSave()
 {
-    QVERIFY(QFile::link(u"/dev/full"_s, path()));
     UndoHistoryItem item(u"turn"_s, base());
     const DiagnosticLines diagnostics;
+    const FileSizeLimit limit(10);
 
     // So small that it would wait in a buffer.
     QVERIFY(!item.save(patternedPage({2, 2}), QSize(2, 2), 1.0));
 
     QCOMPARE(diagnostics.lines(), QStringList{"UndoHistoryItem::save - error saving image "_L1 + path() + u'!'});
+}
+
+void tst_UndoHistoryItem::fileOfAnotherIsNeitherWrittenNorRemoved()
+{
+    write_file(path(), "precious");
+    {
+        UndoHistoryItem item(u"turn"_s, base());
+        QVERIFY(!item.isNameTaken());
+
+        QVERIFY(!item.save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+
+        QVERIFY(item.isNameTaken());
+    }
+
+    QCOMPARE(file_bytes(path()), "precious");
+    QVERIFY(QFile::remove(path()));
 }
 
 void tst_UndoHistoryItem::missingFileIsAFailedLoad()

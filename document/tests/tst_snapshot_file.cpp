@@ -5,10 +5,14 @@
 #include "snapshot_file.h"
 #include "snapshot_pages.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -38,7 +42,6 @@ void addPageForms()
     for (const int count : {1, 2, 3, 15, 16, 17, 18, 100, 255, 256})
         QTest::addRow("8 bits, %d colours", count) << QImage::Format_Indexed8 << count;
     QTest::newRow("32 bits") << QImage::Format_RGB32 << 0;
-    QTest::newRow("32 bits with alpha") << QImage::Format_ARGB32 << 0;
 }
 
 /// Forms that no page has, or whose file does not come back as the page that it was.
@@ -82,7 +85,8 @@ private slots:
     void pageOfOneBitComesBackWithTheLighterColourFirst_data();
     void pageOfOneBitComesBackWithTheLighterColourFirst();
     void rowsOfUnusualLengthAreLeftToTheToolkit();
-    void writingReplacesALongerFile();
+    void nameThatIsTakenIsLeftAlone_data();
+    void nameThatIsTakenIsLeftAlone();
     void pageReadBackTakesItsMemoryFromThePool();
 
     void nullImageMakesNoFile();
@@ -175,7 +179,6 @@ void tst_snapshot_file::resolutionIsKept_data()
 
     QTest::newRow("300 by 600 dots an inch") << 11811 << 23622;
     QTest::newRow("one") << 1 << 2147483647;
-    QTest::newRow("negative") << -5 << -11811;
 }
 
 void tst_snapshot_file::resolutionIsKept()
@@ -187,6 +190,7 @@ void tst_snapshot_file::resolutionIsKept()
         page.setDotsPerMeterX(x);
         page.setDotsPerMeterY(y);
 
+        QFile::remove(m_path);
         QVERIFY(write_snapshot(m_path, page));
 
         QCOMPARE(file_bytes(m_path), encoded(page, "BMP"));
@@ -215,6 +219,7 @@ void tst_snapshot_file::pageOfOneBitWithoutColoursIsWrittenAsByTheToolkit()
     QRandomGenerator random(Seed);
     for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
         const QImage page = randomPage({13, 6}, format, 0, random);
+        QFile::remove(m_path);
 
         QVERIFY(write_snapshot(m_path, page));
 
@@ -265,13 +270,44 @@ void tst_snapshot_file::rowsOfUnusualLengthAreLeftToTheToolkit()
     QVERIFY(comparePictures(read_snapshot(m_path), whole.copy(0, 0, 13, 9)));
 }
 
-void tst_snapshot_file::writingReplacesALongerFile()
+void tst_snapshot_file::nameThatIsTakenIsLeftAlone_data()
 {
-    put_file(m_path, QByteArray(10'000, 'x'));
+    QTest::addColumn<QString>("kind");
 
-    QVERIFY(write_snapshot(m_path, patternedPage({5, 4})));
+    for (const QString &kind : {u"file"_s, u"link to a file"_s, u"link to nothing"_s, u"pipe"_s, u"directory"_s})
+        QTest::newRow(qPrintable(kind)) << kind;
+}
 
-    QCOMPARE(file_bytes(m_path), encoded(patternedPage({5, 4}), "BMP"));
+void tst_snapshot_file::nameThatIsTakenIsLeftAlone()
+{
+    QFETCH(const QString, kind);
+    const QString other = m_directory.filePath("other"_L1);
+    const QByteArray name = QFile::encodeName(m_path);
+    QFile::remove(other);
+    if (kind == u"file"_s) {
+        put_file(m_path, "precious");
+    } else if (kind == u"link to a file"_s) {
+        put_file(other, "precious");
+        QCOMPARE(::symlink("other", name.constData()), 0);
+    } else if (kind == u"link to nothing"_s) {
+        QCOMPARE(::symlink("other", name.constData()), 0);
+    } else if (kind == u"pipe"_s) {
+        QCOMPARE(::mkfifo(name.constData(), 0600), 0);
+    } else {
+        QVERIFY(QDir().mkdir(m_path));
+    }
+
+    bool isTaken = false;
+    QVERIFY(!write_snapshot(m_path, patternedPage({5, 4}), &isTaken));
+
+    QVERIFY(isTaken);
+    if (kind == u"file"_s || kind == u"link to a file"_s)
+        QCOMPARE(file_bytes(m_path), "precious");
+    if (kind == u"link to nothing"_s)
+        QVERIFY(!QFile::exists(other));
+    QVERIFY(::remove(name.constData()) == 0);
+    QVERIFY(write_snapshot(m_path, patternedPage({5, 4}), &isTaken));
+    QVERIFY(!isTaken);
 }
 
 void tst_snapshot_file::pageReadBackTakesItsMemoryFromThePool()
@@ -318,8 +354,11 @@ void tst_snapshot_file::fullDiskIsAFailure()
 {
     QFETCH(const QImage, image);
 
+    bool isTaken = true;
     // The toolkit alone would not have noticed a small picture.
-    QVERIFY(!write_snapshot(u"/dev/full"_s, image));
+    const FileSizeLimit limit(20);
+    QVERIFY(!write_snapshot(m_path, image, &isTaken));
+    QVERIFY(!isTaken);
 }
 
 void tst_snapshot_file::partlyWrittenFileStays()

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,8 @@ private slots:
     void whatIsNoBmpFileIsAFailure_data();
     void whatIsNoBmpFileIsAFailure();
     void whatIsNoFileIsAFailure();
+    void linkIsAFailureWhateverItNames();
+    void fileOfAnotherUserIsAFailure();
     void pipeIsAFailureAndNotWaitedFor();
     void foreignBmpFilesAreReadAsTheToolkitReadsThem_data();
     void foreignBmpFilesAreReadAsTheToolkitReadsThem();
@@ -93,6 +96,26 @@ void tst_snapshot_file_damage::whatIsNoFileIsAFailure()
     QVERIFY(read_snapshot(m_path).isNull());
     QVERIFY(read_snapshot(m_directory.path()).isNull());
     QVERIFY(read_snapshot(u"/dev/zero"_s).isNull());
+}
+
+void tst_snapshot_file_damage::linkIsAFailureWhateverItNames()
+{
+    const QString other = m_directory.filePath("other.bmp"_L1);
+    put_file(other, encoded(patternedPage({3, 2}), "BMP"));
+    QVERIFY(!read_snapshot(other).isNull());
+    QVERIFY(QFile::link(other, m_path));
+
+    QVERIFY(read_snapshot(m_path).isNull());
+}
+
+void tst_snapshot_file_damage::fileOfAnotherUserIsAFailure()
+{
+    if (::geteuid() != 0)
+        QSKIP("only root gives files away");
+    put_file(m_path, encoded(patternedPage({3, 2}), "BMP"));
+    QCOMPARE(::chown(QFile::encodeName(m_path).constData(), 12345, 0), 0);
+
+    QVERIFY(read_snapshot(m_path).isNull());
 }
 
 void tst_snapshot_file_damage::pipeIsAFailureAndNotWaitedFor()
