@@ -140,53 +140,6 @@ private slots:
         }
     }
 
-    void withoutATabOnlyTheCommandsOfTheProgramAreOn()
-    {
-        const WindowFixture fixture;
-
-        for (const QString &name :
-             {u"file_open"_s, u"file_exit"_s, u"view_labels"_s, u"view_movable"_s, u"view_reset"_s})
-            QVERIFY2(fixture.enabled(name), qPrintable(name));
-        for (const QString &name :
-             {u"file_save"_s,       u"file_save_as"_s, u"file_save_all"_s, u"file_print"_s,       u"file_close"_s,
-              u"file_close_all"_s,  u"edit_undo"_s,    u"edit_redo"_s,     u"view_zoom_in"_s,     u"view_zoom_out"_s,
-              u"view_scroll"_s,     u"image_crop"_s,   u"scale_menu"_s,    u"rotate_menu"_s,      u"flip_menu"_s,
-              u"depth_menu"_s,      u"effects_menu"_s, u"image_invert"_s,  u"image_brightness"_s, u"image_contrast"_s,
-              u"image_properties"_s})
-            QVERIFY2(!fixture.enabled(name), qPrintable(name));
-        for (const QAction *const zoom : fixture.menu(u"&Zoom"_s)->actions())
-            QVERIFY(!zoom->isEnabled());
-    }
-
-    void aTabSwitchesTheDocumentCommandsOnAndTheLastOneOffAgain()
-    {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
-
-        const QStringList names = {u"file_save"_s,     u"file_save_as"_s,   u"file_save_all"_s,
-                                   u"file_close"_s,    u"file_close_all"_s, u"view_zoom_in"_s,
-                                   u"view_zoom_out"_s, u"view_scroll"_s,    u"image_properties"_s};
-        for (const QString &name : names)
-            QVERIFY2(fixture.enabled(name), qPrintable(name));
-        fixture.action(u"file_close"_s)->trigger();
-
-        QCOMPARE(fixture.tabs()->count(), 0);
-        for (const QString &name : names)
-            QVERIFY2(!fixture.enabled(name), qPrintable(name));
-    }
-
-    void cropFollowsTheSelection()
-    {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
-        QVERIFY(!fixture.enabled(u"image_crop"_s));
-
-        fixture.select(QPoint(10, 10), QPoint(30, 30));
-        QVERIFY(fixture.enabled(u"image_crop"_s));
-        fixture.select(QPoint(150, 150), QPoint(150, 150)); // beside the picture
-        QVERIFY(!fixture.enabled(u"image_crop"_s));
-    }
-
     void theCheckedZoomFollowsEveryZoomCommand()
     {
         WindowFixture fixture;
