@@ -43,7 +43,7 @@ file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/test-home)
 set(IM_SKIPPED_TEST 77)
 
 # A test program tests/<name>.cpp of the calling folder. It links that folder and nothing above it.
-# X11 gives it an X server and a window manager of its own.
+# X11 gives it an X server and a window manager of its own, and an end to dialogs that nobody answers.
 function(im_add_test name)
     if(NOT BUILD_TESTING)
         return()
@@ -59,6 +59,7 @@ function(im_add_test name)
     set(command $<TARGET_FILE:${name}>)
     if(arg_X11)
         list(APPEND arg_LABELS x11)
+        target_link_libraries(${name} PRIVATE test_unanswered_dialogs)
         set(command ${PROJECT_SOURCE_DIR}/scripts/with-display ${command})
     endif()
     add_test(NAME ${name} COMMAND ${command})
