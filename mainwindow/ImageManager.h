@@ -109,6 +109,9 @@ public slots:
     void image_crop();
     void image_properties();
 
+    /// Uploads the first page, whatever page is on show, see FtpForm.
+    void upload_ftp();
+
     /// Opens the menu of the tool button that sent the signal.
     void OnToolButtonActivated();
     void tabChanged(QWidget *tab);
