@@ -38,6 +38,7 @@ int run(int argc, char **argv)
         return EXIT_SUCCESS;
     }
     const EndSignals endSignals; // from here on there is something to take down
+    QApplication::setWindowIcon(applicationIcon()); // a property of every window, which would be taken for a message
     application.startListening(true);
 
     // The window lets events through while it is being built: what other starts say then has to wait for it.
@@ -48,7 +49,6 @@ int run(int argc, char **argv)
     if (find_installation(argv[0]) != 0)
         (void)std::puts("WARNING: configuration file not found");
     load_translations(Catalogues.data());
-    QApplication::setWindowIcon(applicationIcon());
 
     ImageManager window;
     QObject::disconnect(keeping);

@@ -160,9 +160,10 @@ bool QtSingleApplication::x11EventFilter(XEvent *event)
     if (!d->listener)
         return false;
 
-    // The toolkit and the window manager keep properties of their own on the window; those say nothing.
+    // Intended: it is not asked which property has changed, or how. Whoever writes to this window has something to
+    // say to it.
     if (event->type == PropertyNotify && event->xproperty.window == d->listener->winId()
-        && event->xproperty.atom == d->selection && event->xproperty.state == PropertyNewValue) {
+        && !d->isOlderThanListening(event->xproperty.serial)) {
         if (!d->owner) {
             d->takeSelection(x_display()); // whoever wrote to a listener is going away and leaves it the selection
             return true;

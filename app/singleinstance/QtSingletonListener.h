@@ -4,7 +4,7 @@
 
 /// The hidden window that other instances find and write to. It is never shown.
 ///
-/// Nothing may change its title, flags or parent once it is known: it exists to have an X window, and each of
+/// Nothing may change its title, icon, flags or parent once it is known: it exists to have an X window, and each of
 /// these would change properties of that window, which is how instances talk.
 class QtSingletonListener : public QWidget
 {

@@ -55,7 +55,13 @@ void QtSingletonPrivate::startListening(Display *display, const QByteArray &name
         return;
     listener = std::make_unique<QtSingletonListener>();
     (void)write_property(display, listener->winId(), listenerAtom, listenerAtom, "YES"_ba); // never too long
+    firstRequest = XNextRequest(display);
     takeSelection(display);
+}
+
+bool QtSingletonPrivate::isOlderThanListening(unsigned long serial) const
+{
+    return serial != 0 && static_cast<qint32>(serial - firstRequest) < 0; // serials of events have 32 bits
 }
 
 void QtSingletonPrivate::takeSelection(Display *display)

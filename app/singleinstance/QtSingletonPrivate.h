@@ -30,10 +30,15 @@ struct QtSingletonPrivate
     std::unique_ptr<QtSingletonListener> listener; ///< null until it is listened
     QByteArray atomChars; ///< what a name may be made of: printable ASCII but the blank
     bool owner = false; ///< whether this instance holds the selection
+    unsigned long firstRequest = 0; ///< serial of the first request since it is listened
 
     /// The name of the selection: identity and user with one "_" in front, and "_" in place of each byte of
     /// the local encoding that is not in atomChars. Empty if both are.
     [[nodiscard]] QByteArray selectionName(const QString &id, const QString &user) const;
+
+    /// Whether an event tells of what the toolkit did to the listener's window when it was made. Nobody knew the
+    /// window then. @param serial  of the request that the server had come to, 0 for an event that is made up
+    [[nodiscard]] bool isOlderThanListening(unsigned long serial) const;
 
     /// Makes the listener with its mark and takes the selection.
     void startListening(Display *display, const QByteArray &name);

@@ -66,6 +66,7 @@ public:
         const bool result = QtSingleApplication::x11EventFilter(event);
         if (event->type == PropertyNotify)
             (result ? eaten : passedOn).append(event->xproperty.atom);
+        isSelectionLost = isSelectionLost || event->type == SelectionClear;
         return result;
     }
     void activateMainWidget() override { calls.append(u"activate"_s); }
@@ -73,6 +74,7 @@ public:
     QStringList calls;
     QList<unsigned long> eaten; ///< properties whose changes were kept from the toolkit
     QList<unsigned long> passedOn;
+    bool isSelectionLost = false;
 };
 
 } // namespace
@@ -310,25 +312,51 @@ private slots:
         QTRY_COMPARE(spy.size(), 1);
     }
 
-    void otherChangesOfTheWindowRepeatNoMessage()
+    void changesOfTheWindowBeforeItListensRepeatNoMessage()
     {
         Instance instance;
-        instance.application.startListening(true);
         QSignalSpy spy(&instance.application, &QtSingleApplication::messageReceived);
-        writeMessage("once");
-        QTRY_COMPARE(spy.size(), 1);
+        instance.application.startListening(true);
+        writeMessage("once"); // the toolkit's own changes of the new window are still to be told
 
-        QPixmap icon(16, 16);
-        icon.fill(Qt::red);
-        QApplication::setWindowIcon(icon); // the toolkit tells every window
-        m_peer.write(listener(), "_NET_WM_NAME", "UTF8_STRING", "title");
-        m_peer.write(listener(), selectionName() + "_LISTENER", selectionName() + "_LISTENER", "YES");
-        QCoreApplication::processEvents();
-        m_peer.remove(listener(), selectionName());
+        QTRY_COMPARE(spy.size(), 1);
         writeMessage("twice");
 
         QTRY_COMPARE(spy.size(), 2);
         QCOMPARE(spy.at(1).at(0).toString(), u"twice"_s);
+    }
+
+    void anyOtherChangeOfTheWindowRepeatsTheMessage()
+    {
+        Instance instance;
+        instance.application.startListening(true);
+        QSignalSpy spy(&instance.application, &QtSingleApplication::messageReceived);
+        writeMessage("text");
+        QTRY_COMPARE(spy.size(), 1);
+
+        m_peer.write(listener(), "_NET_WM_NAME", "UTF8_STRING", "title");
+        QTRY_COMPARE(spy.size(), 2);
+        m_peer.write(listener(), selectionName() + "_LISTENER", selectionName() + "_LISTENER", "YES");
+        QTRY_COMPARE(spy.size(), 3);
+        m_peer.remove(listener(), "_NET_WM_NAME");
+        QTRY_COMPARE(spy.size(), 4);
+
+        QCOMPARE(spy.at(3).at(0).toString(), u"text"_s);
+    }
+
+    void aMessageThatIsTakenAwayIsNoMessage()
+    {
+        CommandLine commandLine;
+        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        application.startListening(true);
+        QSignalSpy spy(&application, &QtSingleApplication::messageReceived);
+        writeMessage("text");
+        QTRY_COMPARE(spy.size(), 1);
+
+        m_peer.remove(listener(), selectionName());
+
+        QTRY_VERIFY(application.passedOn.contains(m_peer.atom(selectionName())));
+        QCOMPARE(spy.size(), 1);
     }
 
     void equalMessagesBothCome()
@@ -393,19 +421,30 @@ private slots:
         QCOMPARE(spy.at(0).at(0).toString(), u"text"_s);
     }
 
-    void waitingListenerDoesNotWakeAtOtherChangesOfItsWindow()
+    void waitingListenerWakesAtAnyChangeOfItsWindow_data()
     {
+        QTest::addColumn<bool>("isTakenAway"); // the property, instead of written
+
+        QTest::newRow("written") << false;
+        QTest::newRow("taken away") << true;
+    }
+
+    void waitingListenerWakesAtAnyChangeOfItsWindow()
+    {
+        QFETCH(const bool, isTakenAway);
         CommandLine commandLine;
         RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(true);
-        const XWindowId other = m_peer.makeWindow();
-        m_peer.own(selectionName(), other);
+        m_peer.own(selectionName(), m_peer.makeWindow());
+        QTRY_VERIFY(application.isSelectionLost);
 
-        m_peer.write(listener(), "_NET_WM_NAME", "UTF8_STRING", "title");
-        m_peer.write(listener(), "OF_THE_TEST", "STRING", "title");
+        if (isTakenAway)
+            m_peer.remove(listener(), selectionName() + "_LISTENER");
+        else
+            m_peer.write(listener(), "OF_THE_TEST", "STRING", "title");
 
-        QTRY_VERIFY(application.passedOn.contains(m_peer.atom("OF_THE_TEST")));
-        QCOMPARE(m_peer.owner(selectionName()), other);
+        QTRY_VERIFY(!application.eaten.isEmpty());
+        QVERIFY(m_peer.owner(selectionName()) == application.allWidgets().constFirst()->winId());
     }
 
     void lossOfAnotherSelectionKeepsTheOwner()
@@ -429,13 +468,13 @@ private slots:
         CommandLine commandLine;
         RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(false);
-
-        writeMessage("text");
         m_peer.write(listener(), "OF_THE_TEST", "STRING", "title");
-
         QTRY_VERIFY(application.passedOn.contains(m_peer.atom("OF_THE_TEST")));
         QVERIFY(application.passedOn.contains(m_peer.atom(selectionName() + "_LISTENER")));
-        QCOMPARE(application.eaten, QList<unsigned long>{m_peer.atom(selectionName())});
+
+        writeMessage("text");
+
+        QTRY_COMPARE(application.eaten, QList<unsigned long>{m_peer.atom(selectionName())});
     }
 
     void widgetComesToTheFrontBeforeLaterReceiversHearOfTheMessage()
@@ -555,11 +594,9 @@ private slots:
         auto application =
             std::make_unique<RecordingApplication>(testId(), commandLine.argc, commandLine.argv.data(), true);
         application->startListening(true);
-        const XWindowId window = listener();
         const XWindowId other = makeListener();
         m_peer.own(selectionName(), other);
-        m_peer.write(window, "OF_THE_TEST", "STRING", "title");
-        QTRY_VERIFY(application->passedOn.contains(m_peer.atom("OF_THE_TEST"))); // so it knows of its loss
+        QTRY_VERIFY(application->isSelectionLost);
 
         application.reset();
 
