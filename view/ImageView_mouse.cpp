@@ -17,6 +17,7 @@ constexpr int AutoScrollIntervalMs = 50;
 
 QPoint ImageView::canvasPoint(const QPoint &contentsPoint) const
 {
+    // Intended: to the nearest, so that in the right half of an enlarged pixel the next one is meant.
     return inverseWorldMatrix().map(contentsPoint);
 }
 

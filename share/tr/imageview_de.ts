@@ -123,6 +123,10 @@ Möchten Sie sie ersetzen?</translation>
         <source>Image format %1 is not supported!</source>
         <translation>Das Bildformat %1 wird nicht unterstützt!</translation>
     </message>
+    <message>
+        <source>Save in:</source>
+        <translation>Speichern in:</translation>
+    </message>
 </context>
 <context>
     <name>SaveAllFileDialog</name>

@@ -123,6 +123,10 @@ Do you want to replace it?</source>
         <source>Image format %1 is not supported!</source>
         <translation>¡El formato de imagen %1 no es compatible!</translation>
     </message>
+    <message>
+        <source>Save in:</source>
+        <translation>Guardar en:</translation>
+    </message>
 </context>
 <context>
     <name>SaveAllFileDialog</name>

@@ -123,6 +123,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Image format %1 is not supported!</source>
         <translation>Le format d&apos;image %1 n&apos;est pas pris en charge&#xa0;!</translation>
     </message>
+    <message>
+        <source>Save in:</source>
+        <translation>Enregistrer dans :</translation>
+    </message>
 </context>
 <context>
     <name>SaveAllFileDialog</name>

@@ -123,6 +123,10 @@ Do you want to replace it?</source>
         <source>Image format %1 is not supported!</source>
         <translation>画像形式 %1 には対応していません!</translation>
     </message>
+    <message>
+        <source>Save in:</source>
+        <translation>保存先:</translation>
+    </message>
 </context>
 <context>
     <name>SaveAllFileDialog</name>

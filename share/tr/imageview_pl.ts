@@ -123,6 +123,10 @@ Czy chcesz go zastąpić?</translation>
         <source>Image format %1 is not supported!</source>
         <translation>Format obrazu %1 nie jest obsługiwany!</translation>
     </message>
+    <message>
+        <source>Save in:</source>
+        <translation>Zapisz w:</translation>
+    </message>
 </context>
 <context>
     <name>SaveAllFileDialog</name>

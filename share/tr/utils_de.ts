@@ -179,6 +179,10 @@ damit das Bild in den Arbeitsspeicher passt.</translation>
         <source>Preview</source>
         <translation>Vorschau</translation>
     </message>
+    <message>
+        <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
+        <translation>Seite mit %1 x %2 Pixeln, gezeigt mit %3 x %4.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_frame</name>

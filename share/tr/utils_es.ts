@@ -179,6 +179,10 @@ para que la imagen quepa en la memoria del equipo.</translation>
         <source>Preview</source>
         <translation>Vista previa</translation>
     </message>
+    <message>
+        <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
+        <translation>Página de %1 x %2 píxeles, mostrada a %3 x %4.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_frame</name>

@@ -179,6 +179,10 @@ pour que l&apos;image tienne dans la mémoire de l&apos;ordinateur.</translation
         <source>Preview</source>
         <translation>Aperçu</translation>
     </message>
+    <message>
+        <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
+        <translation>Page de %1 x %2 pixels, affichée à %3 x %4.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_frame</name>

@@ -179,6 +179,10 @@ to fit the image in computer&apos;s memory.</source>
         <source>Preview</source>
         <translation>プレビュー</translation>
     </message>
+    <message>
+        <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
+        <translation>%1 x %2 ピクセルのページを %3 x %4 で表示しています。</translation>
+    </message>
 </context>
 <context>
     <name>dialog_frame</name>

@@ -179,6 +179,10 @@ aby obraz zmieścił się w pamięci komputera.</translation>
         <source>Preview</source>
         <translation>Podgląd</translation>
     </message>
+    <message>
+        <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
+        <translation>Strona o wymiarach %1 x %2 pikseli, pokazana jako %3 x %4.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_frame</name>

@@ -184,6 +184,40 @@ private slots:
         QCOMPARE(fixture.view.selection(), QRect(QPoint(10, 15), QPoint(29, 39)));
     }
 
+    void aPointMeansTheNearestPixelAtEnlargements_data()
+    {
+        QTest::addColumn<int>("zoomIndex");
+        QTest::addColumn<QPoint>("position");
+        QTest::addColumn<QPoint>("pixel");
+
+        QTest::newRow("8:1") << 0 << QPoint(3, 4) << QPoint(0, 1); // 0.375 and 0.5
+        QTest::newRow("8:1, further in") << 0 << QPoint(20, 19) << QPoint(3, 2); // 2.5 and 2.375
+        QTest::newRow("4:1") << 1 << QPoint(1, 2) << QPoint(0, 1); // 0.25 and 0.5
+        QTest::newRow("2:1") << 2 << QPoint(1, 2) << QPoint(1, 1); // 0.5 and 1
+        QTest::newRow("1:1") << 3 << QPoint(17, 23) << QPoint(17, 23);
+        QTest::newRow("1:2") << 4 << QPoint(17, 23) << QPoint(34, 46);
+        QTest::newRow("1:4") << 5 << QPoint(17, 23) << QPoint(68, 92);
+        QTest::newRow("1:8") << 6 << QPoint(17, 9) << QPoint(136, 72);
+        QTest::newRow("1:16") << 7 << QPoint(12, 9) << QPoint(192, 144);
+        // Of 201 columns the last has a screen pixel of its own, of 150 lines the one before the last.
+        QTest::newRow("last pixel at 1:2") << 4 << QPoint(100, 74) << QPoint(200, 148);
+    }
+
+    void aPointMeansTheNearestPixelAtEnlargements()
+    {
+        QFETCH(const int, zoomIndex);
+        QFETCH(const QPoint, position);
+        QFETCH(const QPoint, pixel);
+        ViewFixture fixture(QSize(201, 150));
+        QVERIFY(fixture.view.setZoomIndex(zoomIndex));
+        QSignalSpy statusChanged(&fixture.view, &ImageView::statusChanged);
+
+        fixture.move(position);
+
+        QCOMPARE(statusChanged.count(), 1);
+        QCOMPARE(statusChanged.at(0).at(0).toString(), u"[201x150] (%1,%2)"_s.arg(pixel.x()).arg(pixel.y()));
+    }
+
     void aMoveTellsTheStatus()
     {
         ViewFixture fixture(QSize(200, 150));
