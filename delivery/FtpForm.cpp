@@ -3,14 +3,12 @@
 #include "file_dialogs.h"
 #include "help_launcher.h"
 #include "network_protocols.h"
-#include "page_refusal.h"
+#include "page_file.h"
 #include "plain_box.h"
-#include "target_file.h"
 #include "ui_FtpForm.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QMessageBox>
 #include <QPointer>
 #include <QRegularExpressionValidator>
@@ -19,26 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The pointer tells that the user has to wait.
-class WaitCursor
-{
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(WaitCursor)
-};
-
-bool write_image(const QImage &image, const QString &path, const QString &format)
-{
-    if (image.isNull() || !page_refusal(image, format).isEmpty())
-        return false;
-    const WaitCursor wait;
-    const QImage writable = without_bad_texts(image, format);
-    const TargetOutcome outcome =
-        write_target(path, [&](TargetFile &file) { return QImageWriter(&file, format.toLatin1()).write(writable); });
-    return outcome.step == TargetOutcome::Done;
-}
 
 bool is_anonymous(const QString &user)
 {
@@ -114,7 +92,7 @@ void FtpForm::onSaveAs()
         return;
     }
     qDebug("FtpForm::onSaveAs() - save");
-    if (write_image(*image, path, format))
+    if (write_page_file(*image, path, format))
         takeFile(path);
     else
         refuseFile(path);

@@ -109,6 +109,8 @@ public slots:
     void image_crop();
     void image_properties();
 
+    /// Mails the file of the current document, see MailForm.
+    void send();
     /// Uploads the first page, whatever page is on show, see FtpForm.
     void upload_ftp();
 

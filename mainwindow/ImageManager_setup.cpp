@@ -272,6 +272,7 @@ void ImageManager::connectActions()
     for (const EditCommand &command : EditCommands)
         connect(actions.value(command.name), &QAction::triggered, this, command.slot);
     connect(actions.value("image_properties"_L1), &QAction::triggered, this, &ImageManager::image_properties);
+    connect(actions.value("tool_send"_L1), &QAction::triggered, this, &ImageManager::send);
     connect(actions.value("tool_upload"_L1), &QAction::triggered, this, &ImageManager::upload_ftp);
     connect(actions.value("file_exit"_L1), &QAction::triggered, this, &QWidget::close);
     connect(actions.value("view_labels"_L1), &QAction::toggled, this, &ImageManager::view_show_labels);
