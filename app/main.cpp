@@ -6,6 +6,7 @@
 #include "failed_writes.h"
 #include "ImageManager.h"
 #include "QtSingleApplication.h"
+#include "settings_files.h"
 #include "StartFailureReport.h"
 #include "tiff_diagnostics.h"
 #include "translations.h"
@@ -48,6 +49,7 @@ int run(int argc, char **argv)
 
     if (find_installation(argv[0]) != 0)
         (void)std::puts("WARNING: configuration file not found");
+    avoid_odd_settings_files();
     load_translations(Catalogues.data());
 
     ImageManager window;

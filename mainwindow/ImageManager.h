@@ -185,9 +185,19 @@ private:
     void closeCurrentTab();
     void closeTab(ImageDocumentView *view);
     void closeAllTabs();
+    /// What became of a file.
+    enum class LoadOutcome {
+        Failed,
+        Done, ///< it has a tab, or was copied instead
+        CopyFailed, ///< it was to be copied instead, and is the only one still
+        CopiedOntoItself,
+    };
+
+    [[nodiscard]] static bool isOpened(LoadOutcome outcome);
     [[nodiscard]] bool openFiles(const QStringList &args);
     void offerToSaveRefused(ImageDocumentView *view);
-    bool reportFailedLoad(ImageDocument *document, const QString &name);
+    [[nodiscard]] LoadOutcome openFile(const QString &path, const QString &format, bool temporary);
+    [[nodiscard]] LoadOutcome reportFailedLoad(ImageDocument *document, const QString &name);
     [[nodiscard]] bool askToSaveInstead();
 
     bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);

@@ -22,6 +22,13 @@ const QString untitledBase = u"Untitled"_s;
 const QString tiffWord = u"TIFF"_s;
 const QString multipageTiffWord = u"MTIFF"_s;
 
+/// What a document says of its failed save. The words for TIFF are fixed, and do not tell the reason.
+QString words_of_failure(const ImageDocument &document)
+{
+    const bool isTold = document.lastErrorReason.isEmpty() || document.lastErrorReason == document.lastError;
+    return isTold ? document.lastError : document.lastError + u'\n' + document.lastErrorReason;
+}
+
 } // namespace
 
 void ImageManager::file_new()
@@ -48,7 +55,7 @@ bool ImageManager::save_file(ImageDocument *doc, const QString &filePath, const 
     }
     if (!saved)
         (void)show_plain_box(QMessageBox::Warning, this, tr("Save failed"),
-                             tr("Error saving image: %1").arg(doc->lastError), QMessageBox::Ok);
+                             tr("Error saving image: %1").arg(words_of_failure(*doc)), QMessageBox::Ok);
     return saved;
 }
 

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QTabWidget>
 
@@ -47,6 +48,11 @@ void ImageManager::processArgs(const QStringList &args, const QStringList &early
         std::exit(0);
 }
 
+bool ImageManager::isOpened(LoadOutcome outcome)
+{
+    return outcome == LoadOutcome::Done || outcome == LoadOutcome::CopiedOntoItself;
+}
+
 /// Opens the files of an argument list one after the other. Once the window is closed the process is about to end:
 /// those that are left stay where they are, temporary ones too. False if none opened.
 bool ImageManager::openFiles(const QStringList &args)
@@ -59,8 +65,10 @@ bool ImageManager::openFiles(const QStringList &args)
         const bool temporary = path == "-t"_L1 && i + 1 < args.size();
         if (temporary)
             path = args.at(++i);
-        anyOpened = load_file(path, QString(), temporary) || anyOpened;
-        if (temporary)
+        const LoadOutcome outcome = openFile(path, QString(), temporary);
+        anyOpened = isOpened(outcome) || anyOpened;
+        // Where there is no other copy of what is in it, the file stays.
+        if (temporary && outcome != LoadOutcome::CopyFailed && outcome != LoadOutcome::CopiedOntoItself)
             QFile::remove(path);
     }
     return anyOpened;
@@ -82,6 +90,11 @@ void ImageManager::processMessage(const QString &msg)
 
 bool ImageManager::load_file(const QString &path, const QString &format, bool temporary)
 {
+    return isOpened(openFile(path, format, temporary));
+}
+
+ImageManager::LoadOutcome ImageManager::openFile(const QString &path, const QString &format, bool temporary)
+{
     const QString name = next_untitled_name();
     auto document = std::make_unique<ImageDocument>(path, format);
     if (document->isEmpty())
@@ -93,28 +106,30 @@ bool ImageManager::load_file(const QString &path, const QString &format, bool te
         document->setFileName(name);
         document->imgFormat_ = u"BMP"_s;
     }
-    return addDocumentTab(document.release());
+    return addDocumentTab(document.release()) ? LoadOutcome::Done : LoadOutcome::Failed;
 }
 
-// Tells the user why a file has no pages. The answer is whether a byte copy of it was saved instead.
-bool ImageManager::reportFailedLoad(ImageDocument *document, const QString &name)
+// Tells the user why a file has no pages, and saves a byte copy of it instead if that is wanted.
+ImageManager::LoadOutcome ImageManager::reportFailedLoad(ImageDocument *document, const QString &name)
 {
     if (document->loadStatus != ImageDocument::LoadTooBig) {
         QMessageBox::warning(this, tr("Load failed"), tr("Error loading file"), QMessageBox::Ok);
-        return false;
+        return LoadOutcome::Failed;
     }
     if (!askToSaveInstead() || closed)
-        return false;
+        return LoadOutcome::Failed;
 
     QString format = u"ppm"_s;
     QString path = QDir(u"."_s).filePath(name);
     qDebug("save_file_name: %s", path.toLocal8Bit().constData());
     if (!save_file_dialog(path, format, this, "ppm")) {
         qWarning("ImageManager::file_save_as - dialog canceled or failed");
-        return false;
+        return LoadOutcome::Failed;
     }
     qDebug("save_file_name %s", path.toLocal8Bit().constData());
-    return save_file(document, path, format);
+    if (!save_file(document, path, format))
+        return LoadOutcome::CopyFailed;
+    return QFileInfo(path) == document->fileInfo ? LoadOutcome::CopiedOntoItself : LoadOutcome::Done;
 }
 
 bool ImageManager::askToSaveInstead()

@@ -222,6 +222,47 @@ private slots:
         QCOMPARE(fixture.tabs()->count(), 0);
     }
 
+    void temporaryFileStaysWhereItsCopyFailed()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
+        const NextBox question = answerNextBox(QMessageBox::Yes);
+        const NextFileDialog dialog([](QFileDialog &chooser) { NextFileDialog::accept(chooser, u"/dev/full"_s); });
+        const NextBox replace = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answerNextBox(QMessageBox::Ok);
+
+        fixture.window.processArgs({u"program"_s, u"-t"_s, path, fixture.file(u"a.png"_s)});
+
+        QCOMPARE(box.title(), u"Save failed"_s);
+        QCOMPARE(box.text(), u"Error saving image: Can not open file for write: \nThis is no plain file."_s);
+        QCOMPARE(QFileInfo(path).size(), LoadLimit + 1);
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+    }
+
+    void temporaryFileThatWasCopiedOntoItselfStays()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
+        const NextBox question = answerNextBox(QMessageBox::Yes);
+        const NextFileDialog dialog([&path](QFileDialog &chooser) { NextFileDialog::accept(chooser, path); });
+        const NextBox replace = answerNextBox(QMessageBox::Yes);
+
+        fixture.window.processArgs({u"program"_s, u"-t"_s, path});
+
+        QCOMPARE(QFileInfo(path).size(), LoadLimit + 1);
+    }
+
+    void temporaryFileGoesWhereNoCopyIsWanted()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
+        const NextBox question = answerNextBox(QMessageBox::No);
+
+        fixture.window.processArgs({u"program"_s, u"-t"_s, path, fixture.file(u"a.png"_s)});
+
+        QVERIFY(!QFile::exists(path));
+    }
+
     void cancellingTheDialogOfTheCopyGivesFalse()
     {
         WindowFixture fixture;

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 /// From the command line to the tabs, and to the exit status where nothing opens.
@@ -21,6 +23,7 @@ private slots:
     void sameFileTwiceGivesTwoTabs();
     void utf8NamesOpen();
     void relativePathOpensAndCountsAsNeverSaved();
+    void pipeInPlaceOfTheSettingsStopsNoStart();
 
     void onlyBadFilesGiveABoxEachAndStatus0();
     void badFirstFileKeepsTheProgramUpIfALaterOneOpens();
@@ -127,6 +130,21 @@ void tst_startup::relativePathOpensAndCountsAsNeverSaved()
     QVERIFY(program.open({u"./a.png"_s}));
 
     QTRY_COMPARE(program.tabTitles(), QStringList(u"a.png*"_s));
+}
+
+void tst_startup::pipeInPlaceOfTheSettingsStopsNoStart()
+{
+    const Place place;
+    const QDir home(place.home());
+    QVERIFY(home.mkpath(u".config/Unknown Organization"_s));
+    const QString pipe = home.filePath(u".config/Unknown Organization/imagemanager.conf"_s);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ImageManagerProgram program(place);
+
+    QVERIFY(program.open({place.page(u"a.png"_s)}));
+
+    QCOMPARE(program.tabTitles(), QStringList{u"a.png"_s});
+    QCOMPARE(program.close(), 0);
 }
 
 void tst_startup::onlyBadFilesGiveABoxEachAndStatus0()
