@@ -27,6 +27,9 @@ public:
     /// Absolute path of what is named or marked; empty when the name field is empty and no row marked.
     [[nodiscard]] QString selectedFile() const;
 
+    /// Proposes a file name as it stands, without a directory; no row is marked then.
+    void showName(const QString &name);
+
 public slots:
     /// Replaces the last suffix of the name by the first one of the filter's format, or tells that the
     /// name would become too long. A directory before the name is dropped; an empty name stays empty. What is
@@ -42,7 +45,6 @@ protected:
 
 private:
     void listFilesOf(const QString &filter);
-    void showName(const QString &name);
 
     int maxNameLength = 255; ///< of a file name with its suffix, in characters
     QMap<QString, ImageFormat> filterFormats; ///< by filter text

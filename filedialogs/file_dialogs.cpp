@@ -82,7 +82,10 @@ void set_up_for_saving(ImageFileDialog &dialog, const QString &title, const QLis
     propose_name(dialog, filePath);
     // So that the proposed name fits the proposed format from the first moment. That of a TIFF fits with any of the
     // format's suffixes, and keeps the one that its program gave it.
-    if (!is_tiff_word(format) || !is_tiff_word(QFileInfo(filePath).suffix()))
+    const QFileInfo file(filePath);
+    if (is_tiff_word(format) && is_tiff_word(file.suffix()))
+        dialog.showName(file.fileName());
+    else
         dialog.OnFilterSelected(dialog.selectedNameFilter());
 }
 

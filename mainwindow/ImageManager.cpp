@@ -84,7 +84,11 @@ void ImageManager::updateTabTitle(ImageDocumentView *view, bool modified)
     QString title = view->document()->fileName();
     if (modified)
         title += '*'_L1;
-    tabWidget->setTabText(tabWidget->indexOf(view), tab_text(title));
+    const int tab = tabWidget->indexOf(view);
+    tabWidget->setTabText(tab, tab_text(title));
+    const ImageDocument *const document = view->document();
+    tabWidget->setTabToolTip(tab,
+                             document->hasKeptPages() ? tr("Page 1 of %1").arg(document->pictureCount()) : QString());
 }
 
 void ImageManager::documentModifiedStateChanged(bool modified)

@@ -201,6 +201,8 @@ private:
     [[nodiscard]] bool askToSaveInstead();
 
     bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);
+    bool saveTab(const CommandTab &tab, const SaveTarget &target, bool replaces);
+    [[nodiscard]] bool confirmLoss(const ImageDocument &document);
     void saveMerged(const QString &path);
     void saveEach(const SaveTargets &targets);
     void saveInWalk(const CommandTab &tab, const SaveTarget &target);

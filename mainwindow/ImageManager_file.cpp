@@ -4,6 +4,7 @@
 #include "FrontTabScope.h"
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
+#include "ImageFormat.h"
 #include "ImageManager.h"
 #include "plain_box.h"
 
@@ -59,16 +60,40 @@ bool ImageManager::save_file(ImageDocument *doc, const QString &filePath, const 
     return saved;
 }
 
+/// Saves a tab's document, and asks first if pictures would be lost that are not open.
+/// @param replaces  a replace question was just answered, and no second one comes
+bool ImageManager::saveTab(const CommandTab &tab, const SaveTarget &target, bool replaces)
+{
+    if (tab.document()->wouldLosePictures(target.path, target.format)) {
+        if (!replaces && (!confirmLoss(*tab.document()) || !tab))
+            return false;
+        if (is_tiff_word(target.format)) // under another word they are not lost but stay where they are
+            tab.document()->forgetKeptPages();
+    }
+    return save_file(tab.document(), target.path, target.format);
+}
+
+bool ImageManager::confirmLoss(const ImageDocument &document)
+{
+    const FrontTabScope front(tabWidget);
+    const QString question = tr("%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. "
+                                "Save?")
+                                 .arg(document.pictureFileName(), QString::number(document.pictureCount()));
+    return show_plain_box(QMessageBox::Warning, this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No,
+                          QMessageBox::No)
+        == QMessageBox::Yes;
+}
+
 bool ImageManager::file_save()
 {
-    ImageDocument *const document = currentDocument();
-    if (!document || document->isEmpty()) {
+    const CommandTab tab(currentView());
+    if (!tab || tab.document()->isEmpty()) {
         qWarning("ImageManager::file_save - nothing to save!");
         return true;
     }
-    if (!document->hasFile())
+    if (!tab.document()->hasFile())
         return file_save_as();
-    return save_file(document, document->filePath(), document->imgFormat());
+    return saveTab(tab, {.path = tab.document()->filePath(), .format = tab.document()->imgFormat()}, false);
 }
 
 bool ImageManager::file_save_as()
@@ -84,7 +109,7 @@ bool ImageManager::file_save_as()
         qWarning("ImageManager::file_save_as - dialog canceled or failed");
         return false;
     }
-    return tab && save_file(tab.document(), path, format);
+    return tab && saveTab(tab, {.path = path, .format = format}, QFileInfo::exists(path));
 }
 
 void ImageManager::file_save_all()
@@ -132,7 +157,7 @@ void ImageManager::saveInWalk(const CommandTab &tab, const SaveTarget &target)
         if (tab)
             file_save(); // asks for a name where there is none
     } else if (tab) {
-        save_file(tab.document(), target.path, target.format);
+        saveTab(tab, target, file.exists());
     }
 }
 
@@ -146,15 +171,26 @@ bool ImageManager::confirmReplace(const QString &fileName)
         == QMessageBox::Yes;
 }
 
-/// Saves the pages of all tabs into one file; the tabs keep their names and marks.
+/// Saves the pages of all tabs into one file, those that are not open behind those that are; the tabs keep their
+/// names and marks.
 void ImageManager::saveMerged(const QString &path)
 {
     ImageDocument merged{QString(), QString()};
-    const QList<ImageDocument *> documents = openDocuments();
-    for (const ImageDocument *const document : documents)
-        for (uint page = 1; page <= document->pageCount(); ++page)
-            (void)merged.addPage(document->page(page)); // a stored page is never null
-    save_file(&merged, path, tiffWord);
+    const bool replaces = QFileInfo::exists(path);
+    QList<CommandTab> tabs;
+    for (int i = 0; i < tabWidget->count(); ++i)
+        tabs.append(CommandTab(viewAt(i)));
+    for (const CommandTab &tab : std::as_const(tabs)) {
+        if (!tab)
+            continue; // closed during a question
+        const ImageDocument &document = *tab.document();
+        for (uint page = 1; page <= document.pageCount(); ++page)
+            (void)merged.addPage(document.page(page)); // a stored page is never null
+        if (!merged.keepPagesOf(document) && !replaces && !confirmLoss(document))
+            return;
+    }
+    if (!closed)
+        save_file(&merged, path, tiffWord);
 }
 
 QList<ImageDocument *> ImageManager::openDocuments() const
