@@ -744,5 +744,13 @@ Möchten Sie es speichern?</translation>
         <source>More commands</source>
         <translation>Weitere Befehle</translation>
     </message>
+    <message>
+        <source>Page 1 of %1</source>
+        <translation>Seite 1 von %1</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
+        <translation>%1 enthält %2 Bilder, von denen nicht alle geöffnet sind. Was nicht geöffnet ist, kann nicht erhalten werden. Speichern?</translation>
+    </message>
 </context>
 </TS>

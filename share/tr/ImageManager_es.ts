@@ -744,5 +744,13 @@ No hay memoria suficiente para cargar el mapa de bits
         <source>More commands</source>
         <translation>Más comandos</translation>
     </message>
+    <message>
+        <source>Page 1 of %1</source>
+        <translation>Página 1 de %1</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
+        <translation>%1 contiene %2 imágenes y no todas están abiertas. Lo que no está abierto no se puede conservar. ¿Guardar?</translation>
+    </message>
 </context>
 </TS>

@@ -744,5 +744,13 @@ Voulez-vous l&apos;enregistrer&#xa0;?</translation>
         <source>More commands</source>
         <translation>Autres commandes</translation>
     </message>
+    <message>
+        <source>Page 1 of %1</source>
+        <translation>Page 1 sur %1</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
+        <translation>%1 contient %2 images, qui ne sont pas toutes ouvertes. Ce qui n&apos;est pas ouvert ne peut pas être conservé. Enregistrer&#xa0;?</translation>
+    </message>
 </context>
 </TS>

@@ -744,5 +744,13 @@ Do you want to save it?</source>
         <source>More commands</source>
         <translation>その他のコマンド</translation>
     </message>
+    <message>
+        <source>Page 1 of %1</source>
+        <translation>ページ 1 / %1</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
+        <translation>%1 には %2 枚の画像が含まれていますが、すべてが開かれているわけではありません。開かれていないものは残せません。保存しますか?</translation>
+    </message>
 </context>
 </TS>

@@ -744,5 +744,13 @@ Czy chcesz go zapisać?</translation>
         <source>More commands</source>
         <translation>Więcej poleceń</translation>
     </message>
+    <message>
+        <source>Page 1 of %1</source>
+        <translation>Strona 1 z %1</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
+        <translation>Plik %1 zawiera więcej obrazów (%2) i nie wszystkie są otwarte. To, co nie jest otwarte, nie może zostać zachowane. Zapisać?</translation>
+    </message>
 </context>
 </TS>

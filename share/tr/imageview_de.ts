@@ -17,6 +17,10 @@
         <translation>Die Datei kann nicht zum Schreiben geöffnet werden: 
 %1</translation>
     </message>
+    <message>
+        <source>The pages that are not open cannot be kept.</source>
+        <translation>Die Seiten, die nicht geöffnet sind, können nicht erhalten werden.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

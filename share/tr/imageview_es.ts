@@ -17,6 +17,10 @@
         <translation>No se puede abrir el archivo para escritura: 
 %1</translation>
     </message>
+    <message>
+        <source>The pages that are not open cannot be kept.</source>
+        <translation>Las páginas que no están abiertas no se pueden conservar.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

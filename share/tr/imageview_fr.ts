@@ -17,6 +17,10 @@
         <translation>Impossible d&apos;ouvrir le fichier en écriture&#xa0;: 
 %1</translation>
     </message>
+    <message>
+        <source>The pages that are not open cannot be kept.</source>
+        <translation>Les pages qui ne sont pas ouvertes ne peuvent pas être conservées.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

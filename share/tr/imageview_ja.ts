@@ -17,6 +17,10 @@
         <translation>ファイルを書き込み用に開けません: 
 %1</translation>
     </message>
+    <message>
+        <source>The pages that are not open cannot be kept.</source>
+        <translation>開かれていないページは残せません。</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

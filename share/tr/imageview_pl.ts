@@ -17,6 +17,10 @@
         <translation>Nie można otworzyć pliku do zapisu: 
 %1</translation>
     </message>
+    <message>
+        <source>The pages that are not open cannot be kept.</source>
+        <translation>Stron, które nie są otwarte, nie można zachować.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>
