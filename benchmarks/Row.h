@@ -83,5 +83,8 @@ struct Row
 /// Starts that find the program running, and what a first start reads.
 [[nodiscard]] QList<Row> start_rows();
 
+/// Uploads by FTP.
+[[nodiscard]] QList<Row> ftp_rows();
+
 /// The rows of all groups, by number. A new group is declared above and added to its list.
 [[nodiscard]] QList<Row> all_rows();
