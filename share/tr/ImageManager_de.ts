@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FtpForm</name>
+    <message>
+        <source>Upload Image by FTP</source>
+        <translation>Bild per FTP hochladen</translation>
+    </message>
+    <message>
+        <source>Remote Host:</source>
+        <translation>Entfernter Rechner:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Remote Path:</source>
+        <translation>Entfernter Pfad:</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>Benutzername:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Passwort:</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter ...</translation>
+    </message>
+    <message>
+        <source>&amp;Upload</source>
+        <translation>&amp;Hochladen</translation>
+    </message>
+    <message>
+        <source>Delete after Upload</source>
+        <translation>Nach dem Hochladen löschen</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Keine Übertragung im Gange</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>ERROR</source>
+        <translation>FEHLER</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>Lesen: %1</translation>
+    </message>
+    <message>
+        <source>Write: %1</source>
+        <translation>Schreiben: %1</translation>
+    </message>
+</context>
+<context>
     <name>Global String Table</name>
     <message>
         <source>New</source>

@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>FtpForm</name>
+    <message>
+        <source>Upload Image by FTP</source>
+        <translation>Subir imagen por FTP</translation>
+    </message>
+    <message>
+        <source>Remote Host:</source>
+        <translation>Servidor remoto:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Puerto:</translation>
+    </message>
+    <message>
+        <source>Remote Path:</source>
+        <translation>Ruta remota:</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>Usuario:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Contraseña:</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Guardar como...</translation>
+    </message>
+    <message>
+        <source>&amp;Upload</source>
+        <translation>&amp;Subir</translation>
+    </message>
+    <message>
+        <source>Delete after Upload</source>
+        <translation>Borrar después de subir</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Ninguna operación en curso</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>ERROR</source>
+        <translation>ERROR</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>Leer: %1</translation>
+    </message>
+    <message>
+        <source>Write: %1</source>
+        <translation>Escribir: %1</translation>
+    </message>
+</context>
+<context>
     <name>Global String Table</name>
     <message>
         <source>New</source>

@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>FtpForm</name>
+    <message>
+        <source>Upload Image by FTP</source>
+        <translation>Envoyer l’image par FTP</translation>
+    </message>
+    <message>
+        <source>Remote Host:</source>
+        <translation>Hôte distant :</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port :</translation>
+    </message>
+    <message>
+        <source>Remote Path:</source>
+        <translation>Chemin distant :</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>Nom d’utilisateur :</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Mot de passe :</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Enregistrer sous...</translation>
+    </message>
+    <message>
+        <source>&amp;Upload</source>
+        <translation>&amp;Envoyer</translation>
+    </message>
+    <message>
+        <source>Delete after Upload</source>
+        <translation>Supprimer après l’envoi</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Aucune opération en cours</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>ERROR</source>
+        <translation>ERREUR</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>Lecture : %1</translation>
+    </message>
+    <message>
+        <source>Write: %1</source>
+        <translation>Écriture : %1</translation>
+    </message>
+</context>
+<context>
     <name>Global String Table</name>
     <message>
         <source>New</source>

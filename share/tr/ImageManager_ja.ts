@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>FtpForm</name>
+    <message>
+        <source>Upload Image by FTP</source>
+        <translation>FTP で画像をアップロード</translation>
+    </message>
+    <message>
+        <source>Remote Host:</source>
+        <translation>リモートホスト:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>ポート:</translation>
+    </message>
+    <message>
+        <source>Remote Path:</source>
+        <translation>リモートパス:</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>ユーザー名:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>パスワード:</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>名前を付けて保存...</translation>
+    </message>
+    <message>
+        <source>&amp;Upload</source>
+        <translation>アップロード(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Delete after Upload</source>
+        <translation>アップロード後に削除</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>実行中の操作はありません</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>ERROR</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>読み込み: %1</translation>
+    </message>
+    <message>
+        <source>Write: %1</source>
+        <translation>書き込み: %1</translation>
+    </message>
+</context>
+<context>
     <name>Global String Table</name>
     <message>
         <source>New</source>

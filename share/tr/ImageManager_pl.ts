@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl" sourcelanguage="en">
 <context>
+    <name>FtpForm</name>
+    <message>
+        <source>Upload Image by FTP</source>
+        <translation>Wysyłanie obrazu przez FTP</translation>
+    </message>
+    <message>
+        <source>Remote Host:</source>
+        <translation>Zdalny host:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Remote Path:</source>
+        <translation>Zdalna ścieżka:</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>Nazwa użytkownika:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Hasło:</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Zapisz jako...</translation>
+    </message>
+    <message>
+        <source>&amp;Upload</source>
+        <translation>&amp;Wyślij</translation>
+    </message>
+    <message>
+        <source>Delete after Upload</source>
+        <translation>Usuń po wysłaniu</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Postęp</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Brak operacji w toku</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Pomoc</translation>
+    </message>
+    <message>
+        <source>ERROR</source>
+        <translation>BŁĄD</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>Odczyt: %1</translation>
+    </message>
+    <message>
+        <source>Write: %1</source>
+        <translation>Zapis: %1</translation>
+    </message>
+</context>
+<context>
     <name>Global String Table</name>
     <message>
         <source>New</source>

@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FtpMachine</name>
+    <message>
+        <source>Invalid character in name</source>
+        <translation>Ungültiges Zeichen im Namen</translation>
+    </message>
+    <message>
+        <source>Host %1 not found</source>
+        <translation>Rechner %1 nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Connection refused to host %1</source>
+        <translation>Der Rechner %1 verweigert die Verbindung</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Verbindung mit %1 beendet</translation>
+    </message>
+    <message>
+        <source>The local file has changed</source>
+        <translation>Die lokale Datei hat sich geändert</translation>
+    </message>
+    <message>
+        <source>Connecting to host failed:
+%1</source>
+        <translation>Verbindung mit dem Rechner gescheitert:
+%1</translation>
+    </message>
+    <message>
+        <source>Login failed:
+%1</source>
+        <translation>Anmeldung gescheitert:
+%1</translation>
+    </message>
+    <message>
+        <source>Uploading file failed:
+%1</source>
+        <translation>Hochladen der Datei gescheitert:
+%1</translation>
+    </message>
+    <message>
+        <source>Connection refused for data connection</source>
+        <translation>Datenverbindung verweigert</translation>
+    </message>
+    <message>
+        <source>Data connection closed</source>
+        <translation>Datenverbindung beendet</translation>
+    </message>
+</context>
+<context>
     <name>ImagePropertiesDialog</name>
     <message>
         <source>Image Properties</source>
@@ -123,6 +172,13 @@
     </message>
 </context>
 <context>
+    <name>Q3UrlOperator</name>
+    <message>
+        <source>The protocol `%1&apos; is not supported</source>
+        <translation>Das Protokoll „%1“ wird nicht unterstützt</translation>
+    </message>
+</context>
+<context>
     <name>ResizeDialog</name>
     <message>
         <source>Resize</source>
@@ -182,6 +238,33 @@ damit das Bild in den Arbeitsspeicher passt.</translation>
     <message>
         <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
         <translation>Seite mit %1 x %2 Pixeln, gezeigt mit %3 x %4.</translation>
+    </message>
+</context>
+<context>
+    <name>UrlCopy</name>
+    <message>
+        <source>Could not open
+%1</source>
+        <translation>Öffnen gescheitert:
+%1</translation>
+    </message>
+    <message>
+        <source>Host %1 found</source>
+        <translation>Rechner %1 gefunden</translation>
+    </message>
+    <message>
+        <source>Connected to host %1</source>
+        <translation>Verbunden mit %1</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Verbindung mit %1 beendet</translation>
+    </message>
+    <message>
+        <source>Could not remove file or directory
+%1</source>
+        <translation>Entfernen der Datei oder des Ordners gescheitert:
+%1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>FtpMachine</name>
+    <message>
+        <source>Invalid character in name</source>
+        <translation>Carácter no válido en el nombre</translation>
+    </message>
+    <message>
+        <source>Host %1 not found</source>
+        <translation>No se encontró el servidor %1</translation>
+    </message>
+    <message>
+        <source>Connection refused to host %1</source>
+        <translation>El servidor %1 rechazó la conexión</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Conexión con %1 cerrada</translation>
+    </message>
+    <message>
+        <source>The local file has changed</source>
+        <translation>El archivo local ha cambiado</translation>
+    </message>
+    <message>
+        <source>Connecting to host failed:
+%1</source>
+        <translation>Error al conectar con el servidor:
+%1</translation>
+    </message>
+    <message>
+        <source>Login failed:
+%1</source>
+        <translation>Error al iniciar sesión:
+%1</translation>
+    </message>
+    <message>
+        <source>Uploading file failed:
+%1</source>
+        <translation>Error al subir el archivo:
+%1</translation>
+    </message>
+    <message>
+        <source>Connection refused for data connection</source>
+        <translation>Conexión de datos rechazada</translation>
+    </message>
+    <message>
+        <source>Data connection closed</source>
+        <translation>Conexión de datos cerrada</translation>
+    </message>
+</context>
+<context>
     <name>ImagePropertiesDialog</name>
     <message>
         <source>Image Properties</source>
@@ -123,6 +172,13 @@
     </message>
 </context>
 <context>
+    <name>Q3UrlOperator</name>
+    <message>
+        <source>The protocol `%1&apos; is not supported</source>
+        <translation>No se admite el protocolo «%1»</translation>
+    </message>
+</context>
+<context>
     <name>ResizeDialog</name>
     <message>
         <source>Resize</source>
@@ -182,6 +238,33 @@ para que la imagen quepa en la memoria del equipo.</translation>
     <message>
         <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
         <translation>Página de %1 x %2 píxeles, mostrada a %3 x %4.</translation>
+    </message>
+</context>
+<context>
+    <name>UrlCopy</name>
+    <message>
+        <source>Could not open
+%1</source>
+        <translation>No se pudo abrir
+%1</translation>
+    </message>
+    <message>
+        <source>Host %1 found</source>
+        <translation>Servidor %1 encontrado</translation>
+    </message>
+    <message>
+        <source>Connected to host %1</source>
+        <translation>Conectado al servidor %1</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Conexión con %1 cerrada</translation>
+    </message>
+    <message>
+        <source>Could not remove file or directory
+%1</source>
+        <translation>No se pudo eliminar el archivo o la carpeta
+%1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>FtpMachine</name>
+    <message>
+        <source>Invalid character in name</source>
+        <translation>Caractère non valide dans le nom</translation>
+    </message>
+    <message>
+        <source>Host %1 not found</source>
+        <translation>Hôte %1 introuvable</translation>
+    </message>
+    <message>
+        <source>Connection refused to host %1</source>
+        <translation>Connexion refusée par l’hôte %1</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Connexion à %1 fermée</translation>
+    </message>
+    <message>
+        <source>The local file has changed</source>
+        <translation>Le fichier local a changé</translation>
+    </message>
+    <message>
+        <source>Connecting to host failed:
+%1</source>
+        <translation>Échec de la connexion à l’hôte :
+%1</translation>
+    </message>
+    <message>
+        <source>Login failed:
+%1</source>
+        <translation>Échec de l’identification :
+%1</translation>
+    </message>
+    <message>
+        <source>Uploading file failed:
+%1</source>
+        <translation>Échec de l’envoi du fichier :
+%1</translation>
+    </message>
+    <message>
+        <source>Connection refused for data connection</source>
+        <translation>Connexion de données refusée</translation>
+    </message>
+    <message>
+        <source>Data connection closed</source>
+        <translation>Connexion de données fermée</translation>
+    </message>
+</context>
+<context>
     <name>ImagePropertiesDialog</name>
     <message>
         <source>Image Properties</source>
@@ -123,6 +172,13 @@
     </message>
 </context>
 <context>
+    <name>Q3UrlOperator</name>
+    <message>
+        <source>The protocol `%1&apos; is not supported</source>
+        <translation>Le protocole « %1 » n’est pas pris en charge</translation>
+    </message>
+</context>
+<context>
     <name>ResizeDialog</name>
     <message>
         <source>Resize</source>
@@ -182,6 +238,33 @@ pour que l&apos;image tienne dans la mémoire de l&apos;ordinateur.</translation
     <message>
         <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
         <translation>Page de %1 x %2 pixels, affichée à %3 x %4.</translation>
+    </message>
+</context>
+<context>
+    <name>UrlCopy</name>
+    <message>
+        <source>Could not open
+%1</source>
+        <translation>Impossible d’ouvrir
+%1</translation>
+    </message>
+    <message>
+        <source>Host %1 found</source>
+        <translation>Hôte %1 trouvé</translation>
+    </message>
+    <message>
+        <source>Connected to host %1</source>
+        <translation>Connecté à l’hôte %1</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Connexion à %1 fermée</translation>
+    </message>
+    <message>
+        <source>Could not remove file or directory
+%1</source>
+        <translation>Impossible de supprimer le fichier ou le dossier
+%1</translation>
     </message>
 </context>
 <context>

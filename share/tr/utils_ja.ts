@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>FtpMachine</name>
+    <message>
+        <source>Invalid character in name</source>
+        <translation>名前に使用できない文字があります</translation>
+    </message>
+    <message>
+        <source>Host %1 not found</source>
+        <translation>ホスト %1 が見つかりません</translation>
+    </message>
+    <message>
+        <source>Connection refused to host %1</source>
+        <translation>ホスト %1 への接続が拒否されました</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>%1 への接続が閉じられました</translation>
+    </message>
+    <message>
+        <source>The local file has changed</source>
+        <translation>ローカルファイルが変更されました</translation>
+    </message>
+    <message>
+        <source>Connecting to host failed:
+%1</source>
+        <translation>ホストに接続できませんでした:
+%1</translation>
+    </message>
+    <message>
+        <source>Login failed:
+%1</source>
+        <translation>ログインできませんでした:
+%1</translation>
+    </message>
+    <message>
+        <source>Uploading file failed:
+%1</source>
+        <translation>ファイルをアップロードできませんでした:
+%1</translation>
+    </message>
+    <message>
+        <source>Connection refused for data connection</source>
+        <translation>データ接続が拒否されました</translation>
+    </message>
+    <message>
+        <source>Data connection closed</source>
+        <translation>データ接続が閉じられました</translation>
+    </message>
+</context>
+<context>
     <name>ImagePropertiesDialog</name>
     <message>
         <source>Image Properties</source>
@@ -123,6 +172,13 @@
     </message>
 </context>
 <context>
+    <name>Q3UrlOperator</name>
+    <message>
+        <source>The protocol `%1&apos; is not supported</source>
+        <translation>プロトコル「%1」には対応していません</translation>
+    </message>
+</context>
+<context>
     <name>ResizeDialog</name>
     <message>
         <source>Resize</source>
@@ -182,6 +238,33 @@ to fit the image in computer&apos;s memory.</source>
     <message>
         <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
         <translation>%1 x %2 ピクセルのページを %3 x %4 で表示しています。</translation>
+    </message>
+</context>
+<context>
+    <name>UrlCopy</name>
+    <message>
+        <source>Could not open
+%1</source>
+        <translation>開けませんでした
+%1</translation>
+    </message>
+    <message>
+        <source>Host %1 found</source>
+        <translation>ホスト %1 が見つかりました</translation>
+    </message>
+    <message>
+        <source>Connected to host %1</source>
+        <translation>ホスト %1 に接続しました</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>%1 への接続が閉じられました</translation>
+    </message>
+    <message>
+        <source>Could not remove file or directory
+%1</source>
+        <translation>ファイルまたはフォルダを削除できませんでした
+%1</translation>
     </message>
 </context>
 <context>

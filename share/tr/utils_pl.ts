@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl" sourcelanguage="en">
 <context>
+    <name>FtpMachine</name>
+    <message>
+        <source>Invalid character in name</source>
+        <translation>Niedozwolony znak w nazwie</translation>
+    </message>
+    <message>
+        <source>Host %1 not found</source>
+        <translation>Nie znaleziono hosta %1</translation>
+    </message>
+    <message>
+        <source>Connection refused to host %1</source>
+        <translation>Host %1 odmówił połączenia</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Połączenie z %1 zamknięte</translation>
+    </message>
+    <message>
+        <source>The local file has changed</source>
+        <translation>Plik lokalny się zmienił</translation>
+    </message>
+    <message>
+        <source>Connecting to host failed:
+%1</source>
+        <translation>Nie udało się połączyć z hostem:
+%1</translation>
+    </message>
+    <message>
+        <source>Login failed:
+%1</source>
+        <translation>Nie udało się zalogować:
+%1</translation>
+    </message>
+    <message>
+        <source>Uploading file failed:
+%1</source>
+        <translation>Nie udało się wysłać pliku:
+%1</translation>
+    </message>
+    <message>
+        <source>Connection refused for data connection</source>
+        <translation>Odmówiono połączenia danych</translation>
+    </message>
+    <message>
+        <source>Data connection closed</source>
+        <translation>Połączenie danych zamknięte</translation>
+    </message>
+</context>
+<context>
     <name>ImagePropertiesDialog</name>
     <message>
         <source>Image Properties</source>
@@ -123,6 +172,13 @@
     </message>
 </context>
 <context>
+    <name>Q3UrlOperator</name>
+    <message>
+        <source>The protocol `%1&apos; is not supported</source>
+        <translation>Protokół „%1” nie jest obsługiwany</translation>
+    </message>
+</context>
+<context>
     <name>ResizeDialog</name>
     <message>
         <source>Resize</source>
@@ -182,6 +238,33 @@ aby obraz zmieścił się w pamięci komputera.</translation>
     <message>
         <source>Page of %1 x %2 pixels, shown at %3 x %4.</source>
         <translation>Strona o wymiarach %1 x %2 pikseli, pokazana jako %3 x %4.</translation>
+    </message>
+</context>
+<context>
+    <name>UrlCopy</name>
+    <message>
+        <source>Could not open
+%1</source>
+        <translation>Nie udało się otworzyć
+%1</translation>
+    </message>
+    <message>
+        <source>Host %1 found</source>
+        <translation>Znaleziono host %1</translation>
+    </message>
+    <message>
+        <source>Connected to host %1</source>
+        <translation>Połączono z hostem %1</translation>
+    </message>
+    <message>
+        <source>Connection to %1 closed</source>
+        <translation>Połączenie z %1 zamknięte</translation>
+    </message>
+    <message>
+        <source>Could not remove file or directory
+%1</source>
+        <translation>Nie udało się usunąć pliku lub katalogu
+%1</translation>
     </message>
 </context>
 <context>
