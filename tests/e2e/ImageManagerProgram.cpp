@@ -67,16 +67,21 @@ MessageBox ImageManagerProgram::answer(const QString &button)
     return hasGone ? box : MessageBox();
 }
 
+bool ImageManagerProgram::choose(const QString &menu, const QString &entry)
+{
+    m_desktop.click(application().find(Role::MenuBar).find(Role::MenuItem, menu).extents().center());
+    if (!QTest::qWaitFor([&] { return menuEntry(menu, entry).has(State::Showing); }, Program::patienceMs))
+        return false;
+    m_desktop.click(menuEntry(menu, entry).extents().center());
+    return true;
+}
+
 bool ImageManagerProgram::invert()
 {
     const QString marked = currentTab() + u'*';
-    const auto entry = [this] { return menuEntry(u"Image"_s, u"Invert"_s); };
     const auto button = [this] { return application().find(Role::Dialog, u"Invert"_s).find(Role::Button, u"OK"_s); };
-    m_desktop.click(application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
-    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
-        return false;
-    m_desktop.click(entry().extents().center());
-    return QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
+    return choose(u"Image"_s, u"Invert"_s)
+        && QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
         && QTest::qWaitFor([&] { return currentTab() == marked; }, Program::patienceMs);
 }
 

@@ -55,6 +55,8 @@ public:
     [[nodiscard]] MessageBox answer(const QString &button);
 
     [[nodiscard]] WindowId window() { return m_program.waitForWindow(QStringLiteral("Image Manager")); }
+    /// Opens a menu of the bar and clicks on one of its entries.
+    [[nodiscard]] bool choose(const QString &menu, const QString &entry);
     /// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
     [[nodiscard]] bool invert();
 

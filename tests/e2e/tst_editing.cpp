@@ -44,17 +44,6 @@ QStringList snapshots(const Place &place)
     return QDir(place.home() + u"/tmp"_s).entryList(QDir::Files);
 }
 
-/// Opens a menu of the bar and clicks on one of its entries.
-bool choose(ImageManagerProgram &program, const QString &menuName, const QString &entry)
-{
-    const Accessible menu = program.application().find(Role::MenuBar).find(Role::MenuItem, menuName);
-    program.desktop().click(menu.extents().center());
-    if (!QTest::qWaitFor([&] { return program.menuEntry(menuName, entry).has(State::Showing); }, Program::patienceMs))
-        return false;
-    program.desktop().click(program.menuEntry(menuName, entry).extents().center());
-    return true;
-}
-
 Accessible dialogOf(ImageManagerProgram &program, const QString &title)
 {
     Accessible dialog;
@@ -70,7 +59,7 @@ Accessible dialogOf(ImageManagerProgram &program, const QString &title)
 /// Inverts the page by the menu, and accepts the preview.
 bool invert(ImageManagerProgram &program)
 {
-    return choose(program, u"Image"_s, u"Invert"_s)
+    return program.choose(u"Image"_s, u"Invert"_s)
         && dialogOf(program, u"Invert"_s).find(Role::Button, u"OK"_s).press();
 }
 
@@ -105,7 +94,7 @@ void tst_editing::brightnessIsChosenWithTheSlider()
     ImageManagerProgram program(place);
     QVERIFY(program.open({grey}, roomy));
 
-    QVERIFY(choose(program, u"Image"_s, u"Brightness..."_s));
+    QVERIFY(program.choose(u"Image"_s, u"Brightness..."_s));
     const Accessible dialog = dialogOf(program, u"Brightness"_s);
     QVERIFY2(!dialog.isNull(), qPrintable(program.application().tree()));
     // The slider has the focus when the dialog comes.
@@ -128,7 +117,7 @@ void tst_editing::cancelledDialogChangesNothing()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
-    QVERIFY(choose(program, u"Image"_s, u"Contrast..."_s));
+    QVERIFY(program.choose(u"Image"_s, u"Contrast..."_s));
     const Accessible dialog = dialogOf(program, u"Contrast"_s);
     QVERIFY(!dialog.isNull());
     program.desktop().pressKey("Escape");
@@ -165,7 +154,7 @@ void tst_editing::changedPageIsSavedUnderAnotherName()
     QVERIFY(invert(program));
     QTRY_COMPARE(program.tabTitles(), QStringList{u"a.png*"_s});
 
-    QVERIFY(choose(program, u"File"_s, u"Save As..."_s));
+    QVERIFY(program.choose(u"File"_s, u"Save As..."_s));
     QTRY_VERIFY(!program.application().find(Role::Dialog).find(Role::Text).isNull());
     program.desktop().pressKey("a", {"Control_L"}); // the name field has the focus
     for (const char *const key : {"n", "e", "w", "period", "p", "n", "g"})
@@ -187,7 +176,7 @@ void tst_editing::closingAChangedPageAsks()
     QVERIFY(invert(program));
     QTRY_COMPARE(program.tabTitles(), QStringList{u"a.png*"_s});
 
-    QVERIFY(choose(program, u"File"_s, u"Close"_s));
+    QVERIFY(program.choose(u"File"_s, u"Close"_s));
     const MessageBox box = program.answer(u"Yes"_s);
 
     QCOMPARE(box.text, u"Image 'a.png' has been changed.\nDo you want to save it?"_s);
