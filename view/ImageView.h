@@ -85,6 +85,7 @@ signals:
     void selectionChanged();
 
 protected:
+    bool event(QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     void contentsMousePressEvent(QMouseEvent *event) override;
     void contentsMouseReleaseEvent(QMouseEvent *event) override;
@@ -103,6 +104,8 @@ private:
     [[nodiscard]] bool rubberIsTopMostAt(const QPoint &point) const;
     void hideSelection();
     void stopScrollTimer();
+    void endGesture(const QPoint &contentsPoint);
+    [[nodiscard]] bool isGestureUnderWay() const;
     void startSelection(const QPoint &point);
     bool followPointer(const QPoint &contentsPoint, const QPoint &point);
     bool reshapeSelection(const QPoint &contentsPoint, const QPoint &point);

@@ -66,6 +66,11 @@ void ImageView::startSelection(const QPoint &point)
 
 void ImageView::contentsMouseReleaseEvent(QMouseEvent *event)
 {
+    endGesture(event->position().toPoint());
+}
+
+void ImageView::endGesture(const QPoint &contentsPoint)
+{
     if (m_bFreeHandScrollingOn) {
         setCursor(open_hand_cursor());
         m_bDragging = false;
@@ -79,8 +84,21 @@ void ImageView::contentsMouseReleaseEvent(QMouseEvent *event)
         m_canvas->update(); // it may have been turned, and no move may follow
     }
 
-    const QPoint point = canvasPoint(event->position().toPoint());
-    setCursor(rubberIsTopMostAt(point) ? open_hand_cursor() : QCursor(Qt::ArrowCursor));
+    setCursor(rubberIsTopMostAt(canvasPoint(contentsPoint)) ? open_hand_cursor() : QCursor(Qt::ArrowCursor));
+}
+
+bool ImageView::isGestureUnderWay() const
+{
+    const int mode = m_rubber->mode();
+    return m_bSelecting || m_bDragging || mode == RubberItem::RubberResizing || mode == RubberItem::RubberMoving;
+}
+
+bool ImageView::event(QEvent *event)
+{
+    // A box stands in front: the pointer is its own now, and the view would not hear of a release.
+    if (event->type() == QEvent::WindowBlocked)
+        stopScrollTimer();
+    return Q3CanvasView::event(event);
 }
 
 void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
@@ -89,6 +107,8 @@ void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
 
     const QPoint contentsPoint = event->position().toPoint();
     const QPoint point = canvasPoint(contentsPoint);
+    if (isGestureUnderWay() && !event->buttons().testFlag(Qt::LeftButton))
+        endGesture(contentsPoint); // the button was let go over a box
     // A selection that stretches or moves has marked what it left and what it covers now.
     const bool reshapes = reshapeSelection(contentsPoint, point);
     const bool repaint = !reshapes && (followPointer(contentsPoint, point) || showHoverCursor(point));

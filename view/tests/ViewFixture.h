@@ -40,6 +40,8 @@ public:
         m_held = Qt::NoButton;
         send(QEvent::MouseButtonRelease, position, button, m_held);
     }
+    /// Lets the button go where the view does not hear of it.
+    void releaseElsewhere() { m_held = Qt::NoButton; }
     void drag(QPoint from, QPoint to)
     {
         press(from);

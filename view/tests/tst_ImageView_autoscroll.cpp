@@ -2,6 +2,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCursor>
+#include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimerEvent>
@@ -129,6 +130,21 @@ private slots:
         for (int i = 0; i < 4; ++i)
             QCOMPARE(moves.at(i).at(0).toInt(), Beyond + i * (Beyond + frame));
         fixture.release(fixture.outside());
+    }
+
+    void aBoxInFrontStopsTheTimer()
+    {
+        WideFixture fixture;
+        fixture.press(QPoint(20, 30));
+        fixture.move(QPoint(59, 79));
+        fixture.moveOutside();
+        QCOMPARE(intervals(fixture.view), QList<int>{50});
+
+        QDialog box;
+        box.setModal(true);
+        box.show();
+
+        QCOMPARE(intervals(fixture.view), QList<int>());
     }
 
     void onlyAMoveStrictlyInsideStopsTheTimer()

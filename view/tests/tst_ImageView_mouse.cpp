@@ -286,6 +286,49 @@ private slots:
         QVERIFY(shows_open_hand(fixture.view));
     }
 
+    void aButtonThatIsLetGoElsewhereEndsTheGesture_data()
+    {
+        QTest::addColumn<QPoint>("press");
+        QTest::addColumn<QRect>("selection"); // when the button is let go
+
+        QTest::newRow("drawing") << QPoint(100, 100) << QRect(QPoint(100, 100), QPoint(120, 130));
+        QTest::newRow("moving") << QPoint(40, 50) << QRect(QPoint(100, 110), QPoint(139, 159));
+        QTest::newRow("resizing") << QPoint(59, 79) << QRect(QPoint(20, 30), QPoint(119, 129)); // a grip takes its side
+    }
+
+    void aButtonThatIsLetGoElsewhereEndsTheGesture()
+    {
+        QFETCH(const QPoint, press);
+        QFETCH(const QRect, selection);
+        ViewFixture fixture(QSize(400, 300));
+        fixture.drag(QPoint(20, 30), QPoint(59, 79));
+        fixture.move(press);
+        fixture.press(press);
+        fixture.move(QPoint(120, 130));
+        QCOMPARE(fixture.view.selection(), selection);
+
+        fixture.releaseElsewhere(); // over a box that stands in front, say
+        fixture.move(QPoint(180, 190));
+        fixture.move(QPoint(90, 95));
+
+        QCOMPARE(fixture.view.selection(), selection);
+    }
+
+    void aButtonThatIsLetGoElsewhereEndsTheScrollingByHand()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.OnToggleScroll(true);
+        fixture.press(QPoint(100, 100));
+        fixture.move(QPoint(70, 60));
+        QCOMPARE(contents_position(fixture.view), QPoint(30, 40));
+
+        fixture.releaseElsewhere();
+        fixture.move(QPoint(20, 10));
+
+        QCOMPARE(contents_position(fixture.view), QPoint(30, 40));
+        QVERIFY(!shows_closed_hand(fixture.view));
+    }
+
     void freeHandScrollingLeavesTheSelectionAlone()
     {
         ViewFixture fixture(QSize(2000, 1500));
