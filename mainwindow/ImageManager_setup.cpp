@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -20,8 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int DefaultWidth = 335; // pixels
-constexpr int DefaultHeight = 564;
+constexpr QSize DefaultSize(335, 564); // pixels
 constexpr int IconSide = 24;
 
 constexpr QLatin1StringView Separator; // an entry without a name
@@ -241,8 +241,7 @@ void ImageManager::readSettings()
     const QString layout = read_window_setting(WindowSetting::Layout, QString()).toString();
     if (!layout.isEmpty())
         restoreState(layout.toLatin1(), 0);
-    resize(read_window_setting(WindowSetting::Width, DefaultWidth).toInt(),
-           read_window_setting(WindowSetting::Height, DefaultHeight).toInt());
+    resize(read_window_size(DefaultSize, screen()->availableSize()));
 
     const bool labels = read_window_setting(WindowSetting::ShowLabels, true).toBool();
     actions.value("view_labels"_L1)->setChecked(labels);

@@ -54,6 +54,7 @@ void ImageManager::view_reset_layout()
     actions.value("view_labels"_L1)->setChecked(true);
     actions.value("view_movable"_L1)->setChecked(false);
     addToolBar(toolBar);
+    toolBar->setVisible(true);
     write_window_setting(WindowSetting::Layout, QString());
 }
 

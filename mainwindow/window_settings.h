@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <QVariant>
 
@@ -10,6 +11,10 @@
 
 /// Stores a value. False if the settings cannot be written.
 bool write_window_setting(const QString &name, const QVariant &value);
+
+/// The stored size of the window in pixels, no side longer than that of @p largest. A side whose entry is missing or
+/// is no length is that of @p fallback.
+[[nodiscard]] QSize read_window_size(QSize fallback, QSize largest);
 
 namespace WindowSetting {
 

@@ -5,6 +5,7 @@
 #include <QActionGroup>
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -267,6 +268,28 @@ private slots:
         QCOMPARE(fixture.window.toolBarArea(fixture.toolBar()), Qt::TopToolBarArea);
         QCOMPARE(fixture.window.size(), QSize(700, 500));
         QCOMPARE(read_window_setting(WindowSetting::Layout, u"none"_s).toString(), QString());
+    }
+
+    void resetLayoutBringsAHiddenBarBack()
+    {
+        WindowFixture fixture;
+        fixture.toolBar()->toggleViewAction()->trigger();
+        QVERIFY(!fixture.toolBar()->isVisible());
+
+        fixture.action(u"view_reset"_s)->trigger();
+
+        QVERIFY(fixture.toolBar()->isVisible());
+    }
+
+    void theWindowIsNoLargerThanTheScreen()
+    {
+        const TemporaryHome home;
+        write_window_setting(WindowSetting::Width, 100000);
+        write_window_setting(WindowSetting::Height, u"high"_s);
+
+        const ImageManager window;
+
+        QCOMPARE(window.size(), QSize(QGuiApplication::primaryScreen()->availableSize().width(), 564));
     }
 
     void closingStoresTheSizeAndAnEmptyLayout()
