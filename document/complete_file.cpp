@@ -4,6 +4,7 @@
 #include "byte_reader.h"
 #include "gif_file.h"
 #include "jpeg_file.h"
+#include "mng_file.h"
 #include "tga_file.h"
 
 #include <QByteArray>
@@ -74,6 +75,8 @@ Check checkFor(const QByteArray &start)
         return is_complete_gif;
     if (start.startsWith("#define"))
         return isCompleteXbm;
+    if (start.startsWith("\x8aMNG"))
+        return has_fitting_mng_pictures;
     if (start.startsWith(QByteArrayView("II*\0", 4)) || start.startsWith(QByteArrayView("MM\0*", 4)))
         return hasWholeTiffColorMap;
     return nullptr;

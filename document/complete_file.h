@@ -7,7 +7,7 @@ class QIODevice;
 /// over it.
 ///
 /// Looked at are JPEG, BMP, GIF, XBM, TGA and TIFF with a palette, told by their bytes. The decoders of
-/// the other formats find out themselves. What counts is whether the pixels are there: an end that is missing
+/// the other formats find out themselves. Pictures of MNG must fit their canvas. What counts is whether the pixels are there: an end that is missing
 /// behind them does no harm. A file that is damaged in another way may pass.
 ///
 /// @param file  open for reading and not sequential; its position is 0 afterwards

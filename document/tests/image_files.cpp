@@ -80,6 +80,8 @@ quint32 chunkChecksum(const QByteArray &bytes)
     return ~sum;
 }
 
+} // namespace
+
 QByteArray big32(qint64 value)
 {
     std::array<char, 4> bytes{};
@@ -87,17 +89,19 @@ QByteArray big32(qint64 value)
     return {bytes.data(), bytes.size()};
 }
 
-QByteArray pngChunk(const QByteArray &type, const QByteArray &content)
+QByteArray png_chunk(const QByteArray &type, const QByteArray &content)
 {
     return big32(content.size()) + type + content + big32(chunkChecksum(type + content));
 }
+
+namespace {
 
 QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const QByteArray &rows,
                  const QByteArray &further = {})
 {
     const QByteArray format{QByteArray(1, bits) + QByteArray(1, colorType) + QByteArray(3, '\0')};
-    return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", big32(width) + big32(height) + format) + further
-        + pngChunk("IDAT", qCompress(rows).sliced(4)) + pngChunk("IEND", {});
+    return "\x89PNG\r\n\x1a\n" + png_chunk("IHDR", big32(width) + big32(height) + format) + further
+        + png_chunk("IDAT", qCompress(rows).sliced(4)) + png_chunk("IEND", {});
 }
 
 } // namespace
@@ -105,7 +109,7 @@ QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const Q
 QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row, const QByteArray &chunk,
                     const QByteArray &content)
 {
-    return pngOf(width, 1, bits, colorType, row, chunk.isEmpty() ? QByteArray() : pngChunk(chunk, content));
+    return pngOf(width, 1, bits, colorType, row, chunk.isEmpty() ? QByteArray() : png_chunk(chunk, content));
 }
 
 QByteArray png_promising(qint64 width, qint64 height)

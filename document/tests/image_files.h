@@ -36,6 +36,10 @@ inline constexpr char PngGreyAlpha = 4;
 [[nodiscard]] QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row,
                                   const QByteArray &chunk = {}, const QByteArray &content = {});
 
+/// A part of a PNG or MNG file, with its length and check sum.
+[[nodiscard]] QByteArray png_chunk(const QByteArray &type, const QByteArray &content);
+[[nodiscard]] QByteArray big32(qint64 value);
+
 /// A PNG with a header that promises this size in true colour, and hardly any pixels.
 [[nodiscard]] QByteArray png_promising(qint64 width, qint64 height);
 
