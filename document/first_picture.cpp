@@ -7,29 +7,49 @@
 #include "page_buffers.h"
 #include "page_image.h"
 #include "tiff_codec.h"
+#include "tiff_tiles.h"
 #include "tiff_wide_page.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
 
+#include <algorithm>
 #include <optional>
 #include <tiffio.h>
 #include <utility>
 
 namespace {
 
+bool is_tiff(const QImageReader &reader)
+{
+    return reader.format().startsWith("tif");
+}
+
+/// Of a size that the readers themselves would make, or null.
+QImage cleared_image(QSize size, QImage::Format format)
+{
+    QImage image(size, format);
+    if (!image.isNull())
+        std::fill_n(image.bits(), image.sizeInBytes(), uchar{0});
+    return image;
+}
+
 /// An image that the reader will take for its own picture, on memory that pages stood on before; null where
 /// the reader had better make one itself.
 QImage image_to_fill(const QImageReader &reader)
 {
     const QImage::Format format = reader.imageFormat();
-    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32)
+    const bool isPageFormat = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32;
+    if (format == QImage::Format_Invalid || (!isPageFormat && !is_tiff(reader)))
         return {}; // colour tables come with the picture
     const QSize size = reader.size();
+    const qint64 bits = qint64{QImage::toPixelFormat(format).bitsPerPixel()} * size.width() * size.height();
     constexpr qint64 MiB = qint64{1024} * 1024;
-    const bool isAllowed = qint64{4} * size.width() * size.height() <= MiB * QImageReader::allocationLimit();
-    return isAllowed ? new_page(size, format) : QImage();
+    if (bits / 8 > MiB * QImageReader::allocationLimit())
+        return {};
+    // Damaged rows of a TIFF file may leave some bytes as they were.
+    return isPageFormat ? new_page(size, format) : cleared_image(size, format);
 }
 
 /// What the toolkit's reader of TIFF files does not make, or makes slowly: the large colour pages of scanners, and
@@ -37,7 +57,7 @@ QImage image_to_fill(const QImageReader &reader)
 /// @return nothing if the file is to be left to the toolkit; null if it cannot be shown
 std::optional<QImage> read_tiff(const QImageReader &reader, const QFile &file, QImage &image)
 {
-    if (!reader.format().startsWith("tif"))
+    if (!is_tiff(reader))
         return std::nullopt;
     const TiffHandle tif = open_tiff(file.fileName(), "rm");
     if (!tif || file_state(TIFFFileno(tif.get())) != file_state(file.handle()))
@@ -46,7 +66,7 @@ std::optional<QImage> read_tiff(const QImageReader &reader, const QFile &file, Q
         return read_odd_wide_samples(tif.get());
     if (image.format() == QImage::Format_RGB32 && read_plain_rgb_page(tif.get(), image))
         return image;
-    return std::nullopt;
+    return has_whole_tiles(tif.get()) ? std::nullopt : std::optional(QImage());
 }
 
 QImage read_from_file(QFile &file, const QString &imgFormat)

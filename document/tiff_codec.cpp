@@ -116,6 +116,12 @@ QImage makePage(TIFF *tif, const PageTags &tags)
     return page;
 }
 
+template <typename Value> Value tagOrDefault(TIFF *tif, ttag_t tag)
+{
+    Value value = 0;
+    return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : Value{0};
+}
+
 bool hasColorMap(TIFF *tif)
 {
     quint16 *red = nullptr;
@@ -130,9 +136,12 @@ bool readRgbRows(TIFF *tif, QImage &image)
     const TiffRow row = allocateRgbRow(width);
     if (!row)
         return false;
-    // A file of separate planes fills only a part of the row.
-    std::fill_n(row.get(), static_cast<std::size_t>(width) * SampleBytes, uchar{0});
+    const auto clearRow = [&] { std::fill_n(row.get(), static_cast<std::size_t>(width) * SampleBytes, uchar{0}); };
+    clearRow(); // a file of separate planes fills only a part of it
+    const bool isCompressed = tagOrDefault<quint16>(tif, TIFFTAG_COMPRESSION) != COMPRESSION_NONE;
     for (int y = 0; y < image.height(); ++y) {
+        if (isCompressed)
+            clearRow(); // damaged data may end early without a word
         if (TIFFReadScanline(tif, row.get(), static_cast<quint32>(y), 0) != 1)
             return false;
         expand_rgb_row(row.get(), reinterpret_cast<QRgb *>(image.scanLine(y)), width);
@@ -142,10 +151,10 @@ bool readRgbRows(TIFF *tif, QImage &image)
 
 bool readPlainRows(TIFF *tif, QImage &image)
 {
-    const qsizetype lastByte = (qsizetype{image.width()} * image.depth() - 1) / 8;
+    const qsizetype rowBytes = (qsizetype{image.width()} * image.depth() + 7) / 8;
     for (int y = 0; y < image.height(); ++y) {
         uchar *const line = image.scanLine(y);
-        line[lastByte] = 0; // some decoders leave bits behind the last pixel as they were
+        std::fill_n(line, rowBytes, uchar{0}); // damaged data may leave some bytes as they were
         if (TIFFReadScanline(tif, line, static_cast<quint32>(y), 0) != 1)
             return false;
     }
@@ -167,12 +176,6 @@ bool readRows(TIFF *tif, QImage &image)
     if (const std::optional<qint64> start = start_of_stored_rows(tif, image.height(), rowBytes))
         return read_stored_rows(TIFFFileno(tif), *start, rowBytes, image);
     return readPlainRows(tif, image);
-}
-
-template <typename Value> Value tagOrDefault(TIFF *tif, ttag_t tag)
-{
-    Value value = 0;
-    return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : Value{0};
 }
 
 /// Whether the rows hold the colours as they are shown, and nothing else tells about colours.

@@ -30,6 +30,8 @@ void setTags(TIFF *tif, const TiffPage &page)
         TIFFSetField(tif, TIFFTAG_YRESOLUTION, page.linesPerInch < 0 ? page.dotsPerInch : page.linesPerInch);
     if (page.fillOrder != 0)
         TIFFSetField(tif, TIFFTAG_FILLORDER, page.fillOrder);
+    if (page.rowsPerStrip != 0)
+        TIFFSetField(tif, TIFFTAG_ROWSPERSTRIP, page.rowsPerStrip);
     if (page.extraSample >= 0) {
         const auto meaning = static_cast<quint16>(page.extraSample);
         TIFFSetField(tif, TIFFTAG_EXTRASAMPLES, 1, &meaning);

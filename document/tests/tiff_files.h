@@ -25,6 +25,7 @@ struct TiffPage
     QList<quint16> blues{};
     double dotsPerInch = 300;
     double linesPerInch = -1; ///< negative for the same
+    int rowsPerStrip = 0; ///< 0 for the library's own
     quint32 withoutTag = 0; ///< a tag that is left out; 0 for none
 };
 

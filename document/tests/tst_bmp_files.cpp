@@ -1,5 +1,6 @@
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "odd_files.h"
 #include "pictures.h"
 
 #include <QTemporaryDir>
@@ -26,10 +27,9 @@ QByteArray with(QByteArray file, qsizetype field, qint64 number)
     return file.replace(field, 4, little32(number));
 }
 
-/// A picture of 4 by 2 pixels in three colours by run lengths.
 QByteArray coded(int bits, const QByteArray &codes)
 {
-    return with(bmp_file(4, 2, bits, threeColors, codes), CompressionField, bits == 8 ? 1 : 2);
+    return run_length_bmp(bits, threeColors, codes);
 }
 
 /// An indexed page; rows from the top.

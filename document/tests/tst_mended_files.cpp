@@ -1,6 +1,7 @@
 #include "image_files.h"
 #include "ImageDocument.h"
 #include "mended_file.h"
+#include "odd_files.h"
 #include "pictures.h"
 
 #include <QBuffer>
@@ -21,59 +22,6 @@ QImage colored(int width, const QList<QRgb> &colors, QImage::Format format = QIm
     for (int i = 0; i < colors.size(); ++i)
         page.setPixel(i % width, i / width, colors.at(i));
     return page;
-}
-
-constexpr int FromTop = 0x20;
-constexpr int RightToLeft = 0x10;
-
-struct Tga
-{
-    int width = 2;
-    int height = 1;
-    int bits = 24;
-    int descriptor = FromTop;
-    QByteArray pixels{};
-    QByteArray name{};
-    QByteArray table{}; ///< three bytes an entry
-};
-
-QByteArray tga_file(const Tga &tga)
-{
-    QByteArray header(18, '\0');
-    header[0] = static_cast<char>(tga.name.size());
-    header[2] = 2;
-    if (!tga.table.isEmpty()) {
-        header[1] = 1;
-        header.replace(5, 2, little16(static_cast<int>(tga.table.size()) / 3));
-        header[7] = 24;
-    }
-    header.replace(12, 4, little16(tga.width) + little16(tga.height));
-    header[16] = static_cast<char>(tga.bits);
-    header[17] = static_cast<char>(tga.descriptor);
-    return header + tga.name + tga.table + tga.pixels + QByteArray(8, '\0') + QByteArray("TRUEVISION-XFILE.\0", 18);
-}
-
-/// A part of a WebP file.
-QByteArray riffChunk(const QByteArray &name, const QByteArray &content)
-{
-    return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
-}
-
-QByteArray little24(int value)
-{
-    return little32(value).first(3);
-}
-
-/// An animation of one picture, @p left and @p top within a canvas of 8 by 6 pixels.
-QByteArray animatedWebp(const QImage &picture, int left, int top, bool tellsAlpha)
-{
-    const QByteArray still = encoded(picture, "webp", 100);
-    const QByteArray canvas = little24(7) + little24(5);
-    const QByteArray head = riffChunk("VP8X", little32(tellsAlpha ? 0x12 : 0x02) + canvas);
-    const QByteArray place = little24(left / 2) + little24(top / 2) + little24(picture.width() - 1)
-        + little24(picture.height() - 1) + little32(100);
-    const QByteArray frame = riffChunk("ANMF", place + still.sliced(12));
-    return riffChunk("RIFF", "WEBP" + head + riffChunk("ANIM", QByteArray(6, '\0')) + frame);
 }
 
 } // namespace
@@ -107,8 +55,8 @@ void tst_mended_files::addTgaFiles()
     row("tga with a name", {.pixels = bytes, .name = "scan"}, redBlue);
     row("tga with a table", {.pixels = bytes, .table = QByteArray(30, 'x')}, redBlue);
     row("tga with a name and a table", {.pixels = bytes, .name = "scan", .table = QByteArray(30, 'x')}, redBlue);
-    row("tga from the right", {.descriptor = FromTop | RightToLeft, .pixels = bytes}, colored(2, {blue, red}));
-    row("tga from the lower right", {.width = 1, .height = 2, .descriptor = RightToLeft, .pixels = bytes},
+    row("tga from the right", {.descriptor = TgaFromTop | TgaRightToLeft, .pixels = bytes}, colored(2, {blue, red}));
+    row("tga from the lower right", {.width = 1, .height = 2, .descriptor = TgaRightToLeft, .pixels = bytes},
         colored(1, {blue, red}));
     // Red 31 of 31; then red 1, green 16 and blue 31.
     const QByteArray words("\0\x7c\x1f\x06", 4);
@@ -116,11 +64,12 @@ void tst_mended_files::addTgaFiles()
     row("tga of 16 bits, the alpha bit set but not told of", {.bits = 16, .pixels = QByteArray("\0\xfc\x1f\x06", 4)},
         colored(2, {red, 0xff0884ff}));
     row("tga of 16 bits with a bit of alpha",
-        {.bits = 16, .descriptor = FromTop | 1, .pixels = QByteArray("\0\xfc\x1f\x06", 4)},
+        {.bits = 16, .descriptor = TgaFromTop | 1, .pixels = QByteArray("\0\xfc\x1f\x06", 4)},
         colored(2, {red, 0x000884ff}));
-    row("tga of 16 bits with alpha that nobody filled", {.bits = 16, .descriptor = FromTop | 1, .pixels = words},
+    row("tga of 16 bits with alpha that nobody filled", {.bits = 16, .descriptor = TgaFromTop | 1, .pixels = words},
         colored(2, {red, 0xff0884ff}));
-    row("tga of 32 bits", {.bits = 32, .descriptor = FromTop | 8, .pixels = QByteArray("\0\0\xff\x80\xff\0\0\xff", 8)},
+    row("tga of 32 bits",
+        {.bits = 32, .descriptor = TgaFromTop | 8, .pixels = QByteArray("\0\0\xff\x80\xff\0\0\xff", 8)},
         colored(2, {0x80ff0000, blue}));
     row("tga of 32 bits with alpha that nobody filled", {.bits = 32, .pixels = QByteArray("\0\0\xff\0\xff\0\0\0", 8)},
         redBlue);
@@ -176,7 +125,7 @@ void tst_mended_files::usualFileIsLeftAsItIs_data()
     QTest::newRow("png of 16 bits") << png_file(1, 16, PngColor, QByteArray(7, '\0'));
     QTest::newRow("png of 8 bits with a clear colour")
         << png_file(1, 8, PngColor, QByteArray(4, '\0'), "tRNS", QByteArray(6, '\0'));
-    QTest::newRow("animated webp that covers its canvas") << animatedWebp(solidPage({8, 6}, red), 0, 0, false);
+    QTest::newRow("animated webp that covers its canvas") << animated_webp(solidPage({8, 6}, red), 0, 0, false);
     QTest::newRow("two bytes") << QByteArray("BM");
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("signature of a png") << QByteArray("\x89PNG\r\n\x1a\n");
@@ -225,7 +174,7 @@ void tst_mended_files::partOfACanvasThatNoPictureCoversIsClear()
     QFETCH(const QPoint, place);
     const QImage picture = solidPage({4, 3}, red);
     const QTemporaryDir directory;
-    write_file(directory.filePath(u"file"_s), animatedWebp(picture, place.x(), place.y(), tellsAlpha));
+    write_file(directory.filePath(u"file"_s), animated_webp(picture, place.x(), place.y(), tellsAlpha));
 
     const ImageDocument document(directory.filePath(u"file"_s), {});
 
