@@ -58,7 +58,7 @@ QImage with_colors_for_all_indices(QImage image)
 {
     constexpr QRgb Black = 0xff000000;
     const int count = image.colorCount();
-    if (count == 0 || count >= 1 << image.depth())
+    if (image.depth() > 8 || count == 0 || count >= 1 << image.depth())
         return image;
     const int last = largest_index(image);
     for (int i = count; i <= last; ++i)
@@ -66,13 +66,14 @@ QImage with_colors_for_all_indices(QImage image)
     return image;
 }
 
+} // namespace
+
 QImage to_page_format(QImage image)
 {
     switch (image.format()) {
     case QImage::Format_Mono:
     case QImage::Format_MonoLSB:
     case QImage::Format_Indexed8:
-        return with_colors_for_all_indices(std::move(image));
     case QImage::Format_Invalid:
     case QImage::Format_RGB32:
     case QImage::Format_ARGB32:
@@ -88,11 +89,9 @@ QImage to_page_format(QImage image)
     return std::move(image).convertToFormat(format);
 }
 
-} // namespace
-
 QImage to_page_image(QImage image)
 {
-    return with_positive_resolution(to_page_format(std::move(image)));
+    return with_positive_resolution(with_colors_for_all_indices(to_page_format(std::move(image))));
 }
 
 QImage with_positive_resolution(QImage image)

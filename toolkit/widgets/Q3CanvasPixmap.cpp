@@ -145,7 +145,7 @@ QRect whole_pixels(const QRectF &area)
 
 } // namespace
 
-Q3CanvasPixmap::Q3CanvasPixmap(const QImage &image) : m_image(to_page_image(image)) { }
+Q3CanvasPixmap::Q3CanvasPixmap(const QImage &image) : m_image(to_page_format(image)) { }
 
 void Q3CanvasPixmap::draw(QPainter &painter, const QPoint &at) const
 {
