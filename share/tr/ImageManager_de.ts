@@ -820,4 +820,178 @@ Möchten Sie es speichern?</translation>
         <translation>%1 enthält %2 Bilder, von denen nicht alle geöffnet sind. Was nicht geöffnet ist, kann nicht erhalten werden. Speichern?</translation>
     </message>
 </context>
+<context>
+    <name>MailForm</name>
+    <message>
+        <source>Send Image By E-mail</source>
+        <translation>Bild per E-Mail senden</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>Server:</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation>Anmeldename:</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Anmeldename</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Passwort:</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>Von:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>An:</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>Subject:</source>
+        <translation>Betreff:</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Betreff</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter ...</translation>
+    </message>
+    <message>
+        <source>Delete After Send</source>
+        <translation>Nach dem Senden löschen</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Kein Vorgang aktiv</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Image must be saved before sending</source>
+        <translation>Das Bild muss vor dem Senden gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Looking up mail servers</source>
+        <translation>Mailserver werden gesucht</translation>
+    </message>
+</context>
+<context>
+    <name>Smtp</name>
+    <message>
+        <source>The attached file cannot be read.</source>
+        <translation>Die angehängte Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The domain %1 takes no mail.</source>
+        <translation>Die Domain %1 nimmt keine Mail an.</translation>
+    </message>
+    <message>
+        <source>Connecting to:</source>
+        <translation>Verbindung wird aufgebaut zu:</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Verbunden mit %1</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login that this program knows.</source>
+        <translation>Der Mailserver bietet keine Anmeldung an, die dieses Programm beherrscht.</translation>
+    </message>
+    <message>
+        <source>Authentication...</source>
+        <translation>Anmeldung ...</translation>
+    </message>
+    <message>
+        <source>Sending mail...</source>
+        <translation>Mail wird gesendet ...</translation>
+    </message>
+    <message>
+        <source>Message sent</source>
+        <translation>Nachricht gesendet</translation>
+    </message>
+    <message>
+        <source>Unexpected reply from SMTP server:
+
+</source>
+        <translation>Unerwartete Antwort des SMTP-Servers:
+
+</translation>
+    </message>
+    <message>
+        <source>Mail system error</source>
+        <translation>Fehler des Mailsystems</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server is lost.</source>
+        <translation>Die Verbindung zum Mailserver ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>No connection to %1.</source>
+        <translation>Keine Verbindung zu %1.</translation>
+    </message>
+    <message>
+        <source>Message not sent</source>
+        <translation>Nachricht nicht gesendet</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>Der Mailserver antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>A login is sent to no server but the one that is filled in.
+Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
+        <translation>Anmeldedaten gehen nur an den eingetragenen Server.
+Tragen Sie „Server“ ein oder leeren Sie „Anmeldename“.</translation>
+    </message>
+    <message>
+        <source>This address cannot be used:
+%1</source>
+        <translation>Diese Adresse kann nicht verwendet werden:
+%1</translation>
+    </message>
+</context>
 </TS>

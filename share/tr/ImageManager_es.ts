@@ -820,4 +820,178 @@ No hay memoria suficiente para cargar el mapa de bits
         <translation>%1 contiene %2 imágenes y no todas están abiertas. Lo que no está abierto no se puede conservar. ¿Guardar?</translation>
     </message>
 </context>
+<context>
+    <name>MailForm</name>
+    <message>
+        <source>Send Image By E-mail</source>
+        <translation>Enviar la imagen por correo electrónico</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>Servidor:</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Servidor</translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation>Usuario:</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Usuario</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Puerto:</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Puerto</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Contraseña:</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Contraseña</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>De:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>Para:</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Para</translation>
+    </message>
+    <message>
+        <source>Subject:</source>
+        <translation>Asunto:</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Asunto</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Mensaje</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Guardar como...</translation>
+    </message>
+    <message>
+        <source>Delete After Send</source>
+        <translation>Eliminar después de enviar</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Enviar</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Ninguna operación en curso</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>Image must be saved before sending</source>
+        <translation>La imagen debe guardarse antes de enviarla</translation>
+    </message>
+    <message>
+        <source>Looking up mail servers</source>
+        <translation>Buscando servidores de correo</translation>
+    </message>
+</context>
+<context>
+    <name>Smtp</name>
+    <message>
+        <source>The attached file cannot be read.</source>
+        <translation>No se puede leer el archivo adjunto.</translation>
+    </message>
+    <message>
+        <source>The domain %1 takes no mail.</source>
+        <translation>El dominio %1 no acepta correo.</translation>
+    </message>
+    <message>
+        <source>Connecting to:</source>
+        <translation>Conectando con:</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Conectado con %1</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login that this program knows.</source>
+        <translation>El servidor de correo no ofrece ningún método de acceso que este programa conozca.</translation>
+    </message>
+    <message>
+        <source>Authentication...</source>
+        <translation>Autenticación...</translation>
+    </message>
+    <message>
+        <source>Sending mail...</source>
+        <translation>Enviando el correo...</translation>
+    </message>
+    <message>
+        <source>Message sent</source>
+        <translation>Mensaje enviado</translation>
+    </message>
+    <message>
+        <source>Unexpected reply from SMTP server:
+
+</source>
+        <translation>Respuesta inesperada del servidor SMTP:
+
+</translation>
+    </message>
+    <message>
+        <source>Mail system error</source>
+        <translation>Error del sistema de correo</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server is lost.</source>
+        <translation>Se ha perdido la conexión con el servidor de correo.</translation>
+    </message>
+    <message>
+        <source>No connection to %1.</source>
+        <translation>Sin conexión con %1.</translation>
+    </message>
+    <message>
+        <source>Message not sent</source>
+        <translation>Mensaje no enviado</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>El servidor de correo no responde.</translation>
+    </message>
+    <message>
+        <source>A login is sent to no server but the one that is filled in.
+Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
+        <translation>Los datos de acceso se envían solo al servidor indicado.
+Rellene «Servidor» o deje vacío «Usuario».</translation>
+    </message>
+    <message>
+        <source>This address cannot be used:
+%1</source>
+        <translation>Esta dirección no se puede utilizar:
+%1</translation>
+    </message>
+</context>
 </TS>

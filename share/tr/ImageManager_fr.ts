@@ -820,4 +820,178 @@ Voulez-vous l&apos;enregistrer&#xa0;?</translation>
         <translation>%1 contient %2 images, qui ne sont pas toutes ouvertes. Ce qui n&apos;est pas ouvert ne peut pas être conservé. Enregistrer&#xa0;?</translation>
     </message>
 </context>
+<context>
+    <name>MailForm</name>
+    <message>
+        <source>Send Image By E-mail</source>
+        <translation>Envoyer l’image par courriel</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>Serveur :</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Serveur</translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation>Identifiant :</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Identifiant</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port :</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Mot de passe :</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Mot de passe</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>De :</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>À :</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+    <message>
+        <source>Subject:</source>
+        <translation>Objet :</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Objet</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Enregistrer sous...</translation>
+    </message>
+    <message>
+        <source>Delete After Send</source>
+        <translation>Supprimer après l’envoi</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Envoyer</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Aucune opération en cours</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>Image must be saved before sending</source>
+        <translation>L’image doit être enregistrée avant l’envoi</translation>
+    </message>
+    <message>
+        <source>Looking up mail servers</source>
+        <translation>Recherche des serveurs de messagerie</translation>
+    </message>
+</context>
+<context>
+    <name>Smtp</name>
+    <message>
+        <source>The attached file cannot be read.</source>
+        <translation>Le fichier joint ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>The domain %1 takes no mail.</source>
+        <translation>Le domaine %1 n’accepte pas de courrier.</translation>
+    </message>
+    <message>
+        <source>Connecting to:</source>
+        <translation>Connexion à :</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Connecté à %1</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login that this program knows.</source>
+        <translation>Le serveur de messagerie ne propose aucune authentification connue de ce programme.</translation>
+    </message>
+    <message>
+        <source>Authentication...</source>
+        <translation>Authentification...</translation>
+    </message>
+    <message>
+        <source>Sending mail...</source>
+        <translation>Envoi du courriel...</translation>
+    </message>
+    <message>
+        <source>Message sent</source>
+        <translation>Message envoyé</translation>
+    </message>
+    <message>
+        <source>Unexpected reply from SMTP server:
+
+</source>
+        <translation>Réponse inattendue du serveur SMTP :
+
+</translation>
+    </message>
+    <message>
+        <source>Mail system error</source>
+        <translation>Erreur du système de messagerie</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server is lost.</source>
+        <translation>La connexion au serveur de messagerie est perdue.</translation>
+    </message>
+    <message>
+        <source>No connection to %1.</source>
+        <translation>Aucune connexion à %1.</translation>
+    </message>
+    <message>
+        <source>Message not sent</source>
+        <translation>Message non envoyé</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>Le serveur de messagerie ne répond pas.</translation>
+    </message>
+    <message>
+        <source>A login is sent to no server but the one that is filled in.
+Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
+        <translation>L’identifiant n’est envoyé qu’au serveur indiqué.
+Remplissez « Serveur » ou videz « Identifiant ».</translation>
+    </message>
+    <message>
+        <source>This address cannot be used:
+%1</source>
+        <translation>Cette adresse ne peut pas être utilisée :
+%1</translation>
+    </message>
+</context>
 </TS>

@@ -820,4 +820,178 @@ Do you want to save it?</source>
         <translation>%1 には %2 枚の画像が含まれていますが、すべてが開かれているわけではありません。開かれていないものは残せません。保存しますか?</translation>
     </message>
 </context>
+<context>
+    <name>MailForm</name>
+    <message>
+        <source>Send Image By E-mail</source>
+        <translation>画像をメールで送信</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>サーバー:</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>サーバー</translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation>ログイン名:</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>ログイン名</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>ポート:</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>ポート</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>パスワード:</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>差出人:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>差出人</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>宛先:</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>宛先</translation>
+    </message>
+    <message>
+        <source>Subject:</source>
+        <translation>件名:</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>件名</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>本文</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>名前を付けて保存...</translation>
+    </message>
+    <message>
+        <source>Delete After Send</source>
+        <translation>送信後に削除</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>送信</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>実行中の処理はありません</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Image must be saved before sending</source>
+        <translation>送信する前に画像を保存してください</translation>
+    </message>
+    <message>
+        <source>Looking up mail servers</source>
+        <translation>メールサーバーを検索しています</translation>
+    </message>
+</context>
+<context>
+    <name>Smtp</name>
+    <message>
+        <source>The attached file cannot be read.</source>
+        <translation>添付ファイルを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The domain %1 takes no mail.</source>
+        <translation>ドメイン %1 はメールを受け付けていません。</translation>
+    </message>
+    <message>
+        <source>Connecting to:</source>
+        <translation>接続先:</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>%1 に接続しました</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login that this program knows.</source>
+        <translation>メールサーバーは、このプログラムが対応するログイン方法を提供していません。</translation>
+    </message>
+    <message>
+        <source>Authentication...</source>
+        <translation>認証しています...</translation>
+    </message>
+    <message>
+        <source>Sending mail...</source>
+        <translation>メールを送信しています...</translation>
+    </message>
+    <message>
+        <source>Message sent</source>
+        <translation>メッセージを送信しました</translation>
+    </message>
+    <message>
+        <source>Unexpected reply from SMTP server:
+
+</source>
+        <translation>SMTP サーバーから予期しない応答がありました:
+
+</translation>
+    </message>
+    <message>
+        <source>Mail system error</source>
+        <translation>メールシステムのエラー</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server is lost.</source>
+        <translation>メールサーバーとの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>No connection to %1.</source>
+        <translation>%1 に接続できません。</translation>
+    </message>
+    <message>
+        <source>Message not sent</source>
+        <translation>メッセージは送信されませんでした</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>メールサーバーが応答しません。</translation>
+    </message>
+    <message>
+        <source>A login is sent to no server but the one that is filled in.
+Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
+        <translation>ログイン情報は、入力されたサーバーにのみ送信されます。
+「サーバー」を入力するか、「ログイン名」を空にしてください。</translation>
+    </message>
+    <message>
+        <source>This address cannot be used:
+%1</source>
+        <translation>このアドレスは使用できません:
+%1</translation>
+    </message>
+</context>
 </TS>

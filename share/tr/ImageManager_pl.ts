@@ -820,4 +820,178 @@ Czy chcesz go zapisać?</translation>
         <translation>Plik %1 zawiera więcej obrazów (%2) i nie wszystkie są otwarte. To, co nie jest otwarte, nie może zostać zachowane. Zapisać?</translation>
     </message>
 </context>
+<context>
+    <name>MailForm</name>
+    <message>
+        <source>Send Image By E-mail</source>
+        <translation>Wyślij obraz pocztą e-mail</translation>
+    </message>
+    <message>
+        <source>Server:</source>
+        <translation>Serwer:</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Serwer</translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation>Login:</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Login</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Hasło:</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Hasło</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>Od:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Od</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>Do:</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>Subject:</source>
+        <translation>Temat:</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Temat</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Wiadomość</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Zapisz jako...</translation>
+    </message>
+    <message>
+        <source>Delete After Send</source>
+        <translation>Usuń po wysłaniu</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Wyślij</translation>
+    </message>
+    <message>
+        <source>No Operation in Progress</source>
+        <translation>Brak operacji w toku</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Pomoc</translation>
+    </message>
+    <message>
+        <source>Image must be saved before sending</source>
+        <translation>Przed wysłaniem obraz musi zostać zapisany</translation>
+    </message>
+    <message>
+        <source>Looking up mail servers</source>
+        <translation>Wyszukiwanie serwerów poczty</translation>
+    </message>
+</context>
+<context>
+    <name>Smtp</name>
+    <message>
+        <source>The attached file cannot be read.</source>
+        <translation>Nie można odczytać załączonego pliku.</translation>
+    </message>
+    <message>
+        <source>The domain %1 takes no mail.</source>
+        <translation>Domena %1 nie przyjmuje poczty.</translation>
+    </message>
+    <message>
+        <source>Connecting to:</source>
+        <translation>Łączenie z:</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Połączono z %1</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login that this program knows.</source>
+        <translation>Serwer poczty nie oferuje sposobu logowania znanego temu programowi.</translation>
+    </message>
+    <message>
+        <source>Authentication...</source>
+        <translation>Uwierzytelnianie...</translation>
+    </message>
+    <message>
+        <source>Sending mail...</source>
+        <translation>Wysyłanie poczty...</translation>
+    </message>
+    <message>
+        <source>Message sent</source>
+        <translation>Wiadomość wysłana</translation>
+    </message>
+    <message>
+        <source>Unexpected reply from SMTP server:
+
+</source>
+        <translation>Nieoczekiwana odpowiedź serwera SMTP:
+
+</translation>
+    </message>
+    <message>
+        <source>Mail system error</source>
+        <translation>Błąd systemu poczty</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server is lost.</source>
+        <translation>Połączenie z serwerem poczty zostało utracone.</translation>
+    </message>
+    <message>
+        <source>No connection to %1.</source>
+        <translation>Brak połączenia z %1.</translation>
+    </message>
+    <message>
+        <source>Message not sent</source>
+        <translation>Wiadomość nie została wysłana</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>Serwer poczty nie odpowiada.</translation>
+    </message>
+    <message>
+        <source>A login is sent to no server but the one that is filled in.
+Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
+        <translation>Dane logowania są wysyłane tylko do podanego serwera.
+Wypełnij „Serwer” albo opróżnij „Login”.</translation>
+    </message>
+    <message>
+        <source>This address cannot be used:
+%1</source>
+        <translation>Nie można użyć tego adresu:
+%1</translation>
+    </message>
+</context>
 </TS>
