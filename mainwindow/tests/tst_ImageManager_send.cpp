@@ -63,7 +63,7 @@ private slots:
             form.close();
         });
 
-        at.action(u"tool_send"_s)->trigger();
+        at.window.send();
     }
 
     void withoutATabThereIsNoForm()
