@@ -34,12 +34,19 @@ QImage ImageManager::currentPageImage() const
     return document ? document->page(currentView()->currentPage()) : QImage();
 }
 
+/// A copy of the first page of the current document, whatever page is on show. Null without a document.
+QImage ImageManager::firstPageImage() const
+{
+    const ImageDocument *const document = currentDocument();
+    return document && !document->isEmpty() ? document->page(1) : QImage();
+}
+
 void ImageManager::updateDocumentActions()
 {
     const bool hasDocument = currentDocument() != nullptr;
 
     for (const QLatin1StringView name :
-         {"file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, "file_close"_L1, "file_close_all"_L1})
+         {"file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, "file_print"_L1, "file_close"_L1, "file_close_all"_L1})
         actions.value(name)->setEnabled(hasDocument);
     if (!hasDocument) { // the history decides otherwise
         actions.value("edit_undo"_L1)->setEnabled(false);
@@ -52,6 +59,8 @@ void ImageManager::updateDocumentActions()
           "image_properties"_L1})
         actions.value(name)->setEnabled(hasDocument);
     updateImageCropControls();
+    for (const QLatin1StringView name : {"tool_graphics_editor"_L1, "tool_ocr"_L1, "tool_send"_L1, "tool_upload"_L1})
+        actions.value(name)->setEnabled(hasDocument);
     updateZoomControls();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LeftoverWatch.h"
 #include "pixel_operations.h"
 #include "save_targets.h"
 #include "UndoHistory.h"
@@ -14,10 +15,13 @@
 #include <QStringList>
 
 #include <array>
+#include <cstdio>
 #include <functional>
+#include <memory>
 
 class CommandTab;
 class IdMenu;
+class Q3Process;
 class ImageDocument;
 class ImageDocumentView;
 class QAction;
@@ -75,6 +79,7 @@ public slots:
     bool file_save();
     bool file_save_as();
     void file_save_all();
+    void file_print();
     void file_close();
     void file_close_all();
 
@@ -109,6 +114,11 @@ public slots:
     void image_crop();
     void image_properties();
 
+    /// Hand the first page to a program outside, see ToolSettings.
+    void start_graphics_editor();
+    void start_OCR();
+    void configure_tools();
+    void on_lpr_finished();
     /// Mails the file of the current document, see MailForm.
     void send();
     /// Uploads the first page, whatever page is on show, see FtpForm.
@@ -144,6 +154,7 @@ private:
     [[nodiscard]] ImageDocumentView *currentView() const;
     [[nodiscard]] ImageDocument *currentDocument() const;
     [[nodiscard]] QImage currentPageImage() const;
+    [[nodiscard]] QImage firstPageImage() const;
 
     void makeActions();
     void makeZoomActions();
@@ -157,6 +168,7 @@ private:
     QAction *makeGroupMenu(QActionGroup *group, QLatin1StringView name);
     void applyIcons();
     void addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names);
+    void makeToolsMenu();
     void placeActions(QWidget *place, std::initializer_list<QLatin1StringView> names);
 
     void letEventsThrough();
@@ -215,6 +227,14 @@ private:
     [[nodiscard]] bool showTabBut(const QList<QPointer<ImageDocumentView>> &views);
     void showNextTab();
 
+    using WritePage = bool (*)(const QString &path, const QImage &page);
+    [[nodiscard]] bool savePrintFile(const QString &path);
+    [[nodiscard]] bool saveForTool(const QString &path, WritePage write);
+    void warnOfTool(const QString &title, const QString &text);
+
+    Q3Process *lprProcess = nullptr; ///< the print job under way, also where no lpr could be started
+    std::array<char, L_tmpnam + sizeof ".png"> printFile{}; ///< the job's file, empty for none
+    std::unique_ptr<LeftoverWatch> printFileWatch; ///< of that file; null where it cannot be had
     UndoHistory undoHistory; ///< shared by all tabs
     QHash<QLatin1StringView, QAction *> actions; ///< every action by its name in the action table
     std::array<int, 8> zoomIds = {}; ///< menu ids of the zoom actions, by zoom index

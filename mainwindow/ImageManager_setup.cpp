@@ -26,10 +26,6 @@ constexpr int IconSide = 24;
 
 constexpr QLatin1StringView Separator; // an entry without a name
 
-// What these commands do is not built yet; they stay off.
-constexpr std::array CommandsToCome = {"file_print"_L1, "tool_graphics_editor"_L1, "tool_ocr"_L1,
-                                       "tool_send"_L1,  "tool_upload"_L1,          "tool_configure"_L1};
-
 using Slot = void (ImageManager::*)();
 
 struct EditCommand
@@ -121,8 +117,6 @@ void ImageManager::makeActions()
     makeGroupMenu(effects, "effects_menu"_L1)->setText(tr("Effects"));
 
     applyIcons();
-    for (const QLatin1StringView name : CommandsToCome)
-        actions.value(name)->setEnabled(false);
 }
 
 void ImageManager::makeZoomActions()
@@ -195,10 +189,19 @@ void ImageManager::makeMenus()
                {"depth_menu"_L1, "image_invert"_L1, "image_brightness"_L1, "image_contrast"_L1, "rotate_menu"_L1,
                 "flip_menu"_L1, "scale_menu"_L1, "image_crop"_L1, "image_properties"_L1});
 
-    // Intended: the tool commands exist in a menu that is on no bar.
-    auto *const toolMenu = new QMenu(this);
-    placeActions(toolMenu,
+    makeToolsMenu();
+}
+
+// Intended: unless a setting asks for it the menu is on no bar, and there is no way to its commands.
+void ImageManager::makeToolsMenu()
+{
+    auto *const menu = new QMenu(this);
+    placeActions(menu,
                  {"tool_graphics_editor"_L1, "tool_ocr"_L1, "tool_send"_L1, "tool_upload"_L1, "tool_configure"_L1});
+    if (!read_window_setting(WindowSetting::ToolsMenu, false).toBool())
+        return;
+    menu->setTitle(tr("&Tools"));
+    menuBar()->addMenu(menu);
 }
 
 void ImageManager::addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names)
@@ -266,13 +269,17 @@ void ImageManager::connectActions()
     connect(actions.value("file_save"_L1), &QAction::triggered, this, &ImageManager::file_save);
     connect(actions.value("file_save_as"_L1), &QAction::triggered, this, &ImageManager::file_save_as);
     connect(actions.value("file_save_all"_L1), &QAction::triggered, this, &ImageManager::file_save_all);
+    connect(actions.value("file_print"_L1), &QAction::triggered, this, &ImageManager::file_print);
     connect(actions.value("file_close"_L1), &QAction::triggered, this, &ImageManager::file_close);
     connect(actions.value("file_close_all"_L1), &QAction::triggered, this, &ImageManager::file_close_all);
     for (const EditCommand &command : EditCommands)
         connect(actions.value(command.name), &QAction::triggered, this, command.slot);
     connect(actions.value("image_properties"_L1), &QAction::triggered, this, &ImageManager::image_properties);
+    connect(actions.value("tool_graphics_editor"_L1), &QAction::triggered, this, &ImageManager::start_graphics_editor);
+    connect(actions.value("tool_ocr"_L1), &QAction::triggered, this, &ImageManager::start_OCR);
     connect(actions.value("tool_send"_L1), &QAction::triggered, this, &ImageManager::send);
     connect(actions.value("tool_upload"_L1), &QAction::triggered, this, &ImageManager::upload_ftp);
+    connect(actions.value("tool_configure"_L1), &QAction::triggered, this, &ImageManager::configure_tools);
     connect(actions.value("file_exit"_L1), &QAction::triggered, this, &QWidget::close);
     connect(actions.value("view_labels"_L1), &QAction::toggled, this, &ImageManager::view_show_labels);
     connect(actions.value("view_movable"_L1), &QAction::toggled, this, &ImageManager::view_movable_toolbars);
