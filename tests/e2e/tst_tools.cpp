@@ -1,0 +1,235 @@
+#include "ImageManagerProgram.h"
+#include "pictures.h"
+
+#include <QColorSpace>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+using Role = Accessible::Role;
+using State = Accessible::State;
+
+/// Pages leave the program for others: by the menu, by the keyboard, with real programs at the other end.
+class tst_tools : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void printSendsThePageToLpr_data();
+    void printSendsThePageToLpr();
+    void lprHasNothingOfOursOpen();
+    void jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns_data();
+    void jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns();
+    void toolsMenuOfTheMachinesSettingsIsOnTheBar();
+    void graphicsEditorGetsThePage();
+    void recogniserFindsTheWordsOfThePage();
+};
+
+namespace {
+
+/// A place with a stand-in for lpr, and settings.
+class ToolPlace : public Place
+{
+public:
+    ToolPlace()
+    {
+        // Copies its file and stays while there is a file "hold"; its own number and descriptors are left too.
+        write(
+            u"lpr"_s,
+            "#!/bin/sh\nd='" + QFile::encodeName(home())
+                + "'\ncp \"$1\" \"$d/printed.png\"\necho $# \"$1\" >\"$d/words\"\nls -l /proc/$$/fd >\"$d/open.new\"\n"
+                  "grep SigIgn /proc/$$/status >>\"$d/open.new\"\nmv \"$d/open.new\" \"$d/open\"\n"
+                  "while [ -e \"$d/hold\" ]; do sleep 0.05; done\n");
+        QFile(inHome(u"lpr"_s)).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    [[nodiscard]] QString inHome(const QString &name) const { return home() + '/'_L1 + name; }
+    void write(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(inHome(name));
+        if (!QDir().mkpath(QFileInfo(file).path()) || !file.open(QIODevice::WriteOnly)
+            || file.write(bytes) != bytes.size())
+            qFatal("cannot write a file");
+    }
+    [[nodiscard]] QByteArray bytes(const QString &name) const
+    {
+        QFile file(inHome(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    [[nodiscard]] bool has(const QString &name) const { return QFile::exists(inHome(name)); }
+    /// The file that lpr was given.
+    [[nodiscard]] QString printFile() const
+    {
+        return QString::fromUtf8(bytes(u"words"_s)).section(' '_L1, 1).trimmed();
+    }
+};
+
+void findLprIn(ImageManagerProgram &program, const ToolPlace &place)
+{
+    program.process().setEnvironment(u"PATH"_s, place.home() + ':'_L1 + qEnvironmentVariable("PATH"));
+}
+
+/// Opens a menu of the bar and clicks on one of its entries.
+bool choose(ImageManagerProgram &program, const QString &menuName, const QString &entry)
+{
+    const Accessible menu = program.application().find(Role::MenuBar).find(Role::MenuItem, menuName);
+    program.desktop().click(menu.extents().center());
+    if (!QTest::qWaitFor([&] { return program.menuEntry(menuName, entry).has(State::Showing); }, Program::patienceMs))
+        return false;
+    program.desktop().click(program.menuEntry(menuName, entry).extents().center());
+    return true;
+}
+
+/// Settings that put the tools on the bar, with commands of the test.
+QByteArray settings(const QByteArray &editor, const QByteArray &recogniser, const QByteArray &textEditor)
+{
+    return "[image_editor]\ntools_menu=true\n[scfgtools]\ngraphics_editor=" + editor + "\nOCR=" + recogniser
+        + "\ntext_editor=" + textEditor + "\n";
+}
+
+constexpr QSize roomy{1100, 700};
+
+} // namespace
+
+void tst_tools::printSendsThePageToLpr_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Ctrl+P") << true;
+    QTest::newRow("menu") << false;
+}
+
+void tst_tools::printSendsThePageToLpr()
+{
+    QFETCH(const bool, byKey);
+    const ToolPlace place;
+    ImageManagerProgram program(place);
+    findLprIn(program, place);
+    QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
+
+    if (byKey)
+        program.desktop().pressKey("p", {"Control_L"});
+    else
+        QVERIFY(choose(program, u"File"_s, u"Print"_s));
+
+    QTRY_VERIFY_WITH_TIMEOUT(place.has(u"open"_s), Program::patienceMs);
+    QCOMPARE(QImage(place.inHome(u"printed.png"_s)).convertToFormat(QImage::Format_RGB32),
+             patternedPage({100, 80}).convertToFormat(QImage::Format_RGB32));
+    QVERIFY(place.bytes(u"words"_s).startsWith("1 /tmp/file"));
+    QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(place.printFile()), Program::patienceMs);
+    QCOMPARE(program.statusText(), u"Printing..."_s);
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_tools::lprHasNothingOfOursOpen()
+{
+    const ToolPlace place;
+    ImageManagerProgram program(place);
+    findLprIn(program, place);
+    QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
+
+    program.desktop().pressKey("p", {"Control_L"});
+
+    QTRY_VERIFY_WITH_TIMEOUT(place.has(u"open"_s), Program::patienceMs);
+    const QByteArray open = place.bytes(u"open"_s);
+    static const QRegularExpression others(u" -> (socket|anon_inode|pipe|/memfd|.*\\.png)"_s);
+    QVERIFY2(!others.match(QString::fromUtf8(open)).hasMatch(), open.constData());
+    QVERIFY2(open.contains("SigIgn:\t0000000000000000"), open.constData());
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_tools::jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns_data()
+{
+    QTest::addColumn<bool>("killed");
+    QTest::newRow("window closed") << false;
+    QTest::newRow("program killed") << true;
+}
+
+void tst_tools::jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns()
+{
+    QFETCH(const bool, killed);
+    const ToolPlace place;
+    place.write(u"hold"_s, {});
+    ImageManagerProgram program(place);
+    findLprIn(program, place);
+    QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
+    program.desktop().pressKey("p", {"Control_L"});
+    QTRY_VERIFY_WITH_TIMEOUT(place.has(u"open"_s), Program::patienceMs);
+
+    if (killed) {
+        ::kill(static_cast<pid_t>(program.process().processId()), SIGKILL);
+        (void)program.process().waitForExit();
+        QVERIFY(!program.process().isRunning());
+    } else {
+        QCOMPARE(program.close(), 0);
+    }
+
+    QCOMPARE(QImage(place.printFile()), QImage(place.inHome(u"printed.png"_s)));
+    QVERIFY(QFile::remove(place.inHome(u"hold"_s)));
+    QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(place.printFile()), Program::patienceMs);
+}
+
+void tst_tools::toolsMenuOfTheMachinesSettingsIsOnTheBar()
+{
+    const ToolPlace place;
+    place.write(u"machine/Unknown Organization/imagemanager.conf"_s, "[image_editor]\ntools_menu=true\n");
+    ImageManagerProgram program(place);
+    program.process().setEnvironment(u"XDG_CONFIG_DIRS"_s, place.inHome(u"machine"_s));
+    QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
+
+    QCOMPARE(program.menuEntries(u"Tools"_s),
+             (QStringList{u"Graphics Editor"_s, u"OCR"_s, u"Send by E-mail..."_s, u"Upload by FTP..."_s,
+                          u"Configure Tools..."_s}));
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_tools::graphicsEditorGetsThePage()
+{
+    const ToolPlace place;
+    // By its full name, as other programs are called "convert" too.
+    place.write(u".config/Unknown Organization/imagemanager.conf"_s,
+                settings("convert-im6.q16 <BMP> ~/new.png && mv ~/new.png ~/edited.png", "true", "true"));
+    ImageManagerProgram program(place);
+    QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
+
+    QVERIFY(choose(program, u"Tools"_s, u"Graphics Editor"_s));
+
+    QTRY_VERIFY_WITH_TIMEOUT(place.has(u"edited.png"_s), Program::patienceMs);
+    QImage edited(place.inHome(u"edited.png"_s));
+    edited.setColorSpace({}); // the editor names one
+    QCOMPARE(edited.convertToFormat(QImage::Format_RGB32),
+             patternedPage({100, 80}).convertToFormat(QImage::Format_RGB32));
+    QVERIFY(place.has(u"gimp_input.bmp"_s));
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_tools::recogniserFindsTheWordsOfThePage()
+{
+    const ToolPlace place;
+    place.write(u".config/Unknown Organization/imagemanager.conf"_s,
+                settings("true", "gocr -i <PBM> -o <TXT>", "cp <TXT> ~/new && mv ~/new ~/read.txt"));
+    // Drawn by a program that has the letters, black on white.
+    const QString page = place.path(u"text.png"_s);
+    QCOMPARE(QProcess::execute(u"convert-im6.q16"_s,
+                               {u"-size"_s, u"900x200"_s, u"xc:white"_s, u"-font"_s, u"DejaVu-Sans"_s, u"-pointsize"_s,
+                                u"48"_s, u"-fill"_s, u"black"_s, u"-annotate"_s, u"+40+110"_s,
+                                u"Scanned letters become words"_s, page}),
+             0);
+    ImageManagerProgram program(place);
+    QVERIFY(program.open({page}, roomy));
+
+    QVERIFY(choose(program, u"Tools"_s, u"OCR"_s));
+
+    QTRY_VERIFY_WITH_TIMEOUT(place.has(u"read.txt"_s), Program::patienceMs);
+    const QByteArray text = place.bytes(u"read.txt"_s).simplified();
+    for (const char *const word : {"Scanned", "letters", "become", "words"})
+        QVERIFY2(text.contains(word), text.constData());
+    QCOMPARE(program.close(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_tools)
+#include "tst_tools.moc"
