@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ConfigureToolsDialog</name>
+    <message>
+        <source>Configure Tools</source>
+        <translation>Werkzeuge einrichten</translation>
+    </message>
+    <message>
+        <source>Graphics Editor</source>
+        <translation>Grafikeditor</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Command:</source>
+        <translation>Befehl des Grafikeditors:</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Input &lt;BMP&gt;:</source>
+        <translation>Eingabe des Grafikeditors &lt;BMP&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR</source>
+        <translation>Texterkennung</translation>
+    </message>
+    <message>
+        <source>OCR Command:</source>
+        <translation>Befehl der Texterkennung:</translation>
+    </message>
+    <message>
+        <source>OCR Input &lt;PBM&gt;:</source>
+        <translation>Eingabe der Texterkennung &lt;PBM&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR Output / Text Editor Input &lt;TXT&gt;):</source>
+        <translation>Ausgabe der Texterkennung / Eingabe des Texteditors &lt;TXT&gt;:</translation>
+    </message>
+    <message>
+        <source>Text Editor Command:</source>
+        <translation>Befehl des Texteditors:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>FtpForm</name>
     <message>
         <source>Upload Image by FTP</source>
@@ -818,6 +869,14 @@ Möchten Sie es speichern?</translation>
     <message>
         <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
         <translation>%1 enthält %2 Bilder, von denen nicht alle geöffnet sind. Was nicht geöffnet ist, kann nicht erhalten werden. Speichern?</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Druckt...</translation>
     </message>
 </context>
 <context>

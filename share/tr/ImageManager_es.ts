@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>ConfigureToolsDialog</name>
+    <message>
+        <source>Configure Tools</source>
+        <translation>Configurar herramientas</translation>
+    </message>
+    <message>
+        <source>Graphics Editor</source>
+        <translation>Editor gráfico</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Command:</source>
+        <translation>Orden del editor gráfico:</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Input &lt;BMP&gt;:</source>
+        <translation>Entrada del editor gráfico &lt;BMP&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR</source>
+        <translation>Reconocimiento de texto</translation>
+    </message>
+    <message>
+        <source>OCR Command:</source>
+        <translation>Orden del reconocimiento de texto:</translation>
+    </message>
+    <message>
+        <source>OCR Input &lt;PBM&gt;:</source>
+        <translation>Entrada del reconocimiento de texto &lt;PBM&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR Output / Text Editor Input &lt;TXT&gt;):</source>
+        <translation>Salida del reconocimiento / entrada del editor de texto &lt;TXT&gt;:</translation>
+    </message>
+    <message>
+        <source>Text Editor Command:</source>
+        <translation>Orden del editor de texto:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+</context>
+<context>
     <name>FtpForm</name>
     <message>
         <source>Upload Image by FTP</source>
@@ -818,6 +869,14 @@ No hay memoria suficiente para cargar el mapa de bits
     <message>
         <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
         <translation>%1 contiene %2 imágenes y no todas están abiertas. Lo que no está abierto no se puede conservar. ¿Guardar?</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Herramientas</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Imprimiendo...</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ConfigureToolsDialog</name>
+    <message>
+        <source>Configure Tools</source>
+        <translation>Configurer les outils</translation>
+    </message>
+    <message>
+        <source>Graphics Editor</source>
+        <translation>Éditeur graphique</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Command:</source>
+        <translation>Commande de l’éditeur graphique :</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Input &lt;BMP&gt;:</source>
+        <translation>Entrée de l’éditeur graphique &lt;BMP&gt; :</translation>
+    </message>
+    <message>
+        <source>OCR</source>
+        <translation>Reconnaissance de texte</translation>
+    </message>
+    <message>
+        <source>OCR Command:</source>
+        <translation>Commande de la reconnaissance de texte :</translation>
+    </message>
+    <message>
+        <source>OCR Input &lt;PBM&gt;:</source>
+        <translation>Entrée de la reconnaissance de texte &lt;PBM&gt; :</translation>
+    </message>
+    <message>
+        <source>OCR Output / Text Editor Input &lt;TXT&gt;):</source>
+        <translation>Sortie de la reconnaissance / entrée de l’éditeur de texte &lt;TXT&gt; :</translation>
+    </message>
+    <message>
+        <source>Text Editor Command:</source>
+        <translation>Commande de l’éditeur de texte :</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+</context>
+<context>
     <name>FtpForm</name>
     <message>
         <source>Upload Image by FTP</source>
@@ -818,6 +869,14 @@ Voulez-vous l&apos;enregistrer&#xa0;?</translation>
     <message>
         <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
         <translation>%1 contient %2 images, qui ne sont pas toutes ouvertes. Ce qui n&apos;est pas ouvert ne peut pas être conservé. Enregistrer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Outils</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Impression...</translation>
     </message>
 </context>
 <context>

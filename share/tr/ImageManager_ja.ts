@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>ConfigureToolsDialog</name>
+    <message>
+        <source>Configure Tools</source>
+        <translation>ツールの設定</translation>
+    </message>
+    <message>
+        <source>Graphics Editor</source>
+        <translation>グラフィックエディター</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Command:</source>
+        <translation>グラフィックエディターのコマンド:</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Input &lt;BMP&gt;:</source>
+        <translation>グラフィックエディターの入力 &lt;BMP&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR</source>
+        <translation>文字認識 (OCR)</translation>
+    </message>
+    <message>
+        <source>OCR Command:</source>
+        <translation>文字認識のコマンド:</translation>
+    </message>
+    <message>
+        <source>OCR Input &lt;PBM&gt;:</source>
+        <translation>文字認識の入力 &lt;PBM&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR Output / Text Editor Input &lt;TXT&gt;):</source>
+        <translation>文字認識の出力 / テキストエディターの入力 &lt;TXT&gt;:</translation>
+    </message>
+    <message>
+        <source>Text Editor Command:</source>
+        <translation>テキストエディターのコマンド:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+</context>
+<context>
     <name>FtpForm</name>
     <message>
         <source>Upload Image by FTP</source>
@@ -818,6 +869,14 @@ Do you want to save it?</source>
     <message>
         <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
         <translation>%1 には %2 枚の画像が含まれていますが、すべてが開かれているわけではありません。開かれていないものは残せません。保存しますか?</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>ツール(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>印刷しています...</translation>
     </message>
 </context>
 <context>

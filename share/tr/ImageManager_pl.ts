@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl" sourcelanguage="en">
 <context>
+    <name>ConfigureToolsDialog</name>
+    <message>
+        <source>Configure Tools</source>
+        <translation>Konfiguruj narzędzia</translation>
+    </message>
+    <message>
+        <source>Graphics Editor</source>
+        <translation>Edytor graficzny</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Command:</source>
+        <translation>Polecenie edytora graficznego:</translation>
+    </message>
+    <message>
+        <source>Graphics Editor Input &lt;BMP&gt;:</source>
+        <translation>Wejście edytora graficznego &lt;BMP&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR</source>
+        <translation>Rozpoznawanie tekstu</translation>
+    </message>
+    <message>
+        <source>OCR Command:</source>
+        <translation>Polecenie rozpoznawania tekstu:</translation>
+    </message>
+    <message>
+        <source>OCR Input &lt;PBM&gt;:</source>
+        <translation>Wejście rozpoznawania tekstu &lt;PBM&gt;:</translation>
+    </message>
+    <message>
+        <source>OCR Output / Text Editor Input &lt;TXT&gt;):</source>
+        <translation>Wyjście rozpoznawania / wejście edytora tekstu &lt;TXT&gt;:</translation>
+    </message>
+    <message>
+        <source>Text Editor Command:</source>
+        <translation>Polecenie edytora tekstu:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Pomoc</translation>
+    </message>
+</context>
+<context>
     <name>FtpForm</name>
     <message>
         <source>Upload Image by FTP</source>
@@ -818,6 +869,14 @@ Czy chcesz go zapisać?</translation>
     <message>
         <source>%1 holds %2 pictures, and not all of them are open. What is not open cannot be kept. Save?</source>
         <translation>Plik %1 zawiera więcej obrazów (%2) i nie wszystkie są otwarte. To, co nie jest otwarte, nie może zostać zachowane. Zapisać?</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Narzędzia</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Drukowanie...</translation>
     </message>
 </context>
 <context>
