@@ -140,5 +140,6 @@ void ImageManager::configure_tools()
     ConfigureToolsDialog dialog(this);
     dialog.setObjectName(u"cfg_tools_dlg"_s);
     letEventsThrough();
-    dialog.exec();
+    if (!isClosed())
+        dialog.exec();
 }
