@@ -3,6 +3,7 @@
 #include "bmp_file.h"
 #include "byte_reader.h"
 #include "gif_file.h"
+#include "icns_file.h"
 #include "jpeg_file.h"
 #include "mng_file.h"
 #include "tga_file.h"
@@ -73,6 +74,8 @@ Check checkFor(const QByteArray &start)
         return is_complete_bmp;
     if (start.startsWith("GIF8"))
         return is_complete_gif;
+    if (start.startsWith("icns"))
+        return is_complete_icns;
     if (start.startsWith("#define"))
         return isCompleteXbm;
     if (start.startsWith("\x8aMNG"))

@@ -6,7 +6,7 @@ class QIODevice;
 /// grey or black where pixels are missing; such a file must count as damaged before its page is saved
 /// over it.
 ///
-/// Looked at are JPEG, BMP, GIF, XBM, TGA and TIFF with a palette, told by their bytes. The decoders of
+/// Looked at are JPEG, BMP, GIF, ICNS, XBM, TGA and TIFF with a palette, told by their bytes. The decoders of
 /// the other formats find out themselves. Pictures of MNG must fit their canvas. What counts is whether the pixels are there: an end that is missing
 /// behind them does no harm. A file that is damaged in another way may pass.
 ///

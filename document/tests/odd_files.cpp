@@ -139,6 +139,12 @@ QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlp
     return riffChunk("RIFF", "WEBP" + head + riffChunk("ANIM", QByteArray(6, '\0')) + frame);
 }
 
+QByteArray icns_file(const QByteArray &codes)
+{
+    const qsizetype length = 8 + codes.size();
+    return "icns" + big32(8 + length) + "il32" + big32(length) + codes;
+}
+
 QByteArray run_length_bmp(int bits, const QList<QRgb> &colors, const QByteArray &codes)
 {
     return bmp_file(4, 2, bits, colors, codes).replace(30, 4, little32(bits == 8 ? 1 : 2));
@@ -156,6 +162,7 @@ QList<OddFile> odd_files()
                {"tga of 16 bits", tga_file({.bits = 16, .pixels = words}), u"tga"_s},
                {"tga without pixels", tga_file({.width = 40, .height = 30}), u"tga"_s},
                {"small picture on a canvas", animated_webp(solidPage({4, 3}, red), 2, 2, false), {}},
+               {"icon without its last codes", icns_file(QByteArray("\xfd\x11", 2).repeated(20)), {}},
                {"gif without its end", small_gif().chopped(2), {}},
                {"jpeg without its end", encoded(patternedPage({40, 30}), "jpg").chopped(2), {}},
            }

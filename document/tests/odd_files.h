@@ -27,6 +27,9 @@ struct Tga
 /// An animation of one picture, @p left and @p top within a canvas of 8 by 6 pixels.
 [[nodiscard]] QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlpha);
 
+/// Icons of 32 by 32 pixels whose colours are coded one after the other.
+[[nodiscard]] QByteArray icns_file(const QByteArray &codes);
+
 /// A BMP of 4 by 2 pixels in three colours by run lengths.
 /// @param bits  8 or 4
 [[nodiscard]] QByteArray run_length_bmp(int bits, const QList<QRgb> &colors, const QByteArray &codes);

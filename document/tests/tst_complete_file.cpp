@@ -1,5 +1,6 @@
 #include "complete_file.h"
 #include "image_files.h"
+#include "odd_files.h"
 #include "pictures.h"
 
 #include <QBuffer>
@@ -61,6 +62,8 @@ private slots:
     void bmpIsJudgedByItsRows();
     void gifIsJudgedByItsFirstPicture_data();
     void gifIsJudgedByItsFirstPicture();
+    void icnsIsJudgedByItsBlocksAndCodes_data();
+    void icnsIsJudgedByItsBlocksAndCodes();
     void xbmIsJudgedByItsNumbers_data();
     void xbmIsJudgedByItsNumbers();
     void tiffIsJudgedByItsColorMap_data();
@@ -205,6 +208,38 @@ void tst_complete_file::gifIsJudgedByItsFirstPicture_data()
 }
 
 void tst_complete_file::gifIsJudgedByItsFirstPicture()
+{
+    QFETCH(const QByteArray, bytes);
+
+    QTEST(isComplete(bytes), "complete");
+}
+
+void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("complete");
+
+    // Of 1024 pixels a colour, 128 a run: 0xfd is 125 more than the shortest run of three.
+    const QByteArray color = QByteArray("\xfd\x11", 2).repeated(8);
+    const QByteArray codes = color + color + color;
+    QTest::newRow("three colours") << icns_file(codes) << true;
+    QTest::newRow("with a number before them") << icns_file(QByteArray(4, '\0') + codes) << true;
+    QTest::newRow("pixels as they are") << icns_file((QByteArray("\x7f", 1) + QByteArray(128, 'x')).repeated(24))
+                                        << true;
+    QTest::newRow("without the last run") << icns_file(codes.chopped(2)) << false;
+    QTest::newRow("without the value of the last run") << icns_file(codes.chopped(1)) << false;
+    QTest::newRow("two colours") << icns_file(color + color + codes.first(2)) << false;
+    QTest::newRow("four bytes a pixel") << icns_file(QByteArray(4096, 'x')) << true;
+    QTest::newRow("block beyond the file") << icns_file(codes).chopped(1) << false;
+    QTest::newRow("block beyond the told end") << icns_file(codes).replace(4, 4, big32(20)) << false;
+    QTest::newRow("header alone") << QByteArray("icns") + big32(8) << true;
+    QTest::newRow("half a header") << QByteArray("icns\0\0", 6) << false;
+    const QByteArray whole = encoded(patternedPage({32, 32}), "icns");
+    QTest::newRow("of the toolkit") << whole << true;
+    QTest::newRow("of the toolkit, cut") << whole.chopped(1) << false;
+}
+
+void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes()
 {
     QFETCH(const QByteArray, bytes);
 
