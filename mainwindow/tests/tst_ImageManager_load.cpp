@@ -4,6 +4,7 @@
 #include "WindowFixture.h"
 
 #include <QAccessible>
+#include <QDataStream>
 #include <QFile>
 #include <QFileInfo>
 #include <QTabBar>
@@ -38,6 +39,48 @@ QString multipage_file(const WindowFixture &fixture)
     return path;
 }
 
+/// Writes a TIFF file of 8 by 8 white pixels that the multi-page reader takes, or one with another tag in the
+/// place of the horizontal resolution.
+QString small_tiff(const WindowFixture &fixture, bool hasXResolution)
+{
+    constexpr quint16 Short = 3, Long = 4, Rational = 5;
+    constexpr quint32 Pixels = 8, Resolution = 16, Directory = 24;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream << quint16{0x4949} << quint16{42} << Directory << quint64{0} // the pixels, 0 being white
+           << quint32{100} << quint32{1};
+    struct Entry
+    {
+        quint16 tag;
+        quint16 type;
+        quint32 value;
+    };
+    const Entry xResolution = hasXResolution ? Entry{282, Rational, Resolution} : Entry{281, Short, 1};
+    const QList<Entry> entries{{256, Short, 8},
+                               {257, Short, 8},
+                               {258, Short, 1},
+                               {259, Short, 1},
+                               {262, Short, 0},
+                               {273, Long, Pixels},
+                               {277, Short, 1},
+                               {278, Short, 8},
+                               {279, Long, 8},
+                               xResolution,
+                               {283, Rational, Resolution},
+                               {284, Short, 1},
+                               {296, Short, 2}};
+    stream << static_cast<quint16>(entries.size());
+    for (const Entry &entry : entries)
+        stream << entry.tag << entry.type << quint32{1} << entry.value;
+    stream << quint32{0};
+
+    QFile file(fixture.home.filePath(u"small.tif"_s));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot make %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
 } // namespace
 
 class tst_ImageManager_load : public QObject
@@ -68,6 +111,20 @@ private slots:
         QCOMPARE(tabs->child(0)->text(QAccessible::Name), u"a&b && c.png"_s);
         fixture.currentView()->document()->setModified(true);
         QCOMPARE(tabs->child(0)->text(QAccessible::Name), u"a&b && c.png*"_s);
+    }
+
+    void aTiffWithoutAHorizontalResolutionIsToldOfInABox()
+    {
+        WindowFixture fixture;
+        QVERIFY(fixture.window.load_file(small_tiff(fixture, true), u"TIFF"_s, false));
+        QCOMPARE(fixture.tabs()->count(), 1);
+        const NextBox box(QMessageBox::Ok);
+
+        QVERIFY(!fixture.window.load_file(small_tiff(fixture, false), u"TIFF"_s, false));
+
+        QCOMPARE(box.title(), u"Load failed"_s);
+        QCOMPARE(box.text(), u"Error loading file"_s);
+        QCOMPARE(fixture.tabs()->count(), 1);
     }
 
     void theSameFileTwiceIsTwoTabsWithEqualTitles()

@@ -20,10 +20,7 @@ constexpr auto Executable = IM_PROGRAM;
 
 void SingleInstanceTest::init()
 {
-    const passwd *const user = ::getpwuid(::getuid());
-    m_selection = '_' + QByteArray(Executable) + (user ? user->pw_name : "");
-    std::ranges::replace_if(
-        m_selection, [](char c) { return c <= ' ' || c > '~'; }, '_');
+    m_selection = selectionOf(::getuid());
     QTRY_COMPARE(owner(), XWindowId{0}); // the server has noticed the end of the test before
 }
 
@@ -33,6 +30,15 @@ std::optional<int> SingleInstanceTest::startAgain(const Place &place, const QStr
     program.setHome(place.home());
     program.unsetEnvironment(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s);
     return program.start(arguments) ? program.waitForExit() : std::nullopt;
+}
+
+QByteArray SingleInstanceTest::selectionOf(uid_t user)
+{
+    const passwd *const entry = ::getpwuid(user);
+    QByteArray name = '_' + QByteArray(Executable) + (entry ? entry->pw_name : "");
+    std::ranges::replace_if(
+        name, [](char c) { return c <= ' ' || c > '~'; }, '_');
+    return name;
 }
 
 void SingleInstanceTest::writeMessage(const QByteArray &text)

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <sys/types.h>
 
 using XWindowId = XPeer::Window;
 
@@ -24,6 +25,8 @@ protected:
     /// A start that hands its arguments over, quicker for want of assistive technology. Answers its status.
     [[nodiscard]] static std::optional<int> startAgain(const Place &place, const QStringList &arguments);
 
+    /// Name of the selection by which the instances of a user know each other.
+    [[nodiscard]] static QByteArray selectionOf(uid_t user);
     [[nodiscard]] XWindowId owner() const { return m_peer.owner(m_selection); }
     /// Puts a message's property on the owner's window as another client would.
     void writeMessage(const QByteArray &text);

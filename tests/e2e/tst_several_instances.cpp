@@ -1,11 +1,14 @@
 #include "bad_files.h"
 #include "ImageManagerProgram.h"
+#include "pictures.h"
 #include "SingleInstanceTest.h"
 #include "XPeer.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -14,6 +17,9 @@
 #include <memory>
 #include <vector>
 
+#include <grp.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
@@ -21,6 +27,46 @@ using State = Accessible::State;
 namespace {
 
 constexpr auto Executable = IM_PROGRAM;
+constexpr uid_t Nobody = 65534;
+
+/// A home that belongs to another user, where that user can get at it: the directories of the tests are private.
+class HomeOfNobody
+{
+public:
+    HomeOfNobody()
+    {
+        if (::chown(QFile::encodeName(directory.path()), Nobody, Nobody) != 0)
+            qFatal("no home for another user");
+    }
+
+    [[nodiscard]] QString page(const QString &name) const
+    {
+        QString path = directory.filePath(name);
+        if (!patternedPage({40, 30}).save(path) || ::chown(QFile::encodeName(path), Nobody, Nobody) != 0)
+            qFatal("no page for another user");
+        return path;
+    }
+
+    /// Starts the program under test as the other user.
+    void start(QProcess &process, const QStringList &arguments) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const QString &name : {u"HOME"_s, u"TMPDIR"_s, u"XDG_RUNTIME_DIR"_s})
+            environment.insert(name, directory.path());
+        environment.remove(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s);
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(directory.path());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.setChildProcessModifier([] {
+            if (::setgroups(0, nullptr) != 0 || ::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)
+                ::_exit(1);
+        });
+        process.start(QString::fromLatin1(Executable), arguments);
+    }
+
+private:
+    QTemporaryDir directory{u"/tmp/another-user-XXXXXX"_s};
+};
 
 } // namespace
 
@@ -31,6 +77,7 @@ class tst_several_instances : public SingleInstanceTest
 
 private slots:
     void startByAnotherPathIsAnotherApplication();
+    void startByAnotherUserIsAnotherApplication();
     void killedOwnerLeavesNothingBehind();
     void twoStartsAtTheSameMomentLoseNoFile();
     void endOfTheOwnerPassesTheSelectionOn();
@@ -59,6 +106,32 @@ void tst_several_instances::startByAnotherPathIsAnotherApplication()
 
     QCOMPARE(first.tabTitles(), QStringList(u"a.bmp"_s));
     QCOMPARE(another.tabTitles(), QStringList(u"b.bmp"_s));
+}
+
+void tst_several_instances::startByAnotherUserIsAnotherApplication()
+{
+    if (::geteuid() != 0)
+        QSKIP("only root can start a program as another user");
+    const Place place;
+    ImageManagerProgram first(place);
+    QVERIFY(first.open({place.page(u"a.bmp"_s)}));
+    const HomeOfNobody home;
+
+    QProcess other;
+    home.start(other, {home.page(u"b.bmp"_s)});
+    if (!other.waitForStarted())
+        QSKIP("another user cannot get at the program");
+    QTRY_VERIFY_WITH_TIMEOUT(m_peer.owner(selectionOf(Nobody)) != 0, Program::patienceMs);
+    QVERIFY(m_peer.owner(selectionOf(Nobody)) != owner());
+    QProcess further; // knows its own user's instance
+    home.start(further, {home.page(u"c.bmp"_s)});
+
+    QVERIFY(further.waitForFinished(Program::patienceMs));
+    QCOMPARE(further.exitCode(), 0);
+    QCOMPARE(other.state(), QProcess::Running);
+    QCOMPARE(first.tabTitles(), QStringList(u"a.bmp"_s));
+    other.terminate();
+    QVERIFY(other.waitForFinished(Program::patienceMs));
 }
 
 void tst_several_instances::killedOwnerLeavesNothingBehind()

@@ -86,9 +86,9 @@ Failure enter_user_namespace(int namespaces)
     const QByteArray group = QByteArray::number(::getegid());
     if (::unshare(namespaces | CLONE_NEWUSER) != 0)
         return failure_of("user namespace");
-    if (const Failure failure = write_own_file("/proc/self/setgroups", "deny"); !failure.isEmpty())
+    if (Failure failure = write_own_file("/proc/self/setgroups", "deny"); !failure.isEmpty())
         return failure;
-    if (const Failure failure = write_own_file("/proc/self/uid_map", user + ' ' + user + " 1"); !failure.isEmpty())
+    if (Failure failure = write_own_file("/proc/self/uid_map", user + ' ' + user + " 1"); !failure.isEmpty())
         return failure;
     return write_own_file("/proc/self/gid_map", group + ' ' + group + " 1");
 }
@@ -121,7 +121,7 @@ Failure keep_mounts_to_oneself()
     if (::chroot(lowerRoot.path()) != 0)
         return failure_of("change of the root directory");
     const bool isCut = climb_from(root.value()) && ::mount("none", ".", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-    const Failure failure = isCut ? Failure() : failure_of("mounts of its own");
+    Failure failure = isCut ? Failure() : failure_of("mounts of its own");
     if (::fchdir(root.value()) != 0 || ::chroot(".") != 0 || ::fchdir(place.value()) != 0)
         return failure_of("way back to the root directory");
     return failure;
@@ -140,14 +140,14 @@ Failure leave_mounts_plainly()
 {
     if (::unshare(CLONE_NEWNS) != 0)
         return failure_of("mount namespace");
-    const Failure failure = keep_mounts_to_oneself();
+    Failure failure = keep_mounts_to_oneself();
     return failure.isEmpty() ? try_a_mount() : failure;
 }
 
 /// Mounts in a namespace of another user reach nobody else from the start.
 Failure leave_mounts_as_user()
 {
-    const Failure failure = enter_user_namespace(CLONE_NEWNS);
+    Failure failure = enter_user_namespace(CLONE_NEWNS);
     return failure.isEmpty() ? try_a_mount() : failure;
 }
 
@@ -167,7 +167,7 @@ Failure leave_network_plainly()
 
 Failure leave_network_as_user()
 {
-    const Failure failure = enter_user_namespace(CLONE_NEWNET);
+    Failure failure = enter_user_namespace(CLONE_NEWNET);
     return failure.isEmpty() ? raise_loopback() : failure;
 }
 
