@@ -67,8 +67,8 @@ bool ImageManager::openFiles(const QStringList &args)
             path = args.at(++i);
         const LoadOutcome outcome = openFile(path, QString(), temporary);
         anyOpened = isOpened(outcome) || anyOpened;
-        // Where there is no other copy of what is in it, the file stays.
-        if (temporary && outcome != LoadOutcome::CopyFailed && outcome != LoadOutcome::CopiedOntoItself)
+        // Where there is no other copy of what is in it, or nobody can have seen it, the file stays.
+        if (temporary && !closed && outcome != LoadOutcome::CopyFailed && outcome != LoadOutcome::CopiedOntoItself)
             QFile::remove(path);
     }
     return anyOpened;

@@ -288,6 +288,18 @@ private slots:
         QVERIFY(QFile::exists(second));
     }
 
+    void aTemporaryFileStaysIfTheWindowIsClosedWhileItOpens()
+    {
+        WindowFixture fixture;
+        const QString scan = fixture.file(u"scan.png"_s);
+        const Once closing([&] { return fixture.tabs()->count() == 1; }, [&] { QVERIFY(fixture.window.close()); });
+
+        fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
+
+        QVERIFY(!fixture.window.isVisible());
+        QVERIFY(QFile::exists(scan));
+    }
+
     void aFileThatCameWhileTheWindowWasBuiltKeepsTheProgramUp()
     {
         WindowFixture fixture;
