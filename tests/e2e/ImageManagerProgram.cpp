@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
@@ -57,6 +59,15 @@ std::optional<int> ImageManagerProgram::close()
     return m_program.waitForExit();
 }
 
+void ImageManagerProgram::pressReturnAndClose(WindowId mainWindow)
+{
+    const auto process = static_cast<pid_t>(m_program.processId());
+    ::kill(process, SIGSTOP);
+    m_desktop.pressKey("Return");
+    m_desktop.close(mainWindow);
+    ::kill(process, SIGCONT);
+}
+
 MessageBox ImageManagerProgram::answer(const QString &button)
 {
     MessageBox box = m_program.waitForMessageBox();
@@ -76,12 +87,25 @@ bool ImageManagerProgram::choose(const QString &menu, const QString &entry)
     return true;
 }
 
+bool ImageManagerProgram::askToInvert()
+{
+    const auto entry = [this] { return menuEntry(u"Image"_s, u"Invert"_s); };
+    const auto isAsked = [this] {
+        const WindowId active = m_desktop.activeWindow();
+        return active != 0 && m_desktop.title(active) == "Invert"_L1;
+    };
+    m_desktop.click(application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
+    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
+        return false;
+    m_desktop.click(entry().extents().center());
+    return QTest::qWaitFor(isAsked, Program::patienceMs);
+}
+
 bool ImageManagerProgram::invert()
 {
     const QString marked = currentTab() + u'*';
     const auto button = [this] { return application().find(Role::Dialog, u"Invert"_s).find(Role::Button, u"OK"_s); };
-    return choose(u"Image"_s, u"Invert"_s)
-        && QTest::qWaitFor([&] { return button().has(State::Showing); }, Program::patienceMs) && button().press()
+    return askToInvert() && button().press()
         && QTest::qWaitFor([&] { return currentTab() == marked; }, Program::patienceMs);
 }
 

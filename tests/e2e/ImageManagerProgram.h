@@ -51,12 +51,17 @@ public:
     [[nodiscard]] bool open(const QStringList &paths, QSize windowSize);
     /// Closes the window by the window manager and answers the exit status.
     [[nodiscard]] std::optional<int> close();
+    /// Presses Return and, right behind it, the close button of the main window, which has been looked up before. The
+    /// program finds both when it looks.
+    void pressReturnAndClose(WindowId mainWindow);
     /// Waits for a message box, presses a button and answers what the box said once it has gone.
     [[nodiscard]] MessageBox answer(const QString &button);
 
     [[nodiscard]] WindowId window() { return m_program.waitForWindow(QStringLiteral("Image Manager")); }
     /// Opens a menu of the bar and clicks on one of its entries.
     [[nodiscard]] bool choose(const QString &menu, const QString &entry);
+    /// Opens the dialog that inverts the page, by the menu, and waits until it has the keyboard.
+    [[nodiscard]] bool askToInvert();
     /// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
     [[nodiscard]] bool invert();
 

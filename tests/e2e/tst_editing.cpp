@@ -21,6 +21,7 @@ private slots:
     void selectionIsCroppedAndUndoBringsThePageBack();
     void changedPageIsSavedUnderAnotherName();
     void closingAChangedPageAsks();
+    void closingRightBehindTheKeyThatAcceptsADialogEndsTheProgram();
 };
 
 namespace {
@@ -183,6 +184,19 @@ void tst_editing::closingAChangedPageAsks()
     QTRY_COMPARE(program.tabTitles(), QStringList());
     QVERIFY(comparePictures(QImageReader(place.path(u"a.png"_s)).read().convertToFormat(QImage::Format_RGB32),
                             inverted(patternedPage(pageSize))));
+}
+
+void tst_editing::closingRightBehindTheKeyThatAcceptsADialogEndsTheProgram()
+{
+    const Place place;
+    ImageManagerProgram program(place);
+    QVERIFY(program.open({place.page(u"a.png"_s, pageSize)}, roomy));
+    const WindowId window = program.window();
+    QVERIFY(program.askToInvert());
+
+    program.pressReturnAndClose(window);
+
+    QCOMPARE(program.process().waitForExit(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_editing)

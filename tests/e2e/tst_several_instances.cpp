@@ -233,12 +233,7 @@ void tst_several_instances::ownerThatIsClosedBehindABoxPassesTheSelectionOn()
     QCOMPARE(second.process().waitForMessageBox().title, u"Load failed"_s);
     QTRY_VERIFY(second.desktop().activeWindow() != 0 && second.desktop().activeWindow() != window);
 
-    // The program finds both when it looks: the key, and the close button right behind it.
-    const auto process = static_cast<pid_t>(second.process().processId());
-    ::kill(process, SIGSTOP);
-    second.desktop().pressKey("Return");
-    second.desktop().close(window);
-    ::kill(process, SIGCONT);
+    second.pressReturnAndClose(window);
 
     QCOMPARE(second.process().waitForExit(), 0);
     QTRY_COMPARE(owner(), heir);
