@@ -1,5 +1,6 @@
 // Opening and saving, against the toolkit's own calls and against other programs.
 
+#include "flushes.h"
 #include "measured_pages.h"
 #include "plain_ways.h"
 #include "Row.h"
@@ -57,9 +58,11 @@ QImage loadLargePage(const Surroundings &surroundings)
     return load_page(32, surroundings);
 }
 
-Side saveSide(const QString &format, const LoadPage &load)
+/// @param flushed  to the disk
+Side saveSide(const QString &format, const LoadPage &load, bool flushed = false)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        let_files_be_flushed(flushed);
         const auto document = std::make_shared<ImageDocument>(QString(), QString());
         if (!document->addPage(load(surroundings)))
             qFatal("the document refused the page");
@@ -87,9 +90,10 @@ Side plainSaveSide(const QString &name, const LoadPage &load, const WritePage &w
 }
 
 /// The bytes of the page's TIFF file.
-Side tiffBytesSide()
+Side tiffBytesSide(bool flushed = false)
 {
-    const auto prepare = [](const Surroundings &surroundings) -> Round {
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        let_files_be_flushed(flushed);
         const auto files = std::make_shared<NewFiles>();
         QFile file(files->next());
         if (!save_tiff_plainly(file.fileName(), load_page(32, surroundings)) || !file.open(QIODevice::ReadOnly))
@@ -99,7 +103,7 @@ Side tiffBytesSide()
             return timed([&] { return write_bytes(path, bytes); });
         };
     };
-    return {u"write(2)"_s, Side::OwnProcess, prepare};
+    return {flushed ? u"write(2) + fsync(2)"_s : u"write(2)"_s, Side::OwnProcess, prepare};
 }
 
 Row saveRow(int number, const QString &format)
@@ -186,5 +190,9 @@ QList<Row> file_rows()
         saveRow(61, u"PNG"_s),
         saveRow(62, u"JPEG"_s),
         saveRow(63, u"BMP"_s),
+        {64,
+         u"save TIFF to the disk"_s,
+         {{u"write(2) + fsync(2)"_s, Bar::SecondsRatio, 1.3, saveSide(u"TIFF"_s, loadLargePage, true),
+           tiffBytesSide(true)}}},
     };
 }

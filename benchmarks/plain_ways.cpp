@@ -103,7 +103,8 @@ bool write_bytes(const QString &path, const QByteArray &bytes)
             break;
         done += count;
     }
-    return ::close(file) == 0 && done == bytes.size();
+    const bool isFlushed = ::fsync(file) == 0;
+    return ::close(file) == 0 && isFlushed && done == bytes.size();
 }
 
 bool save_tiff_plainly(const QString &path, const QImage &page)

@@ -20,7 +20,8 @@
 [[nodiscard]] QImage turned_mono_plainly(const QImage &page);
 [[nodiscard]] QImage scaled_mono_plainly(const QImage &page, double factor);
 
-/// Opens a new file, gives it the bytes by one write(2) after the other, and closes it.
+/// Opens a new file, gives it the bytes by one write(2) after the other, flushes it where flushes.h lets it, and closes
+/// it.
 [[nodiscard]] bool write_bytes(const QString &path, const QByteArray &bytes);
 
 /// A TIFF file of one page of 32 bits, by a loop over its scan lines and with the library's own buffers.
