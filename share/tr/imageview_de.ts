@@ -21,6 +21,19 @@
         <source>The pages that are not open cannot be kept.</source>
         <translation>Die Seiten, die nicht geöffnet sind, können nicht erhalten werden.</translation>
     </message>
+    <message>
+        <source>This is no plain file.</source>
+        <translation>Dies ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>A file of this format cannot be larger than %1.</source>
+        <extracomment>%1 is a size in bytes, such as &quot;4 GiB&quot;</extracomment>
+        <translation>Eine Datei dieses Formats kann nicht größer als %1 sein.</translation>
+    </message>
+    <message>
+        <source>An image of %1 x %2 pixels cannot be saved in format &lt;%3&gt; at its size.</source>
+        <translation>Ein Bild von %1 x %2 Pixeln kann im Format &lt;%3&gt; nicht in seiner Größe gespeichert werden.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

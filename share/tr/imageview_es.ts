@@ -21,6 +21,19 @@
         <source>The pages that are not open cannot be kept.</source>
         <translation>Las páginas que no están abiertas no se pueden conservar.</translation>
     </message>
+    <message>
+        <source>This is no plain file.</source>
+        <translation>No es un archivo normal.</translation>
+    </message>
+    <message>
+        <source>A file of this format cannot be larger than %1.</source>
+        <extracomment>%1 is a size in bytes, such as &quot;4 GiB&quot;</extracomment>
+        <translation>Un archivo de este formato no puede ser mayor de %1.</translation>
+    </message>
+    <message>
+        <source>An image of %1 x %2 pixels cannot be saved in format &lt;%3&gt; at its size.</source>
+        <translation>Una imagen de %1 x %2 píxeles no se puede guardar en formato &lt;%3&gt; a su tamaño.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

@@ -21,6 +21,19 @@
         <source>The pages that are not open cannot be kept.</source>
         <translation>Les pages qui ne sont pas ouvertes ne peuvent pas être conservées.</translation>
     </message>
+    <message>
+        <source>This is no plain file.</source>
+        <translation>Ce n’est pas un fichier ordinaire.</translation>
+    </message>
+    <message>
+        <source>A file of this format cannot be larger than %1.</source>
+        <extracomment>%1 is a size in bytes, such as &quot;4 GiB&quot;</extracomment>
+        <translation>Un fichier de ce format ne peut pas dépasser %1.</translation>
+    </message>
+    <message>
+        <source>An image of %1 x %2 pixels cannot be saved in format &lt;%3&gt; at its size.</source>
+        <translation>Une image de %1 x %2 pixels ne peut pas être enregistrée à sa taille au format &lt;%3&gt;.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

@@ -21,6 +21,19 @@
         <source>The pages that are not open cannot be kept.</source>
         <translation>開かれていないページは残せません。</translation>
     </message>
+    <message>
+        <source>This is no plain file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>A file of this format cannot be larger than %1.</source>
+        <extracomment>%1 is a size in bytes, such as &quot;4 GiB&quot;</extracomment>
+        <translation>この形式のファイルは %1 を超えることができません。</translation>
+    </message>
+    <message>
+        <source>An image of %1 x %2 pixels cannot be saved in format &lt;%3&gt; at its size.</source>
+        <translation>%1 x %2 ピクセルの画像は、その大きさのまま形式 &lt;%3&gt; で保存できません。</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>

@@ -21,6 +21,19 @@
         <source>The pages that are not open cannot be kept.</source>
         <translation>Stron, które nie są otwarte, nie można zachować.</translation>
     </message>
+    <message>
+        <source>This is no plain file.</source>
+        <translation>To nie jest zwykły plik.</translation>
+    </message>
+    <message>
+        <source>A file of this format cannot be larger than %1.</source>
+        <extracomment>%1 is a size in bytes, such as &quot;4 GiB&quot;</extracomment>
+        <translation>Plik w tym formacie nie może być większy niż %1.</translation>
+    </message>
+    <message>
+        <source>An image of %1 x %2 pixels cannot be saved in format &lt;%3&gt; at its size.</source>
+        <translation>Obrazu o wymiarach %1 x %2 pikseli nie można zapisać w formacie &lt;%3&gt; w jego rozmiarze.</translation>
+    </message>
 </context>
 <context>
     <name>ImageFileDialog</name>
