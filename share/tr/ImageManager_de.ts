@@ -979,6 +979,15 @@ Möchten Sie es speichern?</translation>
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ist bereits vorhanden.
+Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
     <name>Smtp</name>
     <message>
         <source>The attached file cannot be read.</source>

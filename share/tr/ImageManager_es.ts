@@ -979,6 +979,15 @@ No hay memoria suficiente para cargar el mapa de bits
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ya existe.
+¿Desea reemplazarlo?</translation>
+    </message>
+</context>
+<context>
     <name>Smtp</name>
     <message>
         <source>The attached file cannot be read.</source>

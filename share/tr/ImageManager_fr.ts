@@ -979,6 +979,15 @@ Voulez-vous l&apos;enregistrer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 existe déjà.
+Voulez-vous le remplacer&#xa0;?</translation>
+    </message>
+</context>
+<context>
     <name>Smtp</name>
     <message>
         <source>The attached file cannot be read.</source>

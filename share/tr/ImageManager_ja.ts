@@ -979,6 +979,15 @@ Do you want to save it?</source>
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 はすでに存在します。
+置き換えますか?</translation>
+    </message>
+</context>
+<context>
     <name>Smtp</name>
     <message>
         <source>The attached file cannot be read.</source>

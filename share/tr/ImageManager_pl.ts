@@ -979,6 +979,15 @@ Czy chcesz go zapisać?</translation>
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 już istnieje.
+Czy chcesz go zastąpić?</translation>
+    </message>
+</context>
+<context>
     <name>Smtp</name>
     <message>
         <source>The attached file cannot be read.</source>
