@@ -1,0 +1,183 @@
+#include "FtpServer.h"
+#include "ImageManagerProgram.h"
+#include "private_namespaces.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSettings>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Role = Accessible::Role;
+using State = Accessible::State;
+
+// The upload as a user makes it, with the keyboard, to port 21 of a network that this program and the one under test
+// have to themselves.
+
+namespace {
+
+constexpr QSize roomy{1100, 700};
+constexpr auto FormTitle = "Upload Image by FTP"_L1;
+
+/// The program with a page open and the form of the upload on show.
+class FormOnShow
+{
+public:
+    explicit FormOnShow(QSize pageSize = {100, 80}) : program(place)
+    {
+        writeSettings();
+        isReady = program.open({place.page(u"page.bmp"_s, pageSize)}, roomy) && choose()
+            && QTest::qWaitFor([this] { return control(Role::Button, u"Close"_s).has(State::Showing); },
+                               Program::patienceMs);
+    }
+
+    [[nodiscard]] Accessible form() { return program.application().find(Role::Dialog, FormTitle); }
+    [[nodiscard]] Accessible control(Role role, const QString &name) { return form().find(role, name); }
+    [[nodiscard]] bool isOpen() { return !form().isNull(); }
+
+    void type(const QString &text)
+    {
+        for (const QChar character : text) {
+            const QByteArray key = character == u'/' ? "slash"_ba
+                : character == u'.'                  ? "period"_ba
+                                                     : QString(character).toLatin1();
+            program.desktop().pressKey(key);
+        }
+    }
+    void press(const char *key, const QList<const char *> &held = {}) { program.desktop().pressKey(key, held); }
+
+    void click(const Accessible &shown) { program.desktop().click(shown.extents().center()); }
+    [[nodiscard]] QString activeTitle() { return program.desktop().title(program.desktop().activeWindow()); }
+
+    /// Saves the page from the form.
+    [[nodiscard]] bool saveAs(const QString &name)
+    {
+        click(control(Role::Button, u"Save As..."_s));
+        if (!QTest::qWaitFor([this] { return activeTitle() == "Save File As"_L1; }, Program::patienceMs))
+            return false;
+        type(name);
+        press("Return");
+        return QTest::qWaitFor([this] { return control(Role::Button, u"Upload"_s).has(State::Enabled); },
+                               Program::patienceMs);
+    }
+
+    [[nodiscard]] QString savedFile(const QString &name) const { return place.home() + u'/' + name; }
+
+    Place place;
+    ImageManagerProgram program;
+    bool isReady = false;
+
+private:
+    [[nodiscard]] bool choose()
+    {
+        const auto entry = [this] { return program.menuEntry(u"Tools"_s, u"Upload by FTP..."_s); };
+        click(program.application().find(Role::MenuBar).find(Role::MenuItem, u"Tools"_s));
+        if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
+            return false;
+        click(entry());
+        return true;
+    }
+
+    void writeSettings() const
+    {
+        QSettings settings(place.home() + u"/.config/Unknown Organization/imagemanager.conf"_s, QSettings::IniFormat);
+        settings.setValue(u"image_editor/tools_menu"_s, true);
+    }
+};
+
+} // namespace
+
+class tst_upload : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyControlHasAName();
+    void pageIsUploadedByTheKeyboard();
+    void refusalIsShownAndItsBoxMayBeClosedByTheWindowManager();
+    void stalledUploadShowsItsProgressAndIsClosed();
+};
+
+void tst_upload::everyControlHasAName()
+{
+    FormOnShow shown;
+    QVERIFY(shown.isReady);
+
+    const QList<Accessible> nameless = shown.form().findAll([](const Accessible &control) {
+        return control.has(State::Showing) && control.name().isEmpty() && control.role() != Role::Filler
+            && control.role() != Role::Label;
+    });
+
+    QVERIFY2(nameless.isEmpty(), qPrintable(shown.form().tree()));
+}
+
+void tst_upload::pageIsUploadedByTheKeyboard()
+{
+    FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
+    FormOnShow shown;
+    QVERIFY(shown.isReady);
+
+    shown.type(u"127.0.0.1"_s);
+    QVERIFY(shown.saveAs(u"sent.png"_s));
+    shown.press("u", {"Alt_L"});
+    QVERIFY(QTest::qWaitFor([&] { return !shown.isOpen(); }, Program::patienceMs));
+
+    QFile file(shown.savedFile(u"sent.png"_s));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(server.data(), file.readAll());
+    QCOMPARE(server.commands().last(), QByteArray("STOR /sent.png"));
+    QCOMPARE(shown.program.close(), 0);
+}
+
+void tst_upload::refusalIsShownAndItsBoxMayBeClosedByTheWindowManager()
+{
+    FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
+    server.say("STOR", "553-This is not the place\r\n553 for <pictures>\r\n");
+    FormOnShow shown;
+    QVERIFY(shown.isReady);
+    shown.type(u"127.0.0.1"_s);
+    QVERIFY(shown.saveAs(u"sent.png"_s));
+
+    shown.press("u", {"Alt_L"});
+    QVERIFY(QTest::qWaitFor([&] { return shown.activeTitle() == "ERROR"_L1; }, Program::patienceMs));
+    const QString words = u"Uploading file failed:\nThis is not the place\nfor <pictures>"_s;
+    QVERIFY2(!shown.program.application().find(Role::Label, words).isNull(),
+             qPrintable(shown.program.application().tree()));
+    shown.program.desktop().close(shown.program.process().waitForWindow(u"ERROR"_s));
+
+    QVERIFY(QTest::qWaitFor([&] { return shown.activeTitle() == FormTitle; }, Program::patienceMs));
+    QVERIFY(!shown.control(Role::Button, u"Upload"_s).has(State::Enabled));
+    QVERIFY(QFile::exists(shown.savedFile(u"sent.png"_s)));
+    shown.press("Escape");
+    QVERIFY(QTest::qWaitFor([&] { return !shown.isOpen(); }, Program::patienceMs));
+    QCOMPARE(shown.program.close(), 0);
+}
+
+void tst_upload::stalledUploadShowsItsProgressAndIsClosed()
+{
+    FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
+    server.stopDataAfter(1000);
+    FormOnShow shown({3000, 3000});
+    QVERIFY(shown.isReady);
+    shown.type(u"127.0.0.1"_s);
+    QVERIFY(shown.saveAs(u"sent.bmp"_s));
+
+    shown.press("u", {"Alt_L"});
+    const auto status = [&shown] { return shown.control(Role::Label, u"Write: ftp://127.0.0.1:21//sent.bmp"_s); };
+    QVERIFY(QTest::qWaitFor([&] { return server.dataCount() > 0 && !status().isNull(); }, Program::patienceMs));
+    QVERIFY(!shown.control(Role::Button, u"Upload"_s).has(State::Enabled));
+    shown.click(shown.control(Role::Button, u"Close"_s));
+
+    QVERIFY(QTest::qWaitFor([&] { return !shown.isOpen() && !server.hasClient(); }, Program::patienceMs));
+    QVERIFY(QFile::exists(shown.savedFile(u"sent.bmp"_s)));
+    QCOMPARE(shown.program.close(), 0);
+}
+
+int main(int argc, char **argv)
+{
+    leave_common_network();
+    const QCoreApplication application(argc, argv);
+    tst_upload test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_upload.moc"
