@@ -1,8 +1,16 @@
 #include "LocalFile.h"
 
+#include <algorithm>
+#include <array>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace {
+
+constexpr std::size_t SkimmedPiece = 64 * 1024;
+
+} // namespace
 
 template <typename Stat> LocalFile::Stamp LocalFile::stampOf(const Stat &status)
 {
@@ -36,6 +44,21 @@ std::optional<QByteArray> LocalFile::read(qint64 atMost)
         return std::nullopt;
     bytes.truncate(count);
     return bytes;
+}
+
+std::optional<qint64> LocalFile::skim(qint64 atMost)
+{
+    std::array<char, SkimmedPiece> piece = {};
+    qint64 total = 0;
+    while (total < atMost) {
+        const qint64 count = file.read(piece.data(), std::min<qint64>(SkimmedPiece, atMost - total));
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            break;
+        total += count;
+    }
+    return total;
 }
 
 bool LocalFile::rewind()

@@ -19,6 +19,9 @@ public:
     [[nodiscard]] qint64 size() const { return file.size(); }
     /// The next bytes, none at the end; no value if they cannot be read.
     [[nodiscard]] std::optional<QByteArray> read(qint64 atMost);
+    /// Reads the next bytes and forgets them, whatever their number, in little memory.
+    /// @return how many there were; no value if they cannot be read
+    [[nodiscard]] std::optional<qint64> skim(qint64 atMost);
     /// Goes back to the beginning. What the file holds now is what remove() wants to see.
     /// @return false if the file can no longer be read
     [[nodiscard]] bool rewind();

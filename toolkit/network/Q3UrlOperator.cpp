@@ -3,6 +3,7 @@
 #include "network_protocols.h"
 #include "UrlCopy.h"
 
+#include <QMetaMethod>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -31,4 +32,9 @@ QList<Q3NetworkOperation *> Q3UrlOperator::copy(const QString &from, const QStri
     QTimer::singleShot(Q3NetworkOperation::Afterlife, get, &QObject::deleteLater);
     emit finished(get);
     return {get};
+}
+
+bool Q3UrlOperator::isDataHeard() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&Q3UrlOperator::data));
 }

@@ -42,6 +42,9 @@ public:
     /// @return the operations, in the order told above
     QList<Q3NetworkOperation *> copy(const QString &from, const QString &to, bool move, bool toPath);
 
+    /// Whether anybody wants the bytes of a get.
+    [[nodiscard]] bool isDataHeard() const;
+
 signals:
     /// A get or a put begins.
     void start(Q3NetworkOperation *operation);

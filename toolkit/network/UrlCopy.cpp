@@ -62,26 +62,37 @@ void UrlCopy::startGet()
 void UrlCopy::getBlock()
 {
     const QPointer<UrlCopy> self(this);
-    const std::optional<QByteArray> block = file.read(std::clamp(size / BlocksOfFile, SmallestBlock, LargestBlock));
-    if (!block) {
+    const std::optional<qint64> count = readBlock(std::clamp(size / BlocksOfFile, SmallestBlock, LargestBlock));
+    if (!self)
+        return;
+    if (!count) {
         failGet();
         return;
     }
-    // It may have become shorter, and it may grow faster than it is read.
-    const bool isLast = block->isEmpty() || done + block->size() >= size;
-    emit owner->data(*block, get);
-    if (self)
-        tellProgress(done, get);
+    tellProgress(done, get);
     if (!self)
         return;
-    done += block->size();
-    if (!isLast) {
+    done += *count;
+    // The file may have become shorter, and it may grow faster than it is read.
+    if (*count > 0 && done < size) {
         QMetaObject::invokeMethod(this, &UrlCopy::getBlock, Qt::QueuedConnection);
         return;
     }
     tellProgress(size, get);
     if (self)
         endGet();
+}
+
+/// Tells the next block to those who want it. For nobody its memory is not worth while.
+std::optional<qint64> UrlCopy::readBlock(qint64 atMost)
+{
+    if (!owner->isDataHeard())
+        return file.skim(atMost);
+    const std::optional<QByteArray> block = file.read(atMost);
+    if (!block)
+        return std::nullopt;
+    emit owner->data(*block, get);
+    return block->size();
 }
 
 void UrlCopy::endGet()

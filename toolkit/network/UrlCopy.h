@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 class FtpUpload;
 class Q3UrlOperator;
 
@@ -29,6 +31,7 @@ public:
 private:
     void startGet();
     void getBlock();
+    [[nodiscard]] std::optional<qint64> readBlock(qint64 atMost);
     void endGet();
     void failGet();
     void startPut();

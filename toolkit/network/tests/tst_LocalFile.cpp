@@ -29,6 +29,7 @@ class tst_LocalFile : public QObject
 private slots:
     void init();
     void isReadInBlocksFromItsBeginning();
+    void skimmingGoesOnWithoutKeepingAnything();
     void onlyAPlainFileIsOpened_data();
     void onlyAPlainFileIsOpened();
     void fileThatWasReadIsRemoved();
@@ -59,6 +60,18 @@ void tst_LocalFile::isReadInBlocksFromItsBeginning()
     QCOMPARE(file.read(4), QByteArray());
     QVERIFY(file.rewind());
     QCOMPARE(file.read(2), QByteArray("01"));
+}
+
+void tst_LocalFile::skimmingGoesOnWithoutKeepingAnything()
+{
+    QVERIFY(write_file(path, QByteArray(200'000, 'x') + "end"));
+    LocalFile file;
+    QVERIFY(file.open(path));
+
+    QCOMPARE(file.skim(150'000), 150'000);
+    QCOMPARE(file.skim(50'000), 50'000);
+    QCOMPARE(file.read(40), QByteArray("end"));
+    QCOMPARE(file.skim(1), 0);
 }
 
 void tst_LocalFile::onlyAPlainFileIsOpened_data()
