@@ -160,6 +160,8 @@ class tst_ftp_servers : public QObject
 private slots:
     void fileArrivesOnTheServersDisk_data();
     void fileArrivesOnTheServersDisk();
+    void lowestAndHighestPortAreReached_data();
+    void lowestAndHighestPortAreReached();
     void refusedLoginIsOne_data();
     void refusedLoginIsOne();
     void refusedPlaceIsToldInTheServersWords_data();
@@ -219,6 +221,28 @@ void tst_ftp_servers::fileArrivesOnTheServersDisk()
     QVERIFY(empty.ends());
     QCOMPARE(empty.failure(), QString());
     QCOMPARE(content(server.home() + u"/x.png"_s), QByteArray());
+}
+
+void tst_ftp_servers::lowestAndHighestPortAreReached_data()
+{
+    QTest::addColumn<quint16>("port");
+    QTest::newRow("lowest") << quint16{1};
+    QTest::newRow("highest") << quint16{65535};
+}
+
+void tst_ftp_servers::lowestAndHighestPortAreReached()
+{
+    QFETCH(const quint16, port);
+    const FtpServer server(QHostAddress(QHostAddress::LocalHost), port);
+    RealTrial trial(u"127.0.0.1"_s);
+    trial.port = port;
+    QVERIFY(trial.write("0123456789"));
+
+    trial.upload();
+    QVERIFY(trial.ends());
+
+    QCOMPARE(trial.failure(), QString());
+    QCOMPARE(server.data(), QByteArray("0123456789"));
 }
 
 void tst_ftp_servers::refusedLoginIsOne_data()
