@@ -15,7 +15,6 @@ enum Need {
     Tab,
     Past, ///< off without a tab; with one, on as far as there is something to undo or to redo
     Selection,
-    ToCome, ///< off
 };
 
 struct Action
@@ -36,7 +35,7 @@ inline constexpr std::array<Action, 46> Actions = {{
     {"file_save_as"_L1, "Save As"_L1, "Save &As..."_L1, "Saves current image with another file name"_L1, ""_L1, false,
      Tab},
     {"file_save_all"_L1, "Save All"_L1, "Save A&ll..."_L1, "Saves all unsaved images"_L1, ""_L1, false, Tab},
-    {"file_print"_L1, "Print"_L1, "&Print"_L1, "Prints current image"_L1, "Ctrl+P"_L1, true, ToCome},
+    {"file_print"_L1, "Print"_L1, "&Print"_L1, "Prints current image"_L1, "Ctrl+P"_L1, true, Tab},
     {"file_close"_L1, "Close"_L1, "&Close"_L1, "Closes current image"_L1, ""_L1, false, Tab},
     {"file_close_all"_L1, "Close All"_L1, "Close All"_L1, "Closes all images"_L1, ""_L1, false, Tab},
     {"file_exit"_L1, "Exit"_L1, "E&xit"_L1, "Exits the program"_L1, ""_L1, false, Nothing},
@@ -87,15 +86,14 @@ inline constexpr std::array<Action, 46> Actions = {{
     {"image_properties"_L1, "Properties"_L1, "&Properties..."_L1,
      "Displays Properties dialog to set image properties"_L1, ""_L1, false, Tab},
     {"tool_graphics_editor"_L1, "Graphics Editor"_L1, "&Graphics Editor"_L1,
-     "Starts external graphics editor with the image"_L1, ""_L1, false, ToCome},
+     "Starts external graphics editor with the image"_L1, ""_L1, false, Tab},
     {"tool_ocr"_L1, "OCR"_L1, "&OCR"_L1, "Starts external Optical Character Recognition (OCR) program"_L1, ""_L1, false,
-     ToCome},
-    {"tool_send"_L1, "Send by E-mail"_L1, "&Send by E-mail..."_L1, "Sends the image by E-mail"_L1, ""_L1, false,
-     ToCome},
+     Tab},
+    {"tool_send"_L1, "Send by E-mail"_L1, "&Send by E-mail..."_L1, "Sends the image by E-mail"_L1, ""_L1, false, Tab},
     {"tool_upload"_L1, "Upload by FTP"_L1, "&Upload by FTP..."_L1, "Uploads the image to remote FTP server"_L1, ""_L1,
-     true, ToCome},
+     true, Tab},
     {"tool_configure"_L1, "Configure Tools"_L1, "&Configure Tools..."_L1, "Displays tools configuration dialog"_L1,
-     ""_L1, false, ToCome},
+     ""_L1, false, Nothing},
 }};
 
 } // namespace described
