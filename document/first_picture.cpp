@@ -15,15 +15,19 @@
 #include <QImageReader>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <tiffio.h>
 #include <utility>
 
 namespace {
 
-bool is_tiff(const QImageReader &reader)
+/// By content: a reader only repeats the word that it was given, in any spelling.
+bool starts_like_tiff(QIODevice &file)
 {
-    return reader.format().startsWith("tif");
+    const QByteArray start = file.peek(4);
+    constexpr std::array<QByteArrayView, 4> starts{{{"II*\0", 4}, {"MM\0*", 4}, {"II+\0", 4}, {"MM\0+", 4}}};
+    return std::ranges::count(starts, QByteArrayView(start)) > 0;
 }
 
 /// Of a size that the readers themselves would make, or null.
@@ -37,11 +41,11 @@ QImage cleared_image(QSize size, QImage::Format format)
 
 /// An image that the reader will take for its own picture, on memory that pages stood on before; null where
 /// the reader had better make one itself.
-QImage image_to_fill(const QImageReader &reader)
+QImage image_to_fill(const QImageReader &reader, bool isTiff)
 {
     const QImage::Format format = reader.imageFormat();
     const bool isPageFormat = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32;
-    if (format == QImage::Format_Invalid || (!isPageFormat && !is_tiff(reader)))
+    if (format == QImage::Format_Invalid || (!isPageFormat && !isTiff))
         return {}; // colour tables come with the picture
     const QSize size = reader.size();
     const qint64 bits = qint64{QImage::toPixelFormat(format).bitsPerPixel()} * size.width() * size.height();
@@ -55,10 +59,8 @@ QImage image_to_fill(const QImageReader &reader)
 /// What the toolkit's reader of TIFF files does not make, or makes slowly: the large colour pages of scanners, and
 /// wide samples that lie in another way than that reader thinks.
 /// @return nothing if the file is to be left to the toolkit; null if it cannot be shown
-std::optional<QImage> read_tiff(const QImageReader &reader, const QFile &file, QImage &image)
+std::optional<QImage> read_tiff(const QFile &file, QImage &image)
 {
-    if (!is_tiff(reader))
-        return std::nullopt;
     const TiffHandle tif = open_tiff(file.fileName(), "rm");
     if (!tif || file_state(TIFFFileno(tif.get())) != file_state(file.handle()))
         return QImage();
@@ -77,10 +79,15 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
     MendedFile mended = mended_file(file);
     QBuffer buffer(&mended.bytes);
     const bool isMended = !mended.bytes.isEmpty() && buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(isMended ? static_cast<QIODevice *>(&buffer) : &file, imgFormat.toLatin1());
-    QImage image = image_to_fill(reader);
-    if (std::optional<QImage> page = read_tiff(reader, file, image))
-        return to_page_image(*std::move(page));
+    QIODevice &device = isMended ? static_cast<QIODevice &>(buffer) : file;
+    const bool startsLikeTiff = starts_like_tiff(device);
+    QImageReader reader(&device, imgFormat.toLatin1());
+    const bool isTiff = startsLikeTiff && reader.canRead();
+    QImage image = image_to_fill(reader, isTiff);
+    if (isTiff) {
+        if (std::optional<QImage> page = read_tiff(file, image))
+            return to_page_image(*std::move(page));
+    }
     if (!reader.read(&image)) {
         image = {};
         drop_spare_page(); // of the size that a broken file has claimed

@@ -280,11 +280,14 @@ void tst_readable_files::wideTiffSamples()
     const QTemporaryDir directory;
     write_tiff(directory.filePath(u"file"_s), {file}, mode.toLatin1().constData());
 
-    const ImageDocument document(directory.filePath(u"file"_s), {});
+    for (const QString &word : {QString(), u"tif"_s, u"Tiff"_s, u"unknown"_s}) {
+        const ImageDocument document(directory.filePath(u"file"_s), word);
 
-    QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), expected));
-    QCOMPARE(document.page(1).dotsPerMeterX(), 11811);
+        QCOMPARE(document.pageCount(), 1U);
+        QVERIFY(comparePictures(document.page(1), expected));
+        QCOMPARE(document.page(1).dotsPerMeterX(), 11811);
+    }
+    QVERIFY(ImageDocument(directory.filePath(u"file"_s), u"png"_s).isEmpty());
 }
 
 void tst_readable_files::otherFormats_data()
