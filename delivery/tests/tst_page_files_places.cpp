@@ -1,0 +1,109 @@
+#include "page_files.h"
+#include "private_mounts.h"
+#include "TemporaryHome.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+using WritePage = bool (*)(const QString &path, const QImage &page);
+
+namespace {
+
+bool write_new_print_file(const QString &path, const QImage &page)
+{
+    QFile file;
+    return create_print_file(path, file) && write_print_file(file, page);
+}
+
+/// Noise, which takes much room in every format.
+QImage largePage()
+{
+    QImage page(1600, 1200, QImage::Format_RGB32);
+    quint32 state = 1;
+    for (int y = 0; y < page.height(); ++y) {
+        auto *const words = reinterpret_cast<QRgb *>(page.scanLine(y));
+        for (int x = 0; x < page.width(); ++x) {
+            state = state * 1664525 + 1013904223;
+            words[x] = state >> 8;
+        }
+    }
+    return page;
+}
+
+} // namespace
+
+/// Places that take no file, or not all of it.
+class tst_page_files_places : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void placeThatCannotBeWrittenToIsTold_data() { writers(); }
+    void placeThatCannotBeWrittenToIsTold()
+    {
+        QFETCH(const WritePage, write);
+        const TemporaryHome home;
+        QDir(home.path()).mkdir(u"place"_s);
+        const ReadOnlyPlace place(home.filePath(u"place"_s));
+
+        QVERIFY(!write(home.filePath(u"place/x"_s), largePage()));
+
+        QVERIFY(home.filesIn(u"place"_s).isEmpty());
+    }
+
+    void fullDiskIsTold_data() { writers(); }
+    void fullDiskIsTold()
+    {
+        QFETCH(const WritePage, write);
+        const SmallDisk disk;
+        QFile rest(disk.filePath(u"rest"_s));
+        constexpr qint64 room = 100 * 1024; // less than the smallest of the three files
+        QVERIFY(rest.open(QIODevice::WriteOnly) && rest.write(QByteArray(SmallDisk::Bytes - room, 'x')) > 0
+                && rest.flush());
+
+        QVERIFY(!write(disk.filePath(u"x"_s), largePage()));
+    }
+
+    void linkIsFollowedToItsTarget_data()
+    {
+        QTest::addColumn<WritePage>("write");
+        QTest::newRow("editor") << WritePage(write_editor_file);
+        QTest::newRow("recogniser") << WritePage(write_recogniser_file);
+    }
+    void linkIsFollowedToItsTarget()
+    {
+        QFETCH(const WritePage, write);
+        const TemporaryHome home;
+        QVERIFY(QFile::link(home.filePath(u"target"_s), home.filePath(u"link"_s)));
+
+        QVERIFY(write(home.filePath(u"link"_s), largePage()));
+
+        QVERIFY(QFileInfo(home.filePath(u"link"_s)).isSymLink());
+        QVERIFY(QFileInfo(home.filePath(u"target"_s)).size() > 0);
+    }
+
+private:
+    static void writers()
+    {
+        QTest::addColumn<WritePage>("write");
+        QTest::newRow("editor") << WritePage(write_editor_file);
+        QTest::newRow("recogniser") << WritePage(write_recogniser_file);
+        QTest::newRow("print") << WritePage(write_new_print_file);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    leave_common_mounts();
+    const QCoreApplication application(argc, argv);
+    tst_page_files_places test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_page_files_places.moc"
