@@ -86,5 +86,8 @@ struct Row
 /// Uploads by FTP.
 [[nodiscard]] QList<Row> ftp_rows();
 
+/// Pages on their way to programs outside.
+[[nodiscard]] QList<Row> tool_rows();
+
 /// The rows of all groups, by number. A new group is declared above and added to its list.
 [[nodiscard]] QList<Row> all_rows();
