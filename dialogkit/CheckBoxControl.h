@@ -5,6 +5,7 @@
 class QCheckBox;
 
 /// A check box that carries its own text, beside the labeled controls.
+/// It belongs to the kit; no command uses it.
 class CheckBoxControl : public Q3HBox
 {
     Q_OBJECT

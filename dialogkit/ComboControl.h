@@ -5,6 +5,7 @@
 class ComboBoxEx;
 
 /// A caption above a combo box without typing.
+/// It belongs to the kit; no command uses it.
 class ComboControl : public LabeledControl
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ public:
     /// Text for the number that @p v is the scaled form of, eight characters wide or more.
     /// @return valid until the next call on any FixedSpinBox
     [[nodiscard]] const QString &valueToText(int v) const;
-    /// The scaled form of the number on show.
+    /// The scaled form of the number on show. Like valueToText(), for users of the box to call; none does.
     [[nodiscard]] int textToValue() const;
 
 private:

@@ -5,6 +5,7 @@
 class QImage;
 
 /// An older form of PropertiesDialog with captions of its own, built in code.
+/// It belongs to the kit; no command uses it.
 ///
 /// Threads: GUI thread only.
 class ImagePropertiesDialog : public QDialog

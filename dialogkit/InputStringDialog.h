@@ -7,6 +7,7 @@ class QPushButton;
 class QRegularExpression;
 
 /// Asks for a text that must match a regular expression as a whole; until it does, OK is disabled.
+/// It belongs to the kit; no command uses it.
 class InputStringDialog : public QDialog
 {
     Q_OBJECT

@@ -5,6 +5,7 @@
 class FixedSpinBoxControl;
 
 /// Asks for two numbers of one range in fixed-point spin boxes.
+/// It belongs to the kit; no command uses it.
 class InputTwoFixedDialog : public QDialog
 {
     Q_OBJECT

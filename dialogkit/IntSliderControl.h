@@ -6,6 +6,7 @@ class QSlider;
 class SliderLabels;
 
 /// A slider over whole numbers that shows its range and its value.
+/// It belongs to the kit; no command uses it.
 class IntSliderControl : public Q3VBox
 {
     Q_OBJECT

@@ -5,6 +5,7 @@
 class QSpinBox;
 
 /// A caption above a spin box, whose range is its user's to set.
+/// It belongs to the kit; no command uses it.
 class IntSpinBoxControl : public LabeledControl
 {
     Q_OBJECT

@@ -3,6 +3,7 @@
 #include "LabeledControl.h"
 
 /// A caption above a text in a sunken frame.
+/// It belongs to the kit; no command uses it.
 class LabelControl : public LabeledControl
 {
     Q_OBJECT

@@ -6,6 +6,7 @@ class QSlider;
 class SliderLabels;
 
 /// A slider with a caption and an empty row of numbers. Range and numbers are its user's to set.
+/// It belongs to the kit; no command uses it.
 class SliderControl : public Q3VBox
 {
     Q_OBJECT

@@ -49,6 +49,6 @@ private:
 /// pixels, and a tall page comes out smaller than it could.
 [[nodiscard]] QImage reduced_copy(const QImage &image);
 
-/// The transformation that changes nothing.
+/// The transformation that changes nothing, for a plain preview; no command shows one.
 /// @return whether @p dst is not null
 [[nodiscard]] bool trans_copy(const QImage &src, QImage &dst, const int *parameter);
