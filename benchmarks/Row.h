@@ -89,5 +89,8 @@ struct Row
 /// Pages on their way to programs outside.
 [[nodiscard]] QList<Row> tool_rows();
 
+/// Messages with large attachments.
+[[nodiscard]] QList<Row> mail_rows();
+
 /// The rows of all groups, by number. A new group is declared above and added to its list.
 [[nodiscard]] QList<Row> all_rows();
