@@ -24,14 +24,16 @@ quint32 number32(const QByteArray &bytes, qsizetype at)
 double BmpShape::rowBytes() const
 {
     const qint64 rowBits = std::abs(width) * bits;
-    return static_cast<double>((rowBits + 31) / 32 * 4);
+    const qint64 words = (rowBits + 31) / 32;
+    return static_cast<double>(words * 4);
 }
 
 double BmpShape::pixelBytes() const
 {
     const qint64 rowBits = std::abs(width) * bits;
     const qint64 otherRows = std::max<qint64>(0, rowCount() - 1);
-    return static_cast<double>(otherRows) * rowBytes() + static_cast<double>((rowBits + 7) / 8);
+    const qint64 lastRowBytes = (rowBits + 7) / 8;
+    return static_cast<double>(otherRows) * rowBytes() + static_cast<double>(lastRowBytes);
 }
 
 qint64 BmpShape::tableEntries() const

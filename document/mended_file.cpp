@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr char PngSignature[] = "\x89PNG\r\n\x1a\n";
+constexpr QByteArrayView PngSignature("\x89PNG\r\n\x1a\n");
 
 /// Colours of 16 bits with one that is transparent: the toolkit's reader makes rows of three samples, and takes them
 /// for rows of four.
@@ -29,7 +29,9 @@ MendedFile mended_png(QIODevice &file)
         if (name == "IDAT" || length > bytes.size() - at - chunkFrame)
             break;
         if (name == "tRNS" && length == 6) {
-            const auto sample = [&](int i) { return qFromBigEndian<quint16>(bytes.constData() + at + 8 + i * 2); };
+            const auto sample = [&](qsizetype i) {
+                return qFromBigEndian<quint16>(bytes.constData() + at + 8 + i * 2);
+            };
             const QRgba64 color = qRgba64(sample(0), sample(1), sample(2), 0xffff);
             return {.bytes = bytes.remove(at, chunkFrame + length), .clearColor = color};
         }

@@ -58,7 +58,7 @@ QByteArray read_pixels(QIODevice &file, const TgaShape &shape)
 {
     if (!file.seek(shape.pixelStart))
         return {};
-    const QByteArray stored = file.read(shape.pixelBytes());
+    QByteArray stored = file.read(shape.pixelBytes());
     if (shape.bits == 32)
         return stored;
     QByteArray pixels;
