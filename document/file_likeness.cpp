@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayList>
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <sys/stat.h>
@@ -52,10 +53,8 @@ bool copy_attributes(int from, int to)
     const auto names = all_bytes([from](char *bytes, std::size_t size) { return ::flistxattr(from, bytes, size); });
     if (!names)
         return errno == ENOTSUP;
-    for (const QByteArray &name : names->split('\0'))
-        if (!name.isEmpty() && !copy_attribute(from, to, name))
-            return false;
-    return true;
+    return std::ranges::all_of(
+        names->split('\0'), [=](const QByteArray &name) { return name.isEmpty() || copy_attribute(from, to, name); });
 }
 
 } // namespace
