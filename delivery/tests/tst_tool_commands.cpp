@@ -49,6 +49,7 @@ private slots:
         QTest::newRow("tilde further back") << u"/tmp/~x"_s << u"/home/a"_s << u"/tmp/~x"_s;
         QTest::newRow("blank before it") << u" ~/x"_s << u"/home/a"_s << u" ~/x"_s;
         QTest::newRow("home with blanks") << u"~/x"_s << u"/home/a b"_s << u"/home/a b/x"_s;
+        QTest::newRow("no home, which is the root then") << u"~/x"_s << u"/"_s << u"//x"_s;
         QTest::newRow("empty path") << QString() << u"/home/a"_s << QString();
     }
     void firstCharacterAloneLeadsHome()
