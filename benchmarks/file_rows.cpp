@@ -18,6 +18,7 @@ namespace {
 constexpr auto Tiff = "a4_600_tiff/page.tif";
 constexpr auto ManyPages = "pages_tiff/pages.tif";
 constexpr auto ManyPagesGroup4 = "pages_group4/pages.tif";
+constexpr auto FiveHundredPages = "pages_500_group4/pages.tif";
 
 /// @param reused  another page of that size was closed before
 Side openSide(bool reused)
@@ -133,6 +134,36 @@ Side rewriteSide(const char *input)
     return {u"ImageDocument"_s, Side::OwnProcess, prepare};
 }
 
+/// Saves the first page over its file, which keeps all others.
+Side saveFirstSide(const char *input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        let_files_be_flushed(false);
+        const auto files = std::make_shared<NewFiles>();
+        const QString path = files->next();
+        if (!copy_file(input_path(input, surroundings), path))
+            qFatal("cannot copy the file");
+        const auto document = std::make_shared<ImageDocument>(path, u"tif"_s);
+        if (!document->hasKeptPages())
+            qFatal("the file has one page");
+        return [=, lifetime = files] { return timed([&] { return document->save(path, u"tif"_s); }); };
+    };
+    return {u"ImageDocument"_s, Side::OwnProcess, prepare};
+}
+
+Side copySide(const char *input)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        let_files_be_flushed(false);
+        const auto files = std::make_shared<NewFiles>();
+        return [=, path = input_path(input, surroundings)] {
+            const QString copy = files->next();
+            return timed([&] { return copy_file(path, copy); });
+        };
+    };
+    return {u"read and write"_s, Side::OwnProcess, prepare};
+}
+
 /// Another program, from its start to its end.
 struct Command
 {
@@ -187,6 +218,10 @@ QList<Row> file_rows()
          {rewriteBar(ManyPages, 0.60, tiffcp), rewriteBar(ManyPages, 0.06, vips),
           rewriteBar(ManyPages, 0.012, imageMagick)}},
         {34, u"20 pages, group 4: load all + save all"_s, {rewriteBar(ManyPagesGroup4, 0.95, tiffcp)}},
+        {55,
+         u"500 pages, group 4: save the first"_s,
+         {{u"copy of the file"_s, Bar::SecondsRatio, 2.0, saveFirstSide(FiveHundredPages),
+           copySide(FiveHundredPages)}}},
         saveRow(61, u"PNG"_s),
         saveRow(62, u"JPEG"_s),
         saveRow(63, u"BMP"_s),

@@ -224,13 +224,13 @@ bool writeBlackTiff(const QString &path)
 }
 
 /// The noise goes on from page to page, so no two are alike.
-bool writeManyPages(const QString &path, int compression)
+bool writeManyPages(const QString &path, int compression, int count = ManyPages, int dpi = 300)
 {
     Noise noise;
     const TiffFile file = openTiff(path);
-    const QImage page = cleanPage(A4 / 2, Qt::white, BlackMark);
-    for (int i = 0; i < ManyPages; ++i) {
-        if (!file || !writeBlackPage(file.get(), page, 300, compression, noise))
+    const QImage page = cleanPage(A4 * dpi / 600, Qt::white, BlackMark);
+    for (int i = 0; i < count; ++i) {
+        if (!file || !writeBlackPage(file.get(), page, dpi, compression, noise))
             return false;
     }
     return true;
@@ -284,6 +284,8 @@ const std::array inputs{
     Input{"a4_600_1bit_tiff/page.tif", writeBlackTiff},
     Input{"pages_tiff/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_NONE); }},
     Input{"pages_group4/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_CCITTFAX4); }},
+    Input{"pages_500_group4/pages.tif",
+          [](const QString &path) { return writeManyPages(path, COMPRESSION_CCITTFAX4, 500, 150); }},
     Input{"mark/mark.png", writeMark},
     Input{"imagemagick/policy.xml", writeLimits},
     Input{"a3_600_jpeg/page.jpg",

@@ -107,6 +107,21 @@ bool write_bytes(const QString &path, const QByteArray &bytes)
     return ::close(file) == 0 && isFlushed && done == bytes.size();
 }
 
+bool copy_file(const QString &from, const QString &to)
+{
+    QFile source(from);
+    QFile copy(to);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    constexpr qint64 BlockBytes = qint64{64} * 1024;
+    while (!source.atEnd()) {
+        const QByteArray block = source.read(BlockBytes);
+        if (block.isEmpty() || copy.write(block) != block.size())
+            return false;
+    }
+    return copy.flush() && ::fsync(copy.handle()) == 0;
+}
+
 bool save_tiff_plainly(const QString &path, const QImage &page)
 {
     TIFF *const file = TIFFOpen(QFile::encodeName(path).constData(), "w");

@@ -24,5 +24,8 @@
 /// it.
 [[nodiscard]] bool write_bytes(const QString &path, const QByteArray &bytes);
 
+/// Copies a file in blocks of 64 KiB, and flushes the copy as far as the row asks for it.
+[[nodiscard]] bool copy_file(const QString &from, const QString &to);
+
 /// A TIFF file of one page of 32 bits, by a loop over its scan lines and with the library's own buffers.
 [[nodiscard]] bool save_tiff_plainly(const QString &path, const QImage &page);
