@@ -29,7 +29,7 @@ private:
     void serveClient(int client);
     [[nodiscard]] bool takeData(int client);
 
-    static constexpr std::size_t BlockSize = 256 * 1024;
+    static constexpr std::size_t BlockSize = 262144;
 
     bool stalls;
     std::unique_ptr<char[]> block = std::make_unique<char[]>(BlockSize);

@@ -11,9 +11,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr qint64 BlockSize = 128 * 1024;
+constexpr qint64 BlockSize = 131072;
 constexpr qint64 UnsentLimit = 2 * BlockSize; ///< what waits for the system at most
-constexpr qint64 UnreadLimit = 64 * 1024; ///< what waits for us at most
+constexpr qint64 UnreadLimit = 65536; ///< what waits for us at most
 constexpr auto PatienceForWords = 5s;
 
 } // namespace

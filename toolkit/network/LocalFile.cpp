@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t SkimmedPiece = 64 * 1024;
+constexpr std::size_t SkimmedPiece = 65536;
 
 } // namespace
 

@@ -14,7 +14,7 @@ namespace {
 constexpr quint16 FtpPort = 21;
 constexpr qint64 BlocksOfFile = 100; ///< a get reads so many, within the bounds of a block
 constexpr qint64 SmallestBlock = 1024;
-constexpr qint64 LargestBlock = 1024 * 1024;
+constexpr qint64 LargestBlock = 1048576;
 
 } // namespace
 
