@@ -59,7 +59,7 @@ QByteArray tiledTiff(const QString &path)
              {TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE},
          })
         TIFFSetField(tif, tag, value);
-    QByteArray tile(tileSide * tileSide, '\0');
+    QByteArray tile(qsizetype{tileSide} * tileSide, '\0');
     for (quint32 i = 0; i < 4; ++i) {
         for (int at = 0; at < tile.size(); ++at)
             tile[at] = static_cast<char>(at * (at / 97) + static_cast<int>(i));
