@@ -115,7 +115,7 @@ LeftoverWatch::~LeftoverWatch()
     ::close(m_ownEnd);
 }
 
-void LeftoverWatch::setReader(qint64 process)
+void LeftoverWatch::setReader(qint64 process) const
 {
     const QByteArray line = QByteArray::number(process) + ' ' + start_time(process) + '\n';
     // Fits in at once. Where somebody has killed the shell there is no watch, and no signal for us either.

@@ -27,7 +27,7 @@ public:
 
     /// From now on the file stays for as long as this process runs, too, even if that is longer than ours.
     /// @param process  a child of ours that was not waited for yet
-    void setReader(qint64 process);
+    void setReader(qint64 process) const;
 
     /// Ends the watch. The file stays: the caller has removed it, or does.
     void dismiss();

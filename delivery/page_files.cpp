@@ -134,7 +134,7 @@ QString print_file_name()
     if (!QFileInfo(PlaceOfTemporaryFiles).isDir())
         return {};
     for (int i = 0; i < Attempts; ++i) {
-        const QString name = PlaceOfTemporaryFiles + "/file"_L1 + random_letters(Letters);
+        QString name = PlaceOfTemporaryFiles + "/file"_L1 + random_letters(Letters);
         if (!exists(name))
             return name;
     }

@@ -36,6 +36,8 @@ __m128i bits_of(Lines lines)
     return reinterpret_cast<__m128i>(lines);
 }
 
+using Words [[gnu::vector_size(16)]] = int;
+
 /// 0 to 255 of four pixels, as qGray() weighs them, in 32 bits each.
 __m128i grays_of_four(const QRgb *words)
 {
@@ -43,7 +45,8 @@ __m128i grays_of_four(const QRgb *words)
     const __m128i blueAndRed =
         _mm_madd_epi16(_mm_and_si128(pixels, _mm_set1_epi32(0x00ff00ff)), _mm_set1_epi32(11 << 16 | 5));
     const __m128i green = _mm_srli_epi32(_mm_and_si128(pixels, _mm_set1_epi32(0x0000ff00)), 4); // 16 times
-    return _mm_srli_epi32(_mm_add_epi32(blueAndRed, green), 5);
+    const Words sum = reinterpret_cast<Words>(blueAndRed) + reinterpret_cast<Words>(green);
+    return _mm_srli_epi32(reinterpret_cast<__m128i>(sum), 5);
 }
 
 using Block = std::array<Lines, Lanes>;
