@@ -63,7 +63,7 @@ private slots:
             form.close();
         });
 
-        at.window.send();
+        at.action(u"tool_send"_s)->trigger();
     }
 
     void withoutATabThereIsNoForm()
