@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace {
 
@@ -14,7 +13,7 @@ constexpr bool yes = true;
 constexpr bool no = false;
 
 // clang-format off
-constexpr SmtpTransition transitions[] = {
+constexpr auto transitions = std::to_array<SmtpTransition>({
     // Reply  in state        none LOGIN PLAIN  is answered by       and leads to      the user is told          the end
     {220, State::Init,      yes, no,  no,  Command::Helo,      State::Helo,      Progress::Authentication, no},
     {220, State::Init,      no,  yes, yes, Command::Ehlo,      State::Ehlo,      Progress::Authentication, no},
@@ -31,7 +30,7 @@ constexpr SmtpTransition transitions[] = {
     {354, State::Data,      yes, yes, yes, Command::Message,   State::Body,      Progress::None,           no},
     {250, State::Body,      yes, yes, yes, Command::Quit,      State::Close,     Progress::Sent,           yes},
     {221, State::Close,     yes, yes, yes, Command::None,      State::Close,     Progress::None,           no},
-};
+});
 // clang-format on
 
 bool holds_for(const SmtpTransition &row, SmtpAuthentication authentication)
@@ -51,10 +50,10 @@ bool holds_for(const SmtpTransition &row, SmtpAuthentication authentication)
 
 const SmtpTransition *find_transition(int code, SmtpState state, SmtpAuthentication authentication)
 {
-    const auto *const row = std::find_if(std::begin(transitions), std::end(transitions), [&](const SmtpTransition &r) {
-        return r.code == code && r.state == state && holds_for(r, authentication);
-    });
-    return row == std::end(transitions) ? nullptr : row;
+    for (const SmtpTransition &row : transitions)
+        if (row.code == code && row.state == state && holds_for(row, authentication))
+            return &row;
+    return nullptr;
 }
 
 bool has_handler(int code)
