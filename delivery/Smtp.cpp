@@ -54,6 +54,7 @@ const SmtpPolicy &Smtp::defaultPolicy()
     return policy;
 }
 
+// NOLINTNEXTLINE(modernize-pass-by-value): all nine texts are taken alike
 Smtp::Smtp(const QString &serverName, const QString &portText, const QString &login, const QString &password,
            const QString &from, const QString &to, const QString &subject, const QString &body,
            const QString &attachment, const SmtpPolicy &usedPolicy) :

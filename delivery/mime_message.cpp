@@ -32,7 +32,7 @@ QByteArray take_characters(QByteArray &utf8, qsizetype limit)
     qsizetype length = std::min(limit, utf8.size());
     while (length < utf8.size() && (utf8.at(length) & 0xc0) == 0x80)
         --length;
-    const QByteArray taken = utf8.first(length);
+    QByteArray taken = utf8.first(length);
     utf8.remove(0, length);
     return taken;
 }
