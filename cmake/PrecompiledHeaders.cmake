@@ -62,6 +62,8 @@ function(im_use_precompiled_headers target)
         set(suffix test_headers)
         target_compile_options(${target} PRIVATE ${im_test_compile_options})
     endif()
+    # Each part of the toolkit tells that it is linked, by a word that no header here looks for.
+    target_compile_options(${target} PRIVATE -UQT_NETWORK_LIB -UQT_PRINTSUPPORT_LIB -UQT_SVG_LIB)
     im_links(${target} Qt6::Widgets widgets)
     im_links(${target} Qt6::Gui gui)
     if(widgets)
