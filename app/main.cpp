@@ -39,7 +39,7 @@ int run(int argc, char **argv)
         return EXIT_SUCCESS;
     }
     const EndSignals endSignals; // from here on there is something to take down
-    QApplication::setWindowIcon(applicationIcon()); // a property of every window, which would be taken for a message
+    QApplication::setWindowIcon(application_icon()); // a property of every window, which would be taken for a message
     application.startListening(true);
 
     // The window lets events through while it is being built: what other starts say then has to wait for it.

@@ -11,33 +11,33 @@ namespace {
 constexpr int LineStep = 16;
 
 // Noise and lossy compression move the colours of a mark a little.
-bool isNear(QRgb pixel, QRgb colour)
+bool is_near(QRgb pixel, QRgb colour)
 {
     constexpr int tolerance = 60;
     return std::abs(qRed(pixel) - qRed(colour)) < tolerance && std::abs(qGreen(pixel) - qGreen(colour)) < tolerance
         && std::abs(qBlue(pixel) - qBlue(colour)) < tolerance;
 }
 
-int runLength(std::span<const QRgb> line, std::size_t start, QRgb colour)
+int run_length(std::span<const QRgb> line, std::size_t start, QRgb colour)
 {
     std::size_t end = start;
-    while (end < line.size() && isNear(line[end], colour))
+    while (end < line.size() && is_near(line[end], colour))
         ++end;
     return static_cast<int>(end - start);
 }
 
-bool startsWithMark(std::span<const QRgb> line, Mark mark)
+bool starts_with_mark(std::span<const QRgb> line, Mark mark)
 {
     constexpr std::size_t blurred = 3; // a reduced picture has mixed colours between two stripes
-    const int width = runLength(line, 0, mark.first);
+    const int width = run_length(line, 0, mark.first);
     if (width < LeastStripeWidth)
         return false;
     auto at = static_cast<std::size_t>(width);
     for (int i = 1; i < MarkStripes; ++i) {
         const QRgb colour = i % 2 == 0 ? mark.first : mark.second;
-        for (std::size_t skipped = 0; skipped < blurred && at < line.size() && !isNear(line[at], colour); ++skipped)
+        for (std::size_t skipped = 0; skipped < blurred && at < line.size() && !is_near(line[at], colour); ++skipped)
             ++at;
-        const int length = runLength(line, at, colour);
+        const int length = run_length(line, at, colour);
         const bool mayGoOn = i == MarkStripes - 1; // into paper of the same white
         if (length < width - 2 || (length > width + 2 && !mayGoOn))
             return false;
@@ -52,8 +52,8 @@ bool has_mark(std::span<const QRgb> line, Mark mark)
 {
     bool wasFirst = false;
     for (std::size_t x = 0; x < line.size(); ++x) {
-        const bool isFirst = isNear(line[x], mark.first);
-        if (isFirst && !wasFirst && startsWithMark(line.subspan(x), mark))
+        const bool isFirst = is_near(line[x], mark.first);
+        if (isFirst && !wasFirst && starts_with_mark(line.subspan(x), mark))
             return true;
         wasFirst = isFirst;
     }

@@ -11,7 +11,7 @@
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    QApplication::setWindowIcon(applicationIcon());
+    QApplication::setWindowIcon(application_icon());
     ImageManager window;
     window.setVisible(true);
     if (!window.load_file(QApplication::arguments().value(1), QStringLiteral("TIFF"), false))

@@ -30,7 +30,7 @@ private:
     QPixmap pixmap;
 };
 
-void addCommands(QMainWindow &window)
+void add_commands(QMainWindow &window)
 {
     for (const QString &title : {u"&File"_s, u"&Edit"_s, u"&View"_s, u"&Zoom"_s, u"&Image"_s}) {
         QMenu *const menu = window.menuBar()->addMenu(title);
@@ -54,7 +54,7 @@ int main(int argc, char **argv)
     const QString path = QApplication::arguments().value(1);
 
     QMainWindow window;
-    addCommands(window);
+    add_commands(window);
     window.statusBar()->showMessage(u"Ready"_s);
     auto *const tabs = new QTabWidget(&window);
     window.setCentralWidget(tabs);

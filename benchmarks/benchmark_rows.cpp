@@ -46,7 +46,7 @@ int measure(const QList<Row> &rows, int rounds, const Surroundings &surroundings
     return missed;
 }
 
-QList<Row> chosenRows(const QStringList &numbers)
+QList<Row> chosen_rows(const QStringList &numbers)
 {
     QList<Row> rows = all_rows();
     if (!numbers.isEmpty())
@@ -57,7 +57,7 @@ QList<Row> chosenRows(const QStringList &numbers)
 /// @param address  number of the row, index of the bar, "job" or "yardstick"
 int serve(const QStringList &address, const Surroundings &surroundings)
 {
-    const QList<Row> rows = chosenRows({address.value(0)});
+    const QList<Row> rows = chosen_rows({address.value(0)});
     const int index = address.value(1).toInt();
     if (rows.isEmpty() || index >= rows.first().bars.size())
         return 2;
@@ -93,5 +93,5 @@ int main(int argc, char **argv)
         return 2;
     }
     const int rounds = std::max(1, parser.value(u"rounds"_s).toInt());
-    return measure(chosenRows(parser.positionalArguments()), rounds, surroundings, table, tsv) == 0 ? 0 : 1;
+    return measure(chosen_rows(parser.positionalArguments()), rounds, surroundings, table, tsv) == 0 ? 0 : 1;
 }

@@ -109,7 +109,7 @@ void settle()
         QApplication::processEvents();
 }
 
-Side openSide()
+Side open_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto window = std::make_shared<ImageManager>();
@@ -126,7 +126,7 @@ Side openSide()
     return {u"ImageManager"_s, Side::OwnProcess, prepare};
 }
 
-Side bareOpenSide()
+Side bare_open_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto window = std::make_shared<QMainWindow>();
@@ -143,7 +143,7 @@ Side bareOpenSide()
 }
 
 /// Mean seconds of a tick of the slider until the picture has been painted.
-double secondsOfTick(Stage &stage, QSlider &slider)
+double seconds_of_tick(Stage &stage, QSlider &slider)
 {
     double seconds = 0;
     for (int i = 1; i <= TicksOfARound; ++i)
@@ -151,7 +151,7 @@ double secondsOfTick(Stage &stage, QSlider &slider)
     return seconds / TicksOfARound;
 }
 
-Side tickSide()
+Side tick_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const PreviewParameters parameters{
@@ -162,13 +162,13 @@ Side tickSide()
         const auto stage = std::make_shared<Stage>(dialog->findChild<Thumbnail *>());
         return [=] {
             stage->bringUp();
-            return secondsOfTick(*stage, *dialog->findChild<QSlider *>());
+            return seconds_of_tick(*stage, *dialog->findChild<QSlider *>());
         };
     };
     return {u"SimplePreviewDialog"_s, Side::OwnProcess, prepare};
 }
 
-Side plainTickSide()
+Side plain_tick_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const QImage reduced = reduced_copy(load_page(32, surroundings));
@@ -181,7 +181,7 @@ Side plainTickSide()
         const auto stage = std::make_shared<Stage>(&dialog->picture);
         return [=] {
             stage->bringUp();
-            return secondsOfTick(*stage, dialog->slider);
+            return seconds_of_tick(*stage, dialog->slider);
         };
     };
     return {u"QColor per pixel"_s, Side::OwnProcess, prepare};
@@ -194,9 +194,9 @@ QList<Row> dialog_rows()
     return {
         {41,
          u"preview dialog, action to painted"_s,
-         {{u"bare dialog"_s, Bar::SecondsRatio, 1.5, openSide(), bareOpenSide()}}},
+         {{u"bare dialog"_s, Bar::SecondsRatio, 1.5, open_side(), bare_open_side()}}},
         {42,
          u"slider tick to preview painted"_s,
-         {{u"QColor per pixel"_s, Bar::SecondsRatio, 1.1, tickSide(), plainTickSide()}}},
+         {{u"QColor per pixel"_s, Bar::SecondsRatio, 1.1, tick_side(), plain_tick_side()}}},
     };
 }

@@ -21,7 +21,7 @@ constexpr auto ManyPagesGroup4 = "pages_group4/pages.tif";
 constexpr auto FiveHundredPages = "pages_500_group4/pages.tif";
 
 /// @param reused  another page of that size was closed before
-Side openSide(bool reused)
+Side open_side(bool reused)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto former = std::make_shared<EditedPage>(load_page(32, surroundings));
@@ -41,7 +41,7 @@ Side openSide(bool reused)
     return {u"ImageDocument"_s, Side::OwnProcess, prepare};
 }
 
-Side toolkitOpenSide()
+Side toolkit_open_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         return [path = input_path(Tiff, surroundings)] {
@@ -54,13 +54,13 @@ Side toolkitOpenSide()
 
 using LoadPage = std::function<QImage(const Surroundings &)>;
 
-QImage loadLargePage(const Surroundings &surroundings)
+QImage load_large_page(const Surroundings &surroundings)
 {
     return load_page(32, surroundings);
 }
 
 /// @param flushed  to the disk
-Side saveSide(const QString &format, const LoadPage &load, bool flushed = false)
+Side save_side(const QString &format, const LoadPage &load, bool flushed = false)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         let_files_be_flushed(flushed);
@@ -78,7 +78,7 @@ Side saveSide(const QString &format, const LoadPage &load, bool flushed = false)
 
 using WritePage = std::function<bool(const QString &path, const QImage &page)>;
 
-Side plainSaveSide(const QString &name, const LoadPage &load, const WritePage &write)
+Side plain_save_side(const QString &name, const LoadPage &load, const WritePage &write)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -91,7 +91,7 @@ Side plainSaveSide(const QString &name, const LoadPage &load, const WritePage &w
 }
 
 /// The bytes of the page's TIFF file.
-Side tiffBytesSide(bool flushed = false)
+Side tiff_bytes_side(bool flushed = false)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         let_files_be_flushed(flushed);
@@ -107,19 +107,19 @@ Side tiffBytesSide(bool flushed = false)
     return {flushed ? u"write(2) + fsync(2)"_s : u"write(2)"_s, Side::OwnProcess, prepare};
 }
 
-Row saveRow(int number, const QString &format)
+Row save_row(int number, const QString &format)
 {
     const auto byWriter = [format](const QString &path, const QImage &page) {
         return QImageWriter(path, format.toLatin1()).write(page);
     };
     return {number,
             u"save as "_s + format,
-            {{u"QImageWriter"_s, Bar::SecondsRatio, 1.05, saveSide(format, load_small_page),
-              plainSaveSide(u"QImageWriter"_s, load_small_page, byWriter)}}};
+            {{u"QImageWriter"_s, Bar::SecondsRatio, 1.05, save_side(format, load_small_page),
+              plain_save_side(u"QImageWriter"_s, load_small_page, byWriter)}}};
 }
 
 /// Loads all pages and saves them uncompressed.
-Side rewriteSide(const char *input)
+Side rewrite_side(const char *input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -135,7 +135,7 @@ Side rewriteSide(const char *input)
 }
 
 /// Saves the first page over its file, which keeps all others.
-Side saveFirstSide(const char *input)
+Side save_first_side(const char *input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         let_files_be_flushed(false);
@@ -151,7 +151,7 @@ Side saveFirstSide(const char *input)
     return {u"ImageDocument"_s, Side::OwnProcess, prepare};
 }
 
-Side copySide(const char *input)
+Side copy_side(const char *input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         let_files_be_flushed(false);
@@ -171,7 +171,7 @@ struct Command
     QStringList words; ///< "%1" stands for the input, "%2" for the output, and "%3" for the directory of inputs
 };
 
-Side commandSide(const Command &command, const char *input)
+Side command_side(const Command &command, const char *input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -187,9 +187,9 @@ Side commandSide(const Command &command, const char *input)
     return {command.name, Side::Here, prepare};
 }
 
-Bar rewriteBar(const char *input, double goal, const Command &command)
+Bar rewrite_bar(const char *input, double goal, const Command &command)
 {
-    return {command.name, Bar::SecondsRatio, goal, rewriteSide(input), commandSide(command, input)};
+    return {command.name, Bar::SecondsRatio, goal, rewrite_side(input), command_side(command, input)};
 }
 
 } // namespace
@@ -206,28 +206,28 @@ QList<Row> file_rows()
     return {
         {11,
          u"open TIFF, 104 MB"_s,
-         {{u"QImage::load, first"_s, Bar::SecondsRatio, 0.80, openSide(false), toolkitOpenSide()},
-          {u"QImage::load, buffer reused"_s, Bar::SecondsRatio, 0.30, openSide(true), toolkitOpenSide()}}},
+         {{u"QImage::load, first"_s, Bar::SecondsRatio, 0.80, open_side(false), toolkit_open_side()},
+          {u"QImage::load, buffer reused"_s, Bar::SecondsRatio, 0.30, open_side(true), toolkit_open_side()}}},
         {30,
          u"save TIFF"_s,
-         {{u"write(2)"_s, Bar::SecondsRatio, 2.2, saveSide(u"TIFF"_s, loadLargePage), tiffBytesSide()},
-          {u"plain scan-line loop"_s, Bar::SecondsRatio, 0.40, saveSide(u"TIFF"_s, loadLargePage),
-           plainSaveSide(u"plain loop"_s, loadLargePage, save_tiff_plainly)}}},
+         {{u"write(2)"_s, Bar::SecondsRatio, 2.2, save_side(u"TIFF"_s, load_large_page), tiff_bytes_side()},
+          {u"plain scan-line loop"_s, Bar::SecondsRatio, 0.40, save_side(u"TIFF"_s, load_large_page),
+           plain_save_side(u"plain loop"_s, load_large_page, save_tiff_plainly)}}},
         {33,
          u"20 pages: load all + save all"_s,
-         {rewriteBar(ManyPages, 0.60, tiffcp), rewriteBar(ManyPages, 0.06, vips),
-          rewriteBar(ManyPages, 0.012, imageMagick)}},
-        {34, u"20 pages, group 4: load all + save all"_s, {rewriteBar(ManyPagesGroup4, 0.95, tiffcp)}},
+         {rewrite_bar(ManyPages, 0.60, tiffcp), rewrite_bar(ManyPages, 0.06, vips),
+          rewrite_bar(ManyPages, 0.012, imageMagick)}},
+        {34, u"20 pages, group 4: load all + save all"_s, {rewrite_bar(ManyPagesGroup4, 0.95, tiffcp)}},
         {55,
          u"500 pages, group 4: save the first"_s,
-         {{u"copy of the file"_s, Bar::SecondsRatio, 2.0, saveFirstSide(FiveHundredPages),
-           copySide(FiveHundredPages)}}},
-        saveRow(61, u"PNG"_s),
-        saveRow(62, u"JPEG"_s),
-        saveRow(63, u"BMP"_s),
+         {{u"copy of the file"_s, Bar::SecondsRatio, 2.0, save_first_side(FiveHundredPages),
+           copy_side(FiveHundredPages)}}},
+        save_row(61, u"PNG"_s),
+        save_row(62, u"JPEG"_s),
+        save_row(63, u"BMP"_s),
         {64,
          u"save TIFF to the disk"_s,
-         {{u"write(2) + fsync(2)"_s, Bar::SecondsRatio, 1.3, saveSide(u"TIFF"_s, loadLargePage, true),
-           tiffBytesSide(true)}}},
+         {{u"write(2) + fsync(2)"_s, Bar::SecondsRatio, 1.3, save_side(u"TIFF"_s, load_large_page, true),
+           tiff_bytes_side(true)}}},
     };
 }

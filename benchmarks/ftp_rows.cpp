@@ -81,7 +81,7 @@ private:
     bool isDone = false;
 };
 
-Side ourUpload()
+Side our_upload()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto file = std::make_shared<UploadedFile>();
@@ -95,7 +95,7 @@ Side ourUpload()
     return {u"Q3UrlOperator"_s, Side::OwnProcess, prepare};
 }
 
-Side curlUpload()
+Side curl_upload()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto file = std::make_shared<UploadedFile>();
@@ -111,7 +111,7 @@ Side curlUpload()
 }
 
 /// The most memory with the form on show, while a file is uploaded or not.
-Side formMemory(bool isUploading)
+Side form_memory(bool isUploading)
 {
     const auto prepare = [=](const Surroundings & /*surroundings*/) -> Round {
         const auto file = std::make_shared<UploadedFile>();
@@ -132,7 +132,7 @@ Side formMemory(bool isUploading)
 }
 
 /// The longest time between two turns of the event loop while a file is uploaded.
-Side longestTurn()
+Side longest_turn()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto file = std::make_shared<UploadedFile>();
@@ -164,7 +164,7 @@ double processor_seconds()
 }
 
 /// What a stalled upload takes of the processor.
-Side stalledUpload()
+Side stalled_upload()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto file = std::make_shared<UploadedFile>();
@@ -187,11 +187,11 @@ QList<Row> ftp_rows()
     return {
         {81,
          u"upload of 139 MB, from STOR to 226"_s,
-         {{u"curl -T"_s, Bar::SecondsRatio, 1.15, ourUpload(), curlUpload()}}},
+         {{u"curl -T"_s, Bar::SecondsRatio, 1.15, our_upload(), curl_upload()}}},
         {82,
          u"peak memory of an upload of 139 MB"_s,
-         {{u"idle form"_s, Bar::BytesExcess, 2.0, formMemory(true), formMemory(false)}}},
-        {83, u"longest turn of the event loop during it"_s, {{u"-"_s, Bar::Seconds, 0.050, longestTurn(), {}}}},
-        {84, u"processor time of a stall of 10 s"_s, {{u"-"_s, Bar::Seconds, 0.010, stalledUpload(), {}}}},
+         {{u"idle form"_s, Bar::BytesExcess, 2.0, form_memory(true), form_memory(false)}}},
+        {83, u"longest turn of the event loop during it"_s, {{u"-"_s, Bar::Seconds, 0.050, longest_turn(), {}}}},
+        {84, u"processor time of a stall of 10 s"_s, {{u"-"_s, Bar::Seconds, 0.010, stalled_upload(), {}}}},
     };
 }

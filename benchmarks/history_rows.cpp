@@ -23,13 +23,13 @@ bool flip(ImageDocument &document)
     return document.flip_vertically(1);
 }
 
-bool saveBmp(const QString &path, const QImage &page)
+bool save_bmp(const QString &path, const QImage &page)
 {
     return page.save(path, "BMP");
 }
 
 /// A new file of a page.
-Side fileSide(const QString &name, const std::function<bool(const QString &path, const QImage &page)> &write)
+Side file_side(const QString &name, const std::function<bool(const QString &path, const QImage &page)> &write)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -42,12 +42,12 @@ Side fileSide(const QString &name, const std::function<bool(const QString &path,
 }
 
 /// The bytes of the page's BMP file.
-Side bytesSide()
+Side bytes_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
         QFile file(files->next());
-        if (!saveBmp(file.fileName(), load_page(32, surroundings)) || !file.open(QIODevice::ReadOnly))
+        if (!save_bmp(file.fileName(), load_page(32, surroundings)) || !file.open(QIODevice::ReadOnly))
             qFatal("cannot make the file");
         return [=, bytes = file.readAll()] {
             const QString path = files->next();
@@ -58,7 +58,7 @@ Side bytesSide()
 }
 
 /// Edits the page and measures the undo of that.
-Side firstUndoSide()
+Side first_undo_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto page = std::make_shared<EditedPage>(load_page(32, surroundings));
@@ -72,7 +72,7 @@ Side firstUndoSide()
     return {u"UndoHistory"_s, Side::OwnProcess, prepare};
 }
 
-Side furtherStepSide()
+Side further_step_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto page = std::make_shared<EditedPage>(load_page(32, surroundings));
@@ -97,14 +97,14 @@ struct PlainStep
 
     explicit PlainStep(QImage page) : present(std::move(page))
     {
-        if (!saveBmp(pastFile, present)) // what it shows does not matter
+        if (!save_bmp(pastFile, present)) // what it shows does not matter
             qFatal("cannot make the file");
     }
-    [[nodiscard]] bool save() { return saveBmp(files.next(), present); }
+    [[nodiscard]] bool save() { return save_bmp(files.next(), present); }
     [[nodiscard]] QImage past() const { return QImage(pastFile, "BMP"); }
 };
 
-Side plainStepSide(bool saves)
+Side plain_step_side(bool saves)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto step = std::make_shared<PlainStep>(load_page(32, surroundings));
@@ -146,7 +146,7 @@ struct ShownPage
     }
 };
 
-Side shownStepSide(bool redoes)
+Side shown_step_side(bool redoes)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto shown = std::make_shared<ShownPage>(load_page(1, surroundings));
@@ -165,7 +165,7 @@ Side shownStepSide(bool redoes)
 }
 
 /// Saves the page, loads another one and paints it.
-Side plainShownStepSide()
+Side plain_shown_step_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         struct Shown
@@ -198,18 +198,18 @@ QList<Row> history_rows()
     return {
         {12,
          u"snapshot alone"_s,
-         {{u"save BMP"_s, Bar::SecondsRatio, 0.40, fileSide(u"write_snapshot"_s, writeSnapshot),
-           fileSide(u"save BMP"_s, saveBmp)},
-          {u"write(2)"_s, Bar::SecondsRatio, 1.8, fileSide(u"write_snapshot"_s, writeSnapshot), bytesSide()}}},
+         {{u"save BMP"_s, Bar::SecondsRatio, 0.40, file_side(u"write_snapshot"_s, writeSnapshot),
+           file_side(u"save BMP"_s, save_bmp)},
+          {u"write(2)"_s, Bar::SecondsRatio, 1.8, file_side(u"write_snapshot"_s, writeSnapshot), bytes_side()}}},
         {27,
          u"first undo"_s,
-         {{u"save BMP + load BMP"_s, Bar::SecondsRatio, 0.30, firstUndoSide(), plainStepSide(true)}}},
+         {{u"save BMP + load BMP"_s, Bar::SecondsRatio, 0.30, first_undo_side(), plain_step_side(true)}}},
         {28,
          u"further undo, redo"_s,
-         {{u"load BMP"_s, Bar::SecondsRatio, 0.20, furtherStepSide(), plainStepSide(false)}}},
+         {{u"load BMP"_s, Bar::SecondsRatio, 0.20, further_step_side(), plain_step_side(false)}}},
         {29,
          u"1-bit page: undo and redo, picture refreshed"_s,
-         {{u"BMP + drawImage, undo"_s, Bar::SecondsRatio, 1.3, shownStepSide(false), plainShownStepSide()},
-          {u"BMP + drawImage, redo"_s, Bar::SecondsRatio, 1.3, shownStepSide(true), plainShownStepSide()}}},
+         {{u"BMP + drawImage, undo"_s, Bar::SecondsRatio, 1.3, shown_step_side(false), plain_shown_step_side()},
+          {u"BMP + drawImage, redo"_s, Bar::SecondsRatio, 1.3, shown_step_side(true), plain_shown_step_side()}}},
     };
 }

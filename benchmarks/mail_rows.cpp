@@ -85,7 +85,7 @@ struct MessageFiles
     bool isWritten = false;
 };
 
-Side ourComposition()
+Side our_composition()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto stream = std::make_shared<std::istringstream>(attachment_bytes().toStdString());
@@ -100,7 +100,7 @@ Side ourComposition()
     return {u"compose_message"_s, Side::OwnProcess, prepare};
 }
 
-Side plainComposition()
+Side plain_composition()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto bytes = std::make_shared<QByteArray>(attachment_bytes());
@@ -118,7 +118,7 @@ Side plainComposition()
 }
 
 /// The most memory above what was held before, or what the characters of the message take.
-Side compositionMemory(bool isMeasured)
+Side composition_memory(bool isMeasured)
 {
     const auto prepare = [=](const Surroundings & /*surroundings*/) -> Round {
         const auto files = std::make_shared<MessageFiles>();
@@ -135,7 +135,7 @@ Side compositionMemory(bool isMeasured)
     return {isMeasured ? u"Smtp"_s : u"characters x 2"_s, Side::OwnProcess, prepare};
 }
 
-Side ourSend()
+Side our_send()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto files = std::make_shared<MessageFiles>();
@@ -149,7 +149,7 @@ Side ourSend()
     return {u"Smtp"_s, Side::OwnProcess, prepare};
 }
 
-Side curlSend()
+Side curl_send()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto files = std::make_shared<MessageFiles>();
@@ -166,7 +166,7 @@ Side curlSend()
 }
 
 /// The longest time between two turns of the event loop, from the first one on, while a message goes out.
-Side longestTurn()
+Side longest_turn()
 {
     const auto prepare = [](const Surroundings & /*surroundings*/) -> Round {
         const auto files = std::make_shared<MessageFiles>();
@@ -194,11 +194,11 @@ QList<Row> mail_rows()
     return {
         {85,
          u"compose a message of 50 MB"_s,
-         {{u"toBase64 and lines"_s, Bar::SecondsRatio, 0.8, ourComposition(), plainComposition()}}},
+         {{u"toBase64 and lines"_s, Bar::SecondsRatio, 0.8, our_composition(), plain_composition()}}},
         {86,
          u"peak memory of that"_s,
-         {{u"characters x 2"_s, Bar::BytesRatio, 1.15, compositionMemory(true), compositionMemory(false)}}},
-        {87, u"send it, from 354 to its end"_s, {{u"curl"_s, Bar::SecondsRatio, 1.3, ourSend(), curlSend()}}},
-        {88, u"longest turn of the event loop during it"_s, {{u"-"_s, Bar::Seconds, 0.050, longestTurn(), {}}}},
+         {{u"characters x 2"_s, Bar::BytesRatio, 1.15, composition_memory(true), composition_memory(false)}}},
+        {87, u"send it, from 354 to its end"_s, {{u"curl"_s, Bar::SecondsRatio, 1.3, our_send(), curl_send()}}},
+        {88, u"longest turn of the event loop during it"_s, {{u"-"_s, Bar::Seconds, 0.050, longest_turn(), {}}}},
     };
 }

@@ -61,7 +61,7 @@ private:
     std::uint64_t state = 0x9e3779b97f4a7c15;
 };
 
-void drawMark(QPainter &painter, QPoint corner, int stripeWidth, Mark mark)
+void draw_mark(QPainter &painter, QPoint corner, int stripeWidth, Mark mark)
 {
     for (int i = 0; i < MarkStripes; ++i) {
         const QRect stripe(corner.x() + i * stripeWidth, corner.y(), stripeWidth, StripeHeight);
@@ -69,15 +69,15 @@ void drawMark(QPainter &painter, QPoint corner, int stripeWidth, Mark mark)
     }
 }
 
-void drawMarks(QPainter &painter, QSize size, Mark mark)
+void draw_marks(QPainter &painter, QSize size, Mark mark)
 {
-    drawMark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, mark);
-    drawMark(painter, QPoint(size.width() / 2 - 2 * StripeWidth, (size.height() - StripeHeight) / 2), StripeWidth,
-             mark);
-    drawMark(painter, QPoint(StripeWidth, size.height() - StripeHeight - StripeWidth), LargeStripeWidth, mark);
+    draw_mark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, mark);
+    draw_mark(painter, QPoint(size.width() / 2 - 2 * StripeWidth, (size.height() - StripeHeight) / 2), StripeWidth,
+              mark);
+    draw_mark(painter, QPoint(StripeWidth, size.height() - StripeHeight - StripeWidth), LargeStripeWidth, mark);
 }
 
-void drawText(QPainter &painter, QSize size)
+void draw_text(QPainter &painter, QSize size)
 {
     QFont font(u"DejaVu Serif"_s);
     font.setPixelSize(size.height() / 84);
@@ -91,7 +91,7 @@ void drawText(QPainter &painter, QSize size)
 }
 
 /// A picture without edges in the lower half of the page: three waves, one for each channel.
-QImage tonePicture(QSize size)
+QImage tone_picture(QSize size)
 {
     QImage picture(size, QImage::Format_RGB32);
     const auto wave = [](double turns) {
@@ -109,22 +109,22 @@ QImage tonePicture(QSize size)
 }
 
 /// The page before the scanner saw it.
-QImage cleanPage(QSize size, QColor paper, Mark mark)
+QImage clean_page(QSize size, QColor paper, Mark mark)
 {
     QImage page(size, QImage::Format_RGB32);
     page.fill(paper);
     QPainter painter(&page);
-    drawText(painter, size);
+    draw_text(painter, size);
     painter.drawImage(QPoint(size.width() / 4, size.height() * 3 / 5),
-                      tonePicture({size.width() / 2, size.height() / 4}));
-    drawMarks(painter, size, mark);
+                      tone_picture({size.width() / 2, size.height() / 4}));
+    draw_marks(painter, size, mark);
     return page;
 }
 
 /// A colour scan; @p dpi decides the size that the program reports, not the pixels.
-QImage colourPage(QSize size, int dpi)
+QImage colour_page(QSize size, int dpi)
 {
-    QImage page = cleanPage(size, QColor(244, 239, 226), ColourMark);
+    QImage page = clean_page(size, QColor(244, 239, 226), ColourMark);
     Noise noise;
     constexpr int amplitude = 3; // brings the PNG of a page at 600 dpi to about 48 MB
     const auto noisy = [&noise](int value) { return std::clamp(value + noise.next(amplitude), 0, 255); };
@@ -139,7 +139,7 @@ QImage colourPage(QSize size, int dpi)
 }
 
 /// How far the dots of a printing screen raise the limit between black and white at places 0 to @p count.
-std::vector<double> screenSwings(int count)
+std::vector<double> screen_swings(int count)
 {
     constexpr double cell = 12;
     std::vector<double> swings(static_cast<std::size_t>(count));
@@ -149,7 +149,7 @@ std::vector<double> screenSwings(int count)
 }
 
 /// A line of bits, 1 being black. The tones become the dots of a screen, as in print.
-std::vector<uchar> thresholdedLine(const QImage &page, int y, const std::vector<double> &swings, Noise &noise)
+std::vector<uchar> thresholded_line(const QImage &page, int y, const std::vector<double> &swings, Noise &noise)
 {
     std::vector<uchar> bits(static_cast<std::size_t>((page.width() + 7) / 8));
     const auto *const line = reinterpret_cast<const QRgb *>(page.constScanLine(y));
@@ -162,12 +162,12 @@ std::vector<uchar> thresholdedLine(const QImage &page, int y, const std::vector<
     return bits;
 }
 
-TiffFile openTiff(const QString &path)
+TiffFile open_tiff(const QString &path)
 {
     return TiffFile(TIFFOpen(QFile::encodeName(path).constData(), "w"));
 }
 
-void setTags(TIFF *file, QSize size, int dpi, int bits, int samples)
+void set_tags(TIFF *file, QSize size, int dpi, int bits, int samples)
 {
     TIFFSetField(file, TIFFTAG_IMAGEWIDTH, size.width());
     TIFFSetField(file, TIFFTAG_IMAGELENGTH, size.height());
@@ -180,13 +180,13 @@ void setTags(TIFF *file, QSize size, int dpi, int bits, int samples)
     TIFFSetField(file, TIFFTAG_YRESOLUTION, static_cast<double>(dpi));
 }
 
-bool writeColourTiff(const QString &path)
+bool write_colour_tiff(const QString &path)
 {
-    const QImage page = colourPage(A4, 600).convertToFormat(QImage::Format_RGB888);
-    const TiffFile file = openTiff(path);
+    const QImage page = colour_page(A4, 600).convertToFormat(QImage::Format_RGB888);
+    const TiffFile file = open_tiff(path);
     if (!file)
         return false;
-    setTags(file.get(), A4, 600, 8, 3);
+    set_tags(file.get(), A4, 600, 8, 3);
     TIFFSetField(file.get(), TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
     TIFFSetField(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_NONE);
     TIFFSetField(file.get(), TIFFTAG_ROWSPERSTRIP, 64);
@@ -200,55 +200,55 @@ bool writeColourTiff(const QString &path)
 }
 
 /// The page of a file that is open, or the next one.
-bool writeBlackPage(TIFF *file, const QImage &page, int dpi, int compression, Noise &noise)
+bool write_black_page(TIFF *file, const QImage &page, int dpi, int compression, Noise &noise)
 {
-    setTags(file, page.size(), dpi, 1, 1);
+    set_tags(file, page.size(), dpi, 1, 1);
     TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
     TIFFSetField(file, TIFFTAG_COMPRESSION, compression);
     TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, page.height());
-    const std::vector<double> swings = screenSwings(std::max(page.width(), page.height()));
+    const std::vector<double> swings = screen_swings(std::max(page.width(), page.height()));
     for (int y = 0; y < page.height(); ++y) {
-        std::vector<uchar> line = thresholdedLine(page, y, swings, noise);
+        std::vector<uchar> line = thresholded_line(page, y, swings, noise);
         if (TIFFWriteScanline(file, line.data(), static_cast<uint32_t>(y), 0) < 0)
             return false;
     }
     return TIFFWriteDirectory(file) == 1;
 }
 
-bool writeBlackTiff(const QString &path)
+bool write_black_tiff(const QString &path)
 {
     Noise noise;
-    const TiffFile file = openTiff(path);
-    const QImage page = cleanPage(A4, Qt::white, BlackMark);
-    return file && writeBlackPage(file.get(), page, 600, COMPRESSION_CCITTFAX4, noise);
+    const TiffFile file = open_tiff(path);
+    const QImage page = clean_page(A4, Qt::white, BlackMark);
+    return file && write_black_page(file.get(), page, 600, COMPRESSION_CCITTFAX4, noise);
 }
 
 /// The noise goes on from page to page, so no two are alike.
-bool writeManyPages(const QString &path, int compression, int count = ManyPages, int dpi = 300)
+bool write_many_pages(const QString &path, int compression, int count = ManyPages, int dpi = 300)
 {
     Noise noise;
-    const TiffFile file = openTiff(path);
-    const QImage page = cleanPage(A4 * dpi / 600, Qt::white, BlackMark);
+    const TiffFile file = open_tiff(path);
+    const QImage page = clean_page(A4 * dpi / 600, Qt::white, BlackMark);
     for (int i = 0; i < count; ++i) {
-        if (!file || !writeBlackPage(file.get(), page, dpi, compression, noise))
+        if (!file || !write_black_page(file.get(), page, dpi, compression, noise))
             return false;
     }
     return true;
 }
 
 /// Hardly more than the mark, for the start of a window alone.
-bool writeMark(const QString &path)
+bool write_mark(const QString &path)
 {
     QImage picture(StripeWidth * (MarkStripes + 1), StripeHeight + StripeWidth, QImage::Format_RGB32);
     picture.fill(Qt::white);
     QPainter painter(&picture);
-    drawMark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, ColourMark);
+    draw_mark(painter, QPoint(StripeWidth / 2, StripeWidth / 2), StripeWidth, ColourMark);
     painter.end();
     return picture.save(path, "png");
 }
 
 /// Limits under which ImageMagick takes many pages at once. Those of its package are too low.
-bool writeLimits(const QString &path)
+bool write_limits(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(R"(<policymap>
@@ -260,7 +260,7 @@ bool writeLimits(const QString &path)
 )") > 0 && file.flush();
 }
 
-bool writeByToolkit(const QString &path, const char *format, const QImage &page)
+bool write_by_toolkit(const QString &path, const char *format, const QImage &page)
 {
     QImageWriter writer(path, format);
     if (qstrcmp(format, "jpeg") == 0)
@@ -276,20 +276,21 @@ struct Input
 
 const std::array inputs{
     Input{"a4_300_jpeg/page.jpg",
-          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A4 / 2, 300)); }},
+          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4 / 2, 300)); }},
     Input{"a4_600_jpeg/page.jpg",
-          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A4, 600)); }},
-    Input{"a4_600_png/page.png", [](const QString &path) { return writeByToolkit(path, "png", colourPage(A4, 600)); }},
-    Input{"a4_600_tiff/page.tif", writeColourTiff},
-    Input{"a4_600_1bit_tiff/page.tif", writeBlackTiff},
-    Input{"pages_tiff/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_NONE); }},
-    Input{"pages_group4/pages.tif", [](const QString &path) { return writeManyPages(path, COMPRESSION_CCITTFAX4); }},
+          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4, 600)); }},
+    Input{"a4_600_png/page.png",
+          [](const QString &path) { return write_by_toolkit(path, "png", colour_page(A4, 600)); }},
+    Input{"a4_600_tiff/page.tif", write_colour_tiff},
+    Input{"a4_600_1bit_tiff/page.tif", write_black_tiff},
+    Input{"pages_tiff/pages.tif", [](const QString &path) { return write_many_pages(path, COMPRESSION_NONE); }},
+    Input{"pages_group4/pages.tif", [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4); }},
     Input{"pages_500_group4/pages.tif",
-          [](const QString &path) { return writeManyPages(path, COMPRESSION_CCITTFAX4, 500, 150); }},
-    Input{"mark/mark.png", writeMark},
-    Input{"imagemagick/policy.xml", writeLimits},
+          [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4, 500, 150); }},
+    Input{"mark/mark.png", write_mark},
+    Input{"imagemagick/policy.xml", write_limits},
     Input{"a3_600_jpeg/page.jpg",
-          [](const QString &path) { return writeByToolkit(path, "jpeg", colourPage(A3, 600)); }},
+          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A3, 600)); }},
 };
 
 /// Written under another name first, so that an interrupted run leaves no half of a page behind.

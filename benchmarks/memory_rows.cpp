@@ -17,7 +17,7 @@ constexpr auto Tiff = "a4_600_tiff/page.tif";
 constexpr auto BlackTiff = "a4_600_1bit_tiff/page.tif";
 
 /// Edits that keep the size of the page.
-const std::array<EditedPage::Edit, 5> &sameSizeEdits()
+const std::array<EditedPage::Edit, 5> &same_size_edits()
 {
     constexpr int percent = 30;
     static const std::array<EditedPage::Edit, 5> edits{
@@ -30,10 +30,10 @@ const std::array<EditedPage::Edit, 5> &sameSizeEdits()
     return edits;
 }
 
-bool editRepeatedly(EditedPage &page, int count)
+bool edit_repeatedly(EditedPage &page, int count)
 {
     for (int i = 0; i < count; ++i) {
-        if (!page.editWithSnapshot(sameSizeEdits().at(static_cast<std::size_t>(i) % sameSizeEdits().size())))
+        if (!page.editWithSnapshot(same_size_edits().at(static_cast<std::size_t>(i) % same_size_edits().size())))
             return false;
     }
     return true;
@@ -45,8 +45,8 @@ bool save(EditedPage &page, NewFiles &files)
 }
 
 /// Opens a page and gives what @p measure finds. What is counted beforehand is the process without a page.
-Side measuredSide(const char *input,
-                  const std::function<std::optional<double>(EditedPage &page, double bareBytes)> &measure)
+Side measured_side(const char *input,
+                   const std::function<std::optional<double>(EditedPage &page, double bareBytes)> &measure)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto page = std::make_shared<EditedPage>();
@@ -60,7 +60,7 @@ Side measuredSide(const char *input,
 }
 
 /// A process like that of the other side, without a page, and @p pages of 32 bits.
-Side bareSide(int pages)
+Side bare_side(int pages)
 {
     const auto prepare = [=](const Surroundings &) -> Round {
         return [=] { return resident_memory() + pages * PageBytes; };
@@ -68,27 +68,27 @@ Side bareSide(int pages)
     return {u"bare process + pages"_s, Side::OwnProcess, prepare};
 }
 
-Side pageBytesSide()
+Side page_bytes_side()
 {
     return {u"decoded bytes"_s, Side::Here, [](const Surroundings &) -> Round { return [] { return PageBytes; }; }};
 }
 
-std::optional<double> peakOfEditsAndSave(EditedPage &page, double /*bareBytes*/)
+std::optional<double> peak_of_edits_and_save(EditedPage &page, double /*bareBytes*/)
 {
     NewFiles files;
     restart_peak_memory();
-    const bool good = editRepeatedly(page, static_cast<int>(sameSizeEdits().size())) && save(page, files);
+    const bool good = edit_repeatedly(page, static_cast<int>(same_size_edits().size())) && save(page, files);
     return good ? std::optional(peak_memory()) : std::nullopt;
 }
 
-std::optional<double> extraPeakOfRotation(EditedPage &page, double bareBytes)
+std::optional<double> extra_peak_of_rotation(EditedPage &page, double bareBytes)
 {
     restart_peak_memory();
     const bool good = page.editWithSnapshot([](ImageDocument &document) { return document.rotate_90(1); });
     return good ? std::optional(peak_memory() - bareBytes) : std::nullopt;
 }
 
-std::optional<double> extraPeakOfSave(EditedPage &page, double /*bareBytes*/)
+std::optional<double> extra_peak_of_save(EditedPage &page, double /*bareBytes*/)
 {
     NewFiles files;
     restart_peak_memory();
@@ -99,7 +99,7 @@ std::optional<double> extraPeakOfSave(EditedPage &page, double /*bareBytes*/)
 std::function<std::optional<double>(EditedPage &page, double bareBytes)> residentAfterEdits(int count)
 {
     return [=](EditedPage &page, double /*bareBytes*/) {
-        return editRepeatedly(page, count) ? std::optional(resident_memory()) : std::nullopt;
+        return edit_repeatedly(page, count) ? std::optional(resident_memory()) : std::nullopt;
     };
 }
 
@@ -110,18 +110,18 @@ QList<Row> memory_rows()
     return {
         {47,
          u"peak memory, same-size edits and save"_s,
-         {{u"2 x decoded bytes + bare process"_s, Bar::BytesExcess, 16, measuredSide(Tiff, peakOfEditsAndSave),
-           bareSide(2)}}},
+         {{u"2 x decoded bytes + bare process"_s, Bar::BytesExcess, 16, measured_side(Tiff, peak_of_edits_and_save),
+           bare_side(2)}}},
         {48,
          u"peak memory, 1-bit rotate"_s,
-         {{u"decoded bytes at 32 bit"_s, Bar::BytesRatio, 0.12, measuredSide(BlackTiff, extraPeakOfRotation),
-           pageBytesSide()}}},
+         {{u"decoded bytes at 32 bit"_s, Bar::BytesRatio, 0.12, measured_side(BlackTiff, extra_peak_of_rotation),
+           page_bytes_side()}}},
         {49,
          u"extra memory of save TIFF"_s,
-         {{u"decoded bytes"_s, Bar::BytesRatio, 0.01, measuredSide(Tiff, extraPeakOfSave), pageBytesSide()}}},
+         {{u"decoded bytes"_s, Bar::BytesRatio, 0.01, measured_side(Tiff, extra_peak_of_save), page_bytes_side()}}},
         {50,
          u"resident set after 20 same-size edits"_s,
-         {{u"after the first"_s, Bar::BytesRatio, 1.10, measuredSide(Tiff, residentAfterEdits(ManyEdits)),
-           measuredSide(Tiff, residentAfterEdits(1))}}},
+         {{u"after the first"_s, Bar::BytesRatio, 1.10, measured_side(Tiff, residentAfterEdits(ManyEdits)),
+           measured_side(Tiff, residentAfterEdits(1))}}},
     };
 }

@@ -7,7 +7,7 @@
 namespace {
 
 /// A field of /proc/PID/status such as "VmHWM:".
-double memoryField(int pid, const char *field)
+double memory_field(int pid, const char *field)
 {
     constexpr double kilobyte = 1024;
     QFile status(QStringLiteral("/proc/%1/status").arg(pid));
@@ -24,7 +24,7 @@ double memoryField(int pid, const char *field)
 
 double resident_memory()
 {
-    return memoryField(getpid(), "VmRSS:");
+    return memory_field(getpid(), "VmRSS:");
 }
 
 double peak_memory()
@@ -34,7 +34,7 @@ double peak_memory()
 
 double peak_memory_of(int pid)
 {
-    return memoryField(pid, "VmHWM:");
+    return memory_field(pid, "VmHWM:");
 }
 
 void restart_peak_memory()

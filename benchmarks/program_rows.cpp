@@ -38,7 +38,7 @@ constexpr Input ManyPagesGroup4{.path = "pages_group4/pages.tif", .mark = BlackM
 constexpr Input MarkAlone{.path = "mark/mark.png"};
 
 /// Polls until @p holds; the program under watch gets the processor.
-bool waitUntil(const StartedProgram &program, const std::function<bool()> &holds)
+bool wait_until(const StartedProgram &program, const std::function<bool()> &holds)
 {
     while (!holds()) {
         if (!program.isRunning() || program.age() > MaximalSeconds)
@@ -49,7 +49,7 @@ bool waitUntil(const StartedProgram &program, const std::function<bool()> &holds
 }
 
 /// The window of the program before may still be there.
-bool waitUntilGone(const Screen &screen, Mark mark)
+bool wait_until_gone(const Screen &screen, Mark mark)
 {
     const auto start = std::chrono::steady_clock::now();
     while (screen.shows(mark)) {
@@ -60,23 +60,23 @@ bool waitUntilGone(const Screen &screen, Mark mark)
     return true;
 }
 
-std::optional<double> secondsToPicture(const QStringList &command, Mark mark, const Screen &screen)
+std::optional<double> seconds_to_picture(const QStringList &command, Mark mark, const Screen &screen)
 {
-    if (!waitUntilGone(screen, mark))
+    if (!wait_until_gone(screen, mark))
         return {};
     const StartedProgram program(command);
-    if (!waitUntil(program, [&] { return screen.shows(mark); }))
+    if (!wait_until(program, [&] { return screen.shows(mark); }))
         return {};
     return program.age();
 }
 
 /// Waits until the peak stands still.
-std::optional<double> settledPeak(const StartedProgram &program)
+std::optional<double> settled_peak(const StartedProgram &program)
 {
     constexpr double quietSeconds = 0.5;
     double peak = 0;
     double since = program.age();
-    const bool settled = waitUntil(program, [&] {
+    const bool settled = wait_until(program, [&] {
         if (const double now = program.peakMemory(); now > peak) {
             peak = now;
             since = program.age();
@@ -86,18 +86,18 @@ std::optional<double> settledPeak(const StartedProgram &program)
     return settled ? std::optional(peak) : std::nullopt;
 }
 
-std::optional<double> bytesWithPicture(const QStringList &command, Mark mark, const Screen &screen)
+std::optional<double> bytes_with_picture(const QStringList &command, Mark mark, const Screen &screen)
 {
-    if (!waitUntilGone(screen, mark))
+    if (!wait_until_gone(screen, mark))
         return {};
     const StartedProgram program(command);
-    if (!waitUntil(program, [&] { return screen.shows(mark); }))
+    if (!wait_until(program, [&] { return screen.shows(mark); }))
         return {};
-    return settledPeak(program);
+    return settled_peak(program);
 }
 
 /// Our own programs lie beside this one, the others in PATH.
-QString programPath(const QString &name, const Surroundings &surroundings)
+QString program_path(const QString &name, const Surroundings &surroundings)
 {
     const bool isOurs = name == "imagemanager"_L1 || name == "all_pages"_L1 || name == "bare_window"_L1;
     return isOurs ? surroundings.programs + u'/' + name : name;
@@ -105,41 +105,41 @@ QString programPath(const QString &name, const Surroundings &surroundings)
 
 using Measure = std::optional<double> (*)(const QStringList &command, Mark mark, const Screen &screen);
 
-Side openedBy(const QString &program, const Input &input, Measure measure)
+Side opened_by(const QString &program, const Input &input, Measure measure)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto screen = std::make_shared<Screen>(surroundings.frameBuffer);
-        const QStringList command{programPath(program, surroundings),
+        const QStringList command{program_path(program, surroundings),
                                   surroundings.inputs + u'/' + QString::fromLatin1(input.path)};
         return [=] { return screen->isValid() ? measure(command, input.mark, *screen) : std::nullopt; };
     };
     return {program, Side::Here, prepare};
 }
 
-Bar startBar(const Input &input, const QString &peer, double goal)
+Bar start_bar(const Input &input, const QString &peer, double goal)
 {
-    return {peer, Bar::SecondsRatio, goal, openedBy(u"imagemanager"_s, input, secondsToPicture),
-            openedBy(peer, input, secondsToPicture)};
+    return {peer, Bar::SecondsRatio, goal, opened_by(u"imagemanager"_s, input, seconds_to_picture),
+            opened_by(peer, input, seconds_to_picture)};
 }
 
 /// The program reads all pages of a file where its dialog opens that, and so does all_pages.
-Side allPagesOf(Input input, Measure measure)
+Side all_pages_of(Input input, Measure measure)
 {
     input.mark = ExchangedMark;
-    return openedBy(u"all_pages"_s, input, measure);
+    return opened_by(u"all_pages"_s, input, measure);
 }
 
-Bar allPagesBar(const Input &input, const QString &peer, double goal)
+Bar all_pages_bar(const Input &input, const QString &peer, double goal)
 {
-    return {peer, Bar::SecondsRatio, goal, allPagesOf(input, secondsToPicture),
-            openedBy(peer, input, secondsToPicture)};
+    return {peer, Bar::SecondsRatio, goal, all_pages_of(input, seconds_to_picture),
+            opened_by(peer, input, seconds_to_picture)};
 }
 
 /// What decoding all pages and showing a window take by themselves.
-Side decodedAndBareWindow(const Input &input)
+Side decoded_and_bare_window(const Input &input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const Round window = openedBy(u"bare_window"_s, MarkAlone, secondsToPicture).prepare(surroundings);
+        const Round window = opened_by(u"bare_window"_s, MarkAlone, seconds_to_picture).prepare(surroundings);
         const auto directory = std::make_shared<QTemporaryDir>();
         const QStringList command{u"tiffcp"_s, u"-c"_s, u"none"_s,
                                   surroundings.inputs + u'/' + QString::fromLatin1(input.path),
@@ -154,29 +154,30 @@ Side decodedAndBareWindow(const Input &input)
     return {u"tiffcp -c none + bare_window"_s, Side::Here, prepare};
 }
 
-Bar memoryBar(const QString &name, const Input &input, const QString &peer, double goal)
+Bar memory_bar(const QString &name, const Input &input, const QString &peer, double goal)
 {
-    return {name, Bar::BytesRatio, goal, openedBy(u"imagemanager"_s, input, bytesWithPicture),
-            openedBy(peer, input, bytesWithPicture)};
+    return {name, Bar::BytesRatio, goal, opened_by(u"imagemanager"_s, input, bytes_with_picture),
+            opened_by(peer, input, bytes_with_picture)};
 }
 
 /// What a viewer cannot do without: the decoded page and a window.
-Side pageAndBareWindow(const Input &input)
+Side page_and_bare_window(const Input &input)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const QStringList command{programPath(u"bare_window"_s, surroundings)};
+        const QStringList command{program_path(u"bare_window"_s, surroundings)};
         return [=]() -> std::optional<double> {
             const StartedProgram window(command);
-            const std::optional<double> peak = settledPeak(window);
+            const std::optional<double> peak = settled_peak(window);
             return peak ? std::optional(*peak + input.decodedBytes) : std::nullopt;
         };
     };
     return {u"decoded bytes + bare_window"_s, Side::Here, prepare};
 }
 
-Bar excessBar(const QString &name, const Input &input)
+Bar excess_bar(const QString &name, const Input &input)
 {
-    return {name, Bar::BytesExcess, 10, openedBy(u"imagemanager"_s, input, bytesWithPicture), pageAndBareWindow(input)};
+    return {name, Bar::BytesExcess, 10, opened_by(u"imagemanager"_s, input, bytes_with_picture),
+            page_and_bare_window(input)};
 }
 
 } // namespace
@@ -184,35 +185,35 @@ Bar excessBar(const QString &name, const Input &input)
 QList<Row> program_rows()
 {
     return {
-        {1, u"start to picture, A4/300 JPEG"_s, {startBar(SmallJpeg, u"feh"_s, 1.15)}},
-        {2, u"start to picture, A4/600 JPEG"_s, {startBar(Jpeg, u"feh"_s, 1.10)}},
-        {3, u"start to picture, A4/600 JPEG"_s, {startBar(Jpeg, u"eog"_s, 0.30), startBar(Jpeg, u"gthumb"_s, 0.33)}},
-        {4, u"start to picture, A4/600 PNG"_s, {startBar(Png, u"feh"_s, 1.05)}},
-        {5, u"start to picture, A4/600 TIFF"_s, {startBar(Tiff, u"feh"_s, 0.65), startBar(Tiff, u"mtpaint"_s, 0.72)}},
+        {1, u"start to picture, A4/300 JPEG"_s, {start_bar(SmallJpeg, u"feh"_s, 1.15)}},
+        {2, u"start to picture, A4/600 JPEG"_s, {start_bar(Jpeg, u"feh"_s, 1.10)}},
+        {3, u"start to picture, A4/600 JPEG"_s, {start_bar(Jpeg, u"eog"_s, 0.30), start_bar(Jpeg, u"gthumb"_s, 0.33)}},
+        {4, u"start to picture, A4/600 PNG"_s, {start_bar(Png, u"feh"_s, 1.05)}},
+        {5, u"start to picture, A4/600 TIFF"_s, {start_bar(Tiff, u"feh"_s, 0.65), start_bar(Tiff, u"mtpaint"_s, 0.72)}},
         {6,
          u"start to picture, A4/600 1-bit TIFF"_s,
-         {startBar(BlackTiff, u"feh"_s, 0.33), startBar(BlackTiff, u"mtpaint"_s, 0.60)}},
+         {start_bar(BlackTiff, u"feh"_s, 0.33), start_bar(BlackTiff, u"mtpaint"_s, 0.60)}},
         {7,
          u"start to picture, 20 pages, all read"_s,
-         {allPagesBar(ManyPages, u"feh"_s, 1.0), allPagesBar(ManyPages, u"eog"_s, 0.15)}},
+         {all_pages_bar(ManyPages, u"feh"_s, 1.0), all_pages_bar(ManyPages, u"eog"_s, 0.15)}},
         {8,
          u"start to picture, 20 pages of group 4"_s,
-         {{u"tiffcp -c none + bare_window"_s, Bar::SecondsRatio, 1.0, allPagesOf(ManyPagesGroup4, secondsToPicture),
-           decodedAndBareWindow(ManyPagesGroup4)}}},
-        {9, u"start to picture, A3/600 JPEG"_s, {startBar(LargeJpeg, u"feh"_s, 1.05)}},
+         {{u"tiffcp -c none + bare_window"_s, Bar::SecondsRatio, 1.0, all_pages_of(ManyPagesGroup4, seconds_to_picture),
+           decoded_and_bare_window(ManyPagesGroup4)}}},
+        {9, u"start to picture, A3/600 JPEG"_s, {start_bar(LargeJpeg, u"feh"_s, 1.05)}},
         {10,
          u"our window's cost, A4/300 and A4/600 JPEG"_s,
-         {startBar(SmallJpeg, u"bare_window"_s, 1.10), startBar(Jpeg, u"bare_window"_s, 1.10)}},
+         {start_bar(SmallJpeg, u"bare_window"_s, 1.10), start_bar(Jpeg, u"bare_window"_s, 1.10)}},
         {44,
          u"peak memory, view"_s,
-         {excessBar(u"decoded bytes + bare_window, JPEG"_s, Jpeg), excessBar(u"the same, TIFF"_s, Tiff),
-          memoryBar(u"feh, JPEG"_s, Jpeg, u"feh"_s, 1.20), memoryBar(u"feh, TIFF"_s, Tiff, u"feh"_s, 0.50)}},
+         {excess_bar(u"decoded bytes + bare_window, JPEG"_s, Jpeg), excess_bar(u"the same, TIFF"_s, Tiff),
+          memory_bar(u"feh, JPEG"_s, Jpeg, u"feh"_s, 1.20), memory_bar(u"feh, TIFF"_s, Tiff, u"feh"_s, 0.50)}},
         {45,
          u"peak memory, view A4/600 1 bit"_s,
-         {memoryBar(u"feh"_s, BlackTiff, u"feh"_s, 0.18), memoryBar(u"mtpaint"_s, BlackTiff, u"mtpaint"_s, 0.85)}},
+         {memory_bar(u"feh"_s, BlackTiff, u"feh"_s, 0.18), memory_bar(u"mtpaint"_s, BlackTiff, u"mtpaint"_s, 0.85)}},
         {46,
          u"peak memory, 20 pages open"_s,
-         {{u"decoded bytes + bare_window"_s, Bar::BytesExcess, 5, allPagesOf(ManyPages, bytesWithPicture),
-           pageAndBareWindow(ManyPages)}}},
+         {{u"decoded bytes + bare_window"_s, Bar::BytesExcess, 5, all_pages_of(ManyPages, bytes_with_picture),
+           page_and_bare_window(ManyPages)}}},
     };
 }

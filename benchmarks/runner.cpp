@@ -18,7 +18,7 @@ namespace {
 constexpr int MaximalRoundMs = 120'000;
 
 /// A round in another process, which prepares itself at its start.
-Round roundElsewhere(const QStringList &arguments)
+Round round_elsewhere(const QStringList &arguments)
 {
     const std::shared_ptr<QProcess> process(new QProcess, [](QProcess *finished) {
         finished->closeWriteChannel(); // no more rounds
@@ -43,7 +43,7 @@ Round prepared(const Side &side, const QStringList &address, const Surroundings 
 {
     if (side.place == Side::Here)
         return side.prepare(surroundings);
-    return roundElsewhere(QStringList{u"--inputs"_s, surroundings.inputs, u"--serve"_s} + address);
+    return round_elsewhere(QStringList{u"--inputs"_s, surroundings.inputs, u"--serve"_s} + address);
 }
 
 double median(std::vector<double> values)

@@ -31,7 +31,7 @@ double seconds_since(Clock::time_point start)
 }
 
 /// Polls; the programs under watch get the processor.
-bool waitUntil(const std::function<bool()> &holds)
+bool wait_until(const std::function<bool()> &holds)
 {
     const Clock::time_point start = Clock::now();
     while (!holds()) {
@@ -43,32 +43,32 @@ bool waitUntil(const std::function<bool()> &holds)
 }
 
 /// From the start of the second process until it has ended and the first shows the second's file.
-std::optional<double> secondsOfSecondStart(const Surroundings &surroundings, const Screen &screen)
+std::optional<double> seconds_of_second_start(const Surroundings &surroundings, const Screen &screen)
 {
     const QString executable = surroundings.programs + "/imagemanager"_L1;
-    if (!waitUntil([&] { return !screen.shows(ColourMark) && !screen.shows(BlackMark); }))
+    if (!wait_until([&] { return !screen.shows(ColourMark) && !screen.shows(BlackMark); }))
         return {};
     const StartedProgram first({executable, surroundings.inputs + u'/' + FileOfTheFirst});
-    if (!waitUntil([&] { return screen.shows(BlackMark); }))
+    if (!wait_until([&] { return screen.shows(BlackMark); }))
         return {};
 
     const StartedProgram second({executable, surroundings.inputs + u'/' + MarkedFile});
-    if (!waitUntil([&] { return !second.isRunning() && screen.shows(ColourMark); }))
+    if (!wait_until([&] { return !second.isRunning() && screen.shows(ColourMark); }))
         return {};
     return second.age();
 }
 
-Side secondStart()
+Side second_start()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto screen = std::make_shared<Screen>(surroundings.frameBuffer);
-        return [=] { return screen->isValid() ? secondsOfSecondStart(surroundings, *screen) : std::nullopt; };
+        return [=] { return screen->isValid() ? seconds_of_second_start(surroundings, *screen) : std::nullopt; };
     };
     return {u"second start"_s, Side::Here, prepare};
 }
 
 /// One and a half times a program that opens its display and ends, and the reading of the file.
-Side bareStartAndLoad()
+Side bare_start_and_load()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         return [=]() -> std::optional<double> {
@@ -103,7 +103,7 @@ Side installation(const QByteArray &line)
     return {u"find_installation"_s, Side::OwnProcess, prepare};
 }
 
-Bar installationBar(const QString &name, const QByteArray &line)
+Bar installation_bar(const QString &name, const QByteArray &line)
 {
     return {name, Bar::Seconds, 0.050, installation(line), {}};
 }
@@ -115,11 +115,11 @@ QList<Row> start_rows()
     return {
         {53,
          u"second start, to its file on the screen"_s,
-         {{u"1.5 bare_start + load"_s, Bar::SecondsRatio, 1.0, secondStart(), bareStartAndLoad()}}},
+         {{u"1.5 bare_start + load"_s, Bar::SecondsRatio, 1.0, second_start(), bare_start_and_load()}}},
         {54,
          u"OEM.ini of 10 MiB"_s,
-         {installationBar(u"models"_s, "MODEL=AP-1200\n"), installationBar(u"vendors"_s, "VENDOR=Acme Printers\n"),
-          installationBar(u"comments"_s, "# nothing that the program knows\n"),
-          installationBar(u"one line"_s, QByteArray(1 << 20, 'x'))}},
+         {installation_bar(u"models"_s, "MODEL=AP-1200\n"), installation_bar(u"vendors"_s, "VENDOR=Acme Printers\n"),
+          installation_bar(u"comments"_s, "# nothing that the program knows\n"),
+          installation_bar(u"one line"_s, QByteArray(1 << 20, 'x'))}},
     };
 }

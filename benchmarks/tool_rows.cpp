@@ -69,7 +69,7 @@ private:
 };
 
 /// From the command to the start of lpr, which the command waits for.
-Side printSide(int depth)
+Side print_side(int depth)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto window = std::make_shared<ToolWindow>(depth, surroundings);
@@ -90,12 +90,12 @@ bool save_for_printing(const QString &path, const QImage &page)
     return create_print_file(path, file) && write_print_file(file, page);
 }
 
-WritePage toolkitWriter(const char *format)
+WritePage toolkit_writer(const char *format)
 {
     return [format](const QString &path, const QImage &page) { return page.save(path, format); };
 }
 
-Side secondsSide(const QString &name, int depth, const WritePage &write)
+Side seconds_side(const QString &name, int depth, const WritePage &write)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -107,7 +107,7 @@ Side secondsSide(const QString &name, int depth, const WritePage &write)
     return {name, Side::OwnProcess, prepare};
 }
 
-Side bytesSide(const QString &name, int depth, const WritePage &write)
+Side bytes_side(const QString &name, int depth, const WritePage &write)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -122,7 +122,7 @@ Side bytesSide(const QString &name, int depth, const WritePage &write)
 }
 
 /// From the command to the first word of the program that it starts.
-Side editorSide()
+Side editor_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto window = std::make_shared<ToolWindow>(32, surroundings);
@@ -142,7 +142,7 @@ Side editorSide()
     return {u"ImageManager"_s, Side::OwnProcess, prepare};
 }
 
-Side bmpBytesSide()
+Side bmp_bytes_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto files = std::make_shared<NewFiles>();
@@ -158,7 +158,7 @@ Side bmpBytesSide()
 }
 
 /// What printing does beside making the page's file, with a page as large in memory.
-Side startSide()
+Side start_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto window = std::make_shared<ToolWindow>(32, surroundings);
@@ -187,24 +187,24 @@ Side startSide()
     return {u"start of lpr"_s, Side::OwnProcess, prepare};
 }
 
-Row printRow(int number, const QString &job, int depth, double secondsGoal, double bytesGoal)
+Row print_row(int number, const QString &job, int depth, double secondsGoal, double bytesGoal)
 {
     const QString toolkit = u"QImage::save PNG"_s;
-    return {
-        number,
-        job,
-        {{toolkit, Bar::SecondsRatio, secondsGoal, printSide(depth), secondsSide(toolkit, depth, toolkitWriter("PNG"))},
-         {toolkit + ", file"_L1, Bar::BytesRatio, bytesGoal, bytesSide(u"print file"_s, depth, save_for_printing),
-          bytesSide(toolkit, depth, toolkitWriter("PNG"))}}};
+    return {number,
+            job,
+            {{toolkit, Bar::SecondsRatio, secondsGoal, print_side(depth),
+              seconds_side(toolkit, depth, toolkit_writer("PNG"))},
+             {toolkit + ", file"_L1, Bar::BytesRatio, bytesGoal, bytes_side(u"print file"_s, depth, save_for_printing),
+              bytes_side(toolkit, depth, toolkit_writer("PNG"))}}};
 }
 
-Row recogniserRow(int number, const QString &job, int depth, double goal)
+Row recogniser_row(int number, const QString &job, int depth, double goal)
 {
     return {number,
             job,
             {{u"QImage::save PBM"_s, Bar::SecondsRatio, goal,
-              secondsSide(u"recogniser file"_s, depth, write_recogniser_file),
-              secondsSide(u"QImage::save"_s, depth, toolkitWriter("PBM"))}}};
+              seconds_side(u"recogniser file"_s, depth, write_recogniser_file),
+              seconds_side(u"QImage::save"_s, depth, toolkit_writer("PBM"))}}};
 }
 
 } // namespace
@@ -212,13 +212,13 @@ Row recogniserRow(int number, const QString &job, int depth, double goal)
 QList<Row> tool_rows()
 {
     return {
-        printRow(71, u"print, command to lpr started"_s, 32, 0.35, 1.25),
-        printRow(72, u"print 1-bit page"_s, 1, 0.50, 2.0),
+        print_row(71, u"print, command to lpr started"_s, 32, 0.35, 1.25),
+        print_row(72, u"print 1-bit page"_s, 1, 0.50, 2.0),
         {73,
          u"editor, command to program started"_s,
-         {{u"write(2)"_s, Bar::SecondsRatio, 2.0, editorSide(), bmpBytesSide()}}},
-        recogniserRow(74, u"recogniser's file of a colour page"_s, 32, 0.70),
-        recogniserRow(75, u"recogniser's file of a 1-bit page"_s, 1, 1.10),
-        {76, u"window blocked by Print beyond the save"_s, {{u"-"_s, Bar::Seconds, 0.020, startSide(), {}}}},
+         {{u"write(2)"_s, Bar::SecondsRatio, 2.0, editor_side(), bmp_bytes_side()}}},
+        recogniser_row(74, u"recogniser's file of a colour page"_s, 32, 0.70),
+        recogniser_row(75, u"recogniser's file of a 1-bit page"_s, 1, 1.10),
+        {76, u"window blocked by Print beyond the save"_s, {{u"-"_s, Bar::Seconds, 0.020, start_side(), {}}}},
     };
 }

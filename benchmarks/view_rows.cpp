@@ -33,7 +33,7 @@ constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
 constexpr int StepsOfARound = 40;
 
 /// Mean seconds of a repaint that is asked for and comes by the event loop, as those that follow the mouse do.
-double secondsOfRepaint(Stage &stage, QWidget &widget)
+double seconds_of_repaint(Stage &stage, QWidget &widget)
 {
     double seconds = 0;
     for (int i = 0; i < StepsOfARound; ++i)
@@ -71,36 +71,36 @@ struct ShownWidget
     }
 };
 
-Side viewRepaint(int depth, int zoomIndex, QSize size)
+Side view_repaint(int depth, int zoomIndex, QSize size)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto shown = std::make_shared<ShownView>(load_page(depth, surroundings), zoomIndex, size);
         return [shown] {
             shown->stage.bringUp();
-            return secondsOfRepaint(shown->stage, *shown->view.viewport());
+            return seconds_of_repaint(shown->stage, *shown->view.viewport());
         };
     };
     return {u"ImageView"_s, Side::OwnProcess, prepare};
 }
 
-Side widgetRepaint(const QString &name, QSize size,
-                   const std::function<std::function<void(QPainter &)>(const Surroundings &)> &makePaint)
+Side widget_repaint(const QString &name, QSize size,
+                    const std::function<std::function<void(QPainter &)>(const Surroundings &)> &makePaint)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto shown = std::make_shared<ShownWidget>(makePaint(surroundings), size);
         return [shown] {
             shown->stage.bringUp();
-            return secondsOfRepaint(shown->stage, shown->widget);
+            return seconds_of_repaint(shown->stage, shown->widget);
         };
     };
     return {name, Side::OwnProcess, prepare};
 }
 
 /// The page by drawPixmap, and the ground only where the page does not reach: the same picture by the plainest road.
-Side pixmapRepaint(int zoomIndex, QSize size)
+Side pixmap_repaint(int zoomIndex, QSize size)
 {
     const double factor = Zooms.at(static_cast<std::size_t>(zoomIndex)).factor;
-    return widgetRepaint(u"drawPixmap"_s, size, [=](const Surroundings &surroundings) {
+    return widget_repaint(u"drawPixmap"_s, size, [=](const Surroundings &surroundings) {
         const QPixmap pixmap = QPixmap::fromImage(load_page(32, surroundings));
         const QRect covered(QPoint(0, 0), (QSizeF(pixmap.size()) * factor).toSize());
         const QRegion ground = QRegion(QRect(QPoint(0, 0), size)) - covered;
@@ -113,9 +113,9 @@ Side pixmapRepaint(int zoomIndex, QSize size)
     });
 }
 
-Side plainFillRepaint(QSize size)
+Side plain_fill_repaint(QSize size)
 {
-    return widgetRepaint(u"plain fill"_s, size, [=](const Surroundings &) {
+    return widget_repaint(u"plain fill"_s, size, [=](const Surroundings &) {
         return [=](QPainter &painter) { painter.fillRect(QRect(QPoint(0, 0), size), Qt::gray); };
     });
 }
@@ -162,32 +162,32 @@ Side hover(QSize size)
     return {u"hover"_s, Side::OwnProcess, prepare};
 }
 
-QString sizeName(QSize size)
+QString size_name(QSize size)
 {
     return u"%1x%2"_s.arg(size.width()).arg(size.height());
 }
 
 /// A bar for each zoom and each size of the window.
-QList<Bar> repaintBars(const QString &yardstickName, int depth, double goal,
-                       const std::function<Side(int zoomIndex, QSize size)> &yardstick)
+QList<Bar> repaint_bars(const QString &yardstickName, int depth, double goal,
+                        const std::function<Side(int zoomIndex, QSize size)> &yardstick)
 {
     QList<Bar> bars;
     for (const QSize size : ViewportSizes) {
         for (int i = 0; i < static_cast<int>(Zooms.size()); ++i) {
             const QString zoom = QString::fromLatin1(Zooms.at(static_cast<std::size_t>(i)).name);
-            const QString name = u"%1, %2 %3 bit %4"_s.arg(yardstickName, sizeName(size)).arg(depth).arg(zoom);
-            bars.append({name, Bar::SecondsRatio, goal, viewRepaint(depth, i, size), yardstick(i, size)});
+            const QString name = u"%1, %2 %3 bit %4"_s.arg(yardstickName, size_name(size)).arg(depth).arg(zoom);
+            bars.append({name, Bar::SecondsRatio, goal, view_repaint(depth, i, size), yardstick(i, size)});
         }
     }
     return bars;
 }
 
-QList<Bar> dragBars(const QString &yardstickName, bool byHand, double goal,
-                    const std::function<Side(QSize size)> &yardstick)
+QList<Bar> drag_bars(const QString &yardstickName, bool byHand, double goal,
+                     const std::function<Side(QSize size)> &yardstick)
 {
     QList<Bar> bars;
     for (const QSize size : ViewportSizes)
-        bars.append({u"%1, %2"_s.arg(yardstickName, sizeName(size)), Bar::SecondsRatio, goal, drag(byHand, size),
+        bars.append({u"%1, %2"_s.arg(yardstickName, size_name(size)), Bar::SecondsRatio, goal, drag(byHand, size),
                      yardstick(size)});
     return bars;
 }
@@ -196,14 +196,14 @@ QList<Bar> dragBars(const QString &yardstickName, bool byHand, double goal,
 
 QList<Row> view_rows()
 {
-    const auto fill = [](int /*zoomIndex*/, QSize size) { return plainFillRepaint(size); };
-    const auto naturalSize = [](QSize size) { return pixmapRepaint(NaturalSize, size); };
+    const auto fill = [](int /*zoomIndex*/, QSize size) { return plain_fill_repaint(size); };
+    const auto naturalSize = [](QSize size) { return pixmap_repaint(NaturalSize, size); };
     return {
-        {35, u"repaint, 32-bit page"_s, repaintBars(u"drawPixmap"_s, 32, 1.15, pixmapRepaint)},
+        {35, u"repaint, 32-bit page"_s, repaint_bars(u"drawPixmap"_s, 32, 1.15, pixmap_repaint)},
         {36, u"repaint, 1-bit and 8-bit page"_s,
-         repaintBars(u"plain fill"_s, 1, 9, fill) + repaintBars(u"plain fill"_s, 8, 9, fill)},
-        {38, u"scroll by the hand, per move"_s, dragBars(u"drawPixmap"_s, true, 1.1, naturalSize)},
-        {39, u"selection drag, per move"_s, dragBars(u"plain fill"_s, false, 1.4, plainFillRepaint)},
+         repaint_bars(u"plain fill"_s, 1, 9, fill) + repaint_bars(u"plain fill"_s, 8, 9, fill)},
+        {38, u"scroll by the hand, per move"_s, drag_bars(u"drawPixmap"_s, true, 1.1, naturalSize)},
+        {39, u"selection drag, per move"_s, drag_bars(u"plain fill"_s, false, 1.4, plain_fill_repaint)},
         {40, u"plain hover over the picture"_s, {{u"paint events"_s, Bar::Count, 0, hover(ViewportSizes.front()), {}}}},
     };
 }

@@ -53,7 +53,7 @@ struct WatchedWindow : PageWindow
 };
 
 /// Steps to a zoom from the larger one beside it; to the largest from the smaller one.
-Side zoomSide(int index, QSize size)
+Side zoom_side(int index, QSize size)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto page = std::make_shared<WatchedWindow>(surroundings);
@@ -78,7 +78,7 @@ Side zoomSide(int index, QSize size)
     return {u"ImageManager"_s, Side::OwnProcess, prepare};
 }
 
-Side plainFillSide(QSize size)
+Side plain_fill_side(QSize size)
 {
     const auto prepare = [=](const Surroundings &) -> Round {
         struct Filled
@@ -105,14 +105,14 @@ Side plainFillSide(QSize size)
     return {u"plain fill"_s, Side::OwnProcess, prepare};
 }
 
-QList<Bar> zoomBars()
+QList<Bar> zoom_bars()
 {
     QList<Bar> bars;
     for (const QSize size : ViewportSizes) {
         for (int i = 0; i < static_cast<int>(ZoomNames.size()); ++i) {
             const QString zoom = QString::fromLatin1(ZoomNames.at(static_cast<std::size_t>(i)));
             bars.append({u"plain fill, %1x%2 to %3"_s.arg(size.width()).arg(size.height()).arg(zoom), Bar::SecondsRatio,
-                         4.5, zoomSide(i, size), plainFillSide(size)});
+                         4.5, zoom_side(i, size), plain_fill_side(size)});
         }
     }
     return bars;
@@ -147,7 +147,7 @@ private:
 };
 
 /// Crops the page, which needs no dialog, and undoes that.
-Side commandSide()
+Side command_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
         const auto page = std::make_shared<WatchedWindow>(surroundings);
@@ -174,7 +174,7 @@ Side commandSide()
 QList<Row> window_rows()
 {
     return {
-        {37, u"zoom step, 32-bit page"_s, zoomBars()},
-        {43, u"command to disabled window and status text"_s, {{u"-"_s, Bar::Seconds, 0.050, commandSide(), {}}}},
+        {37, u"zoom step, 32-bit page"_s, zoom_bars()},
+        {43, u"command to disabled window and status text"_s, {{u"-"_s, Bar::Seconds, 0.050, command_side(), {}}}},
     };
 }

@@ -17,14 +17,13 @@
 #include <span>
 #include <sys/stat.h>
 #include <utility>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /// Some systems say only now that they cannot keep what they were given.
-bool closeSafely(QFile &file)
+bool close_safely(QFile &file)
 {
     const bool isGood = file.error() == QFileDevice::NoError; // closing forgets it
     file.close();
@@ -63,7 +62,7 @@ bool has_dark_color_first(const QImage &mono)
     return mono.colorCount() == 2 && qGray(mono.color(0)) < qGray(mono.color(1));
 }
 
-std::vector<char> pbm_bytes(const QImage &mono)
+QByteArray pbm_bytes(const QImage &mono)
 {
     const QByteArray header =
         "P4\n" + QByteArray::number(mono.width()) + ' ' + QByteArray::number(mono.height()) + '\n';
@@ -71,8 +70,8 @@ std::vector<char> pbm_bytes(const QImage &mono)
     const auto unusedBits = static_cast<unsigned>(8 * lineBytes - static_cast<std::size_t>(mono.width()));
     const bool isFlipped = has_dark_color_first(mono);
 
-    std::vector<char> bytes(header.begin(), header.end());
-    bytes.resize(bytes.size() + lineBytes * static_cast<std::size_t>(mono.height()));
+    QByteArray bytes = header;
+    bytes.resize(header.size() + static_cast<qsizetype>(lineBytes) * mono.height());
     auto *to = reinterpret_cast<uchar *>(bytes.data()) + header.size();
     for (int y = 0; y < mono.height(); ++y, to += lineBytes) {
         const std::span<const uchar> line(mono.constScanLine(y), lineBytes);
@@ -121,10 +120,9 @@ bool write_recogniser_file(const QString &path, const QImage &page)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    const std::vector<char> bytes = pbm_bytes(mono);
-    const auto size = static_cast<qint64>(bytes.size());
-    const bool isWritten = file.write(bytes.data(), size) == size;
-    return closeSafely(file) && isWritten;
+    const QByteArray bytes = pbm_bytes(mono);
+    const bool isWritten = file.write(bytes) == bytes.size();
+    return close_safely(file) && isWritten;
 }
 
 QString print_file_name()
@@ -152,5 +150,5 @@ bool create_print_file(const QString &path, QFile &file)
 bool write_print_file(QFile &file, const QImage &page)
 {
     const bool isWritten = write_png(file, page);
-    return closeSafely(file) && isWritten;
+    return close_safely(file) && isWritten;
 }

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The list's entry of a one-based page number.
-auto pageAt(auto &pages, uint pi)
+auto page_at(auto &pages, uint pi)
 {
     return std::next(pages.begin(), static_cast<int>(pi) - 1);
 }
@@ -61,24 +61,24 @@ bool ImageDocument::addPage(const QImage &img)
 
 void ImageDocument::removePage(uint pi)
 {
-    pages.erase(pageAt(pages, pi));
+    pages.erase(page_at(pages, pi));
     setModified(true);
 }
 
 void ImageDocument::swapPages(uint pi1, uint pi2)
 {
-    std::iter_swap(pageAt(pages, pi1), pageAt(pages, pi2));
+    std::iter_swap(page_at(pages, pi1), page_at(pages, pi2));
     setModified(true);
 }
 
 QImage &ImageDocument::page(uint pi)
 {
-    return *pageAt(pages, pi);
+    return *page_at(pages, pi);
 }
 
 const QImage &ImageDocument::page(uint pi) const
 {
-    return *pageAt(pages, pi);
+    return *page_at(pages, pi);
 }
 
 bool ImageDocument::setPage(uint pi, const QImage &img)

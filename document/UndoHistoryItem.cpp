@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void logStep(const char *step, const QString &fileName, double zoom, QSize size)
+void log_step(const char *step, const QString &fileName, double zoom, QSize size)
 {
     qDebug("UndoHistoryItem::%s n=%s, z=%g, w=%d, h=%d", step, qUtf8Printable(fileName), zoom, size.width(),
            size.height());
@@ -45,7 +45,7 @@ bool UndoHistoryItem::save(const QImage &image, const QSize &size, double zoom)
     hadAlphaFormat = image.format() == QImage::Format_ARGB32;
     zoom_ = zoom;
     size_ = size;
-    logStep("save", fileName_, zoom_, size_);
+    log_step("save", fileName_, zoom_, size_);
     return true;
 }
 
@@ -63,7 +63,7 @@ bool UndoHistoryItem::load(QImage *image, QSize *size, double *zoom) const
     // A page of a format with alpha keeps it also where all is opaque.
     if (hadAlphaFormat && page.format() == QImage::Format_RGB32)
         (void)page.reinterpretAsFormat(QImage::Format_ARGB32); // of the same depth, which is all it takes
-    logStep("load", fileName_, zoom_, size_);
+    log_step("load", fileName_, zoom_, size_);
     *image = std::move(page);
     *size = size_;
     *zoom = zoom_;

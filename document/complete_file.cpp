@@ -15,7 +15,7 @@
 namespace {
 
 /// Whether there is a number for every eight pixels of a row.
-bool isCompleteXbm(QIODevice &file)
+bool is_complete_xbm(QIODevice &file)
 {
     constexpr qint64 LongestLine = 1024;
     const auto lastNumber = [&file] { return file.readLine(LongestLine).simplified().split(' ').last().toLongLong(); };
@@ -33,7 +33,7 @@ bool isCompleteXbm(QIODevice &file)
 
 /// Whether the colour map lies within the file. Its loss turns a coloured page into a grey one, and it
 /// is often the last thing in a file.
-bool hasWholeTiffColorMap(QIODevice &file)
+bool has_whole_tiff_color_map(QIODevice &file)
 {
     constexpr qsizetype EntryBytes = 12;
     constexpr quint16 ColorMapTag = 320;
@@ -66,7 +66,7 @@ bool hasWholeTiffColorMap(QIODevice &file)
 using Check = bool (*)(QIODevice &);
 
 /// The check for a file that begins so, or null.
-Check checkFor(const QByteArray &start)
+Check check_for(const QByteArray &start)
 {
     if (start.startsWith("\xff\xd8"))
         return is_complete_jpeg;
@@ -77,11 +77,11 @@ Check checkFor(const QByteArray &start)
     if (start.startsWith("icns"))
         return is_complete_icns;
     if (start.startsWith("#define"))
-        return isCompleteXbm;
+        return is_complete_xbm;
     if (start.startsWith("\x8aMNG"))
         return has_fitting_mng_pictures;
     if (start.startsWith(QByteArrayView("II*\0", 4)) || start.startsWith(QByteArrayView("MM\0*", 4)))
-        return hasWholeTiffColorMap;
+        return has_whole_tiff_color_map;
     return nullptr;
 }
 
@@ -90,7 +90,7 @@ Check checkFor(const QByteArray &start)
 bool is_complete_image(QIODevice &file)
 {
     constexpr qint64 LongestSignature = 7;
-    const Check check = checkFor(file.peek(LongestSignature));
+    const Check check = check_for(file.peek(LongestSignature));
     const bool complete = check != nullptr ? check(file) : !is_tga(file) || is_complete_tga(file);
     return file.seek(0) && complete;
 }

@@ -15,7 +15,7 @@ constexpr int RgbBytes = 3;
 constexpr int StepPixels = 4;
 constexpr int StepReach = 6;
 
-bool hasByteShuffle()
+bool has_byte_shuffle()
 {
     static const bool answer = __builtin_cpu_supports("ssse3");
     return answer;
@@ -53,7 +53,7 @@ __attribute__((target("ssse3"))) void packByShuffle(const QRgb *words, uchar *rg
 void expand_rgb_row(const uchar *rgb, QRgb *words, int width)
 {
 #ifdef __x86_64__
-    if (hasByteShuffle()) {
+    if (has_byte_shuffle()) {
         expandByShuffle(rgb, words, width);
         return;
     }
@@ -64,7 +64,7 @@ void expand_rgb_row(const uchar *rgb, QRgb *words, int width)
 void pack_rgb_row(const QRgb *words, uchar *rgb, int width)
 {
 #ifdef __x86_64__
-    if (hasByteShuffle()) {
+    if (has_byte_shuffle()) {
         packByShuffle(words, rgb, width);
         return;
     }

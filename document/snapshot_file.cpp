@@ -64,36 +64,36 @@ private:
     std::unique_ptr<uchar[]> bytes; // NOLINT(modernize-avoid-c-arrays)
 };
 
-bool writeAll(QFile &file, const void *bytes, qint64 count)
+bool write_all(QFile &file, const void *bytes, qint64 count)
 {
     return file.write(static_cast<const char *>(bytes), count) == count;
 }
 
-bool readAll(QFile &file, void *bytes, qint64 count)
+bool read_all(QFile &file, void *bytes, qint64 count)
 {
     return file.read(static_cast<char *>(bytes), count) == count;
 }
 
 /// Some systems say only now that they cannot keep what they were given.
-bool closeSafely(QFile &file)
+bool close_safely(QFile &file)
 {
     const bool good = file.error() == QFileDevice::NoError; // closing forgets it
     file.close();
     return good && file.error() == QFileDevice::NoError;
 }
 
-void copyBytes(const uchar *from, std::size_t /*width*/, std::span<uchar> to)
+void copy_bytes(const uchar *from, std::size_t /*width*/, std::span<uchar> to)
 {
     std::memcpy(to.data(), from, to.size());
 }
 
 /// Words of this machine from or to words of the file, whichever it is.
-void copyWords(const uchar *from, std::size_t width, std::span<uchar> to)
+void copy_words(const uchar *from, std::size_t width, std::span<uchar> to)
 {
     qToLittleEndian<QRgb>(from, static_cast<qsizetype>(width), to.data());
 }
 
-RowCopy rowPacker(const SnapshotShape &shape, QImage::Format format)
+RowCopy row_packer(const SnapshotShape &shape, QImage::Format format)
 {
     if (format == QImage::Format_MonoLSB)
         return [](const uchar *from, std::size_t, std::span<uchar> to) { reverse_bits({from, to.size()}, to); };
@@ -104,7 +104,7 @@ RowCopy rowPacker(const SnapshotShape &shape, QImage::Format format)
             pack_bgr({reinterpret_cast<const QRgb *>(from), width}, to);
         };
     }
-    return shape.bits == 32 ? copyWords : copyBytes;
+    return shape.bits == 32 ? copy_words : copy_bytes;
 }
 
 /// The bytes of a snapshot file in order: header, table, and the rows of the page from the lowest on.
@@ -112,7 +112,7 @@ class SnapshotBytes
 {
 public:
     SnapshotBytes(const QImage &image, const SnapshotShape &shape) :
-        copy(rowPacker(shape, image.format())),
+        copy(row_packer(shape, image.format())),
         lines(image.constBits()),
         lineBytes(image.bytesPerLine()),
         width(static_cast<std::size_t>(shape.width)),
@@ -176,11 +176,11 @@ private:
 /// stay in the cache between packing and writing.
 constexpr std::size_t WrittenBlockBytes = std::size_t{256} * 1024;
 
-bool writeByTurns(QFile &file, SnapshotBytes &source)
+bool write_by_turns(QFile &file, SnapshotBytes &source)
 {
     std::vector<uchar> block(WrittenBlockBytes);
     for (std::size_t size = source.fill(block); size > 0; size = source.fill(block)) {
-        if (!writeAll(file, block.data(), static_cast<qint64>(size)))
+        if (!write_all(file, block.data(), static_cast<qint64>(size)))
             return false;
     }
     return true;
@@ -194,7 +194,7 @@ struct PackedBlock
 };
 
 /// Packs ahead on another thread while the bytes before are written, as both take their time.
-bool writePackedAhead(QFile &file, SnapshotBytes &source)
+bool write_packed_ahead(QFile &file, SnapshotBytes &source)
 {
     std::array<PackedBlock, 3> blocks;
     QSemaphore empty(static_cast<int>(blocks.size()));
@@ -213,7 +213,7 @@ bool writePackedAhead(QFile &file, SnapshotBytes &source)
     const std::future<void> packing = std::async(std::launch::async | std::launch::deferred, packAll);
     // Where no thread is to be had, the same is done by turns.
     if (packing.wait_for(std::chrono::seconds(0)) == std::future_status::deferred)
-        return writeByTurns(file, source);
+        return write_by_turns(file, source);
 
     bool good = true;
     for (std::size_t i = 0; good; i = (i + 1) % blocks.size()) {
@@ -221,7 +221,7 @@ bool writePackedAhead(QFile &file, SnapshotBytes &source)
         const PackedBlock &block = blocks.at(i);
         if (block.size == 0)
             break;
-        good = writeAll(file, block.bytes.data(), static_cast<qint64>(block.size));
+        good = write_all(file, block.bytes.data(), static_cast<qint64>(block.size));
         empty.release();
     }
     isWanted = false;
@@ -230,23 +230,23 @@ bool writePackedAhead(QFile &file, SnapshotBytes &source)
     return good;
 }
 
-bool writePage(QFile &file, const QImage &image, const SnapshotShape &shape)
+bool write_page(QFile &file, const QImage &image, const SnapshotShape &shape)
 {
     SnapshotBytes source(image, shape);
     reserve_room(file.handle(), shape.fileBytes());
     // Rows that are only copied are hardly worth a thread, nor are few blocks.
     const bool isWorthThread = shape.bits == 24 && shape.pixelBytes() > qint64{16 * WrittenBlockBytes};
-    return isWorthThread ? writePackedAhead(file, source) : writeByTurns(file, source);
+    return isWorthThread ? write_packed_ahead(file, source) : write_by_turns(file, source);
 }
 
 /// A shape that is not known leaves the image to the toolkit. Closes the file.
-bool writeShaped(QFile &file, const QImage &image, const std::optional<SnapshotShape> &shape)
+bool write_shaped(QFile &file, const QImage &image, const std::optional<SnapshotShape> &shape)
 {
-    const bool written = shape ? writePage(file, image, *shape) : image.save(&file, FormatWord, DefaultQuality);
-    return closeSafely(file) && written;
+    const bool written = shape ? write_page(file, image, *shape) : image.save(&file, FormatWord, DefaultQuality);
+    return close_safely(file) && written;
 }
 
-QImage::Format pageFormat(const SnapshotShape &shape)
+QImage::Format page_format(const SnapshotShape &shape)
 {
     if (shape.bits == 24)
         return QImage::Format_RGB32;
@@ -255,7 +255,7 @@ QImage::Format pageFormat(const SnapshotShape &shape)
     return shape.bits == 1 ? QImage::Format_Mono : QImage::Format_Indexed8;
 }
 
-RowCopy rowUnpacker(const SnapshotShape &shape, bool flipsBits)
+RowCopy row_unpacker(const SnapshotShape &shape, bool flipsBits)
 {
     if (flipsBits)
         return [](const uchar *from, std::size_t, std::span<uchar> to) { flip_bits({from, to.size()}, to); };
@@ -269,20 +269,20 @@ RowCopy rowUnpacker(const SnapshotShape &shape, bool flipsBits)
             unpack_bgr({from, 3 * width}, {reinterpret_cast<QRgb *>(to.data()), width});
         };
     }
-    return shape.bits == 32 ? copyWords : copyBytes;
+    return shape.bits == 32 ? copy_words : copy_bytes;
 }
 
-bool isAffordable(const SnapshotShape &shape)
+bool is_affordable(const SnapshotShape &shape)
 {
     const int bytesOfFour = shape.bits >= 24 ? 16 : shape.bits == 1 ? 1 : 4;
     const qint64 bytes = qint64{shape.width} * shape.height / 4 * bytesOfFour;
     return bytes <= spare_page_bytes() || bytes <= affordable_image_bytes();
 }
 
-std::optional<QList<QRgb>> readTable(QFile &file, const SnapshotShape &shape)
+std::optional<QList<QRgb>> read_table(QFile &file, const SnapshotShape &shape)
 {
     QList<QRgb> table(shape.colorCount);
-    if (!readAll(file, table.data(), shape.tableBytes()))
+    if (!read_all(file, table.data(), shape.tableBytes()))
         return std::nullopt;
     for (QRgb &color : table)
         color = qFromLittleEndian(color) | (shape.hasTableAlpha ? 0 : ~RGB_MASK);
@@ -290,19 +290,19 @@ std::optional<QList<QRgb>> readTable(QFile &file, const SnapshotShape &shape)
 }
 
 /// Whether the toolkit would exchange the colours of a page of one bit.
-bool hasDarkColorFirst(const SnapshotShape &shape, const QList<QRgb> &table)
+bool has_dark_color_first(const SnapshotShape &shape, const QList<QRgb> &table)
 {
     return shape.bits == 1 && table.size() == 2 && qGray(table[0]) < qGray(table[1]);
 }
 
-bool readRows(QFile &file, const SnapshotShape &shape, RowCopy unpack, QImage *page)
+bool read_rows(QFile &file, const SnapshotShape &shape, RowCopy unpack, QImage *page)
 {
     const qsizetype lineBytes = page->bytesPerLine();
     uchar *const pixels = page->bits();
     RowBlock block(shape);
     for (int below = shape.height; below > 0;) {
         const int count = std::min(below, block.capacity());
-        if (!readAll(file, block.data(), block.size(count)))
+        if (!read_all(file, block.data(), block.size(count)))
             return false;
         for (int i = 0; i < count; ++i) {
             uchar *const line = pixels + lineBytes * --below;
@@ -314,22 +314,22 @@ bool readRows(QFile &file, const SnapshotShape &shape, RowCopy unpack, QImage *p
 }
 
 /// The page of a file whose header has been read.
-QImage readPage(QFile &file, const SnapshotShape &shape)
+QImage read_page(QFile &file, const SnapshotShape &shape)
 {
-    if (!isAffordable(shape))
+    if (!is_affordable(shape))
         return {};
-    std::optional<QList<QRgb>> table = readTable(file, shape);
-    QImage page = new_page({shape.width, shape.height}, pageFormat(shape));
+    std::optional<QList<QRgb>> table = read_table(file, shape);
+    QImage page = new_page({shape.width, shape.height}, page_format(shape));
     if (!table || page.isNull())
         return {};
     // Intended: a page of one bit comes back with the lighter colour first. It looks the same, but its bits
     // and its table do not stay what they were; that is how the toolkit reads it.
-    const bool flipsBits = hasDarkColorFirst(shape, *table);
+    const bool flipsBits = has_dark_color_first(shape, *table);
     if (flipsBits)
         table->swapItemsAt(0, 1);
     if (shape.bits == 1 && table->size() == 1)
         table->append(qRgb(0, 0, 0)); // as whatever is read has it
-    if (!readRows(file, shape, rowUnpacker(shape, flipsBits), &page))
+    if (!read_rows(file, shape, row_unpacker(shape, flipsBits), &page))
         return {};
     page.setColorTable(*table);
     page.setDotsPerMeterX(shape.dotsPerMeterX);
@@ -338,14 +338,14 @@ QImage readPage(QFile &file, const SnapshotShape &shape)
 }
 
 /// Pages with rows of unusual length are left to the toolkit, which drops transparency; so they get usual ones.
-QImage withUsualRows(const QImage &image)
+QImage with_usual_rows(const QImage &image)
 {
     const bool isUsual = image.bytesPerLine() == (qsizetype{image.width()} * image.depth() + 31) / 32 * 4;
     return isUsual || image.depth() > 8 || !image.hasAlphaChannel() ? image : image.copy();
 }
 
 /// What the toolkit makes of a file that write_snapshot() left to it, or that somebody else has put there.
-QImage readByToolkit(QFile &file)
+QImage read_by_toolkit(QFile &file)
 {
     if (!file.seek(0) || !is_complete_image(file))
         return {};
@@ -373,13 +373,13 @@ bool write_snapshot(const QString &fileName, const QImage &image, bool *isTaken)
     QFile file;
     if (!file.open(made.release(), QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
         return false;
-    const QImage page = withUsualRows(image);
-    return writeShaped(file, page, snapshot_shape(page));
+    const QImage page = with_usual_rows(image);
+    return write_shaped(file, page, snapshot_shape(page));
 }
 
 bool write_bmp(QFile &file, const QImage &image)
 {
-    return writeShaped(file, image, bmp_shape(image));
+    return write_shaped(file, image, bmp_shape(image));
 }
 
 QImage read_snapshot(const QString &fileName)
@@ -393,7 +393,7 @@ QImage read_snapshot(const QString &fileName)
         return {};
     const std::optional<SnapshotShape> shape = snapshot_shape(header);
     if (!shape || file.size() > shape->fileBytes())
-        return readByToolkit(file);
+        return read_by_toolkit(file);
     // The toolkit would make a page of a file that has been cut short, with noise where pixels are missing.
-    return file.size() < shape->fileBytes() || !file.seek(shape->headerBytes()) ? QImage() : readPage(file, *shape);
+    return file.size() < shape->fileBytes() || !file.seek(shape->headerBytes()) ? QImage() : read_page(file, *shape);
 }

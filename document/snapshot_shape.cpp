@@ -24,14 +24,14 @@ constexpr std::size_t DotsPerMeterXAt = 38;
 constexpr std::size_t DotsPerMeterYAt = 42;
 constexpr std::size_t ColorCountAt = 46;
 
-bool isPageFormat(QImage::Format format)
+bool is_page_format(QImage::Format format)
 {
     constexpr std::array Formats{QImage::Format_Mono, QImage::Format_MonoLSB, QImage::Format_Indexed8,
                                  QImage::Format_RGB32, QImage::Format_ARGB32};
     return std::ranges::find(Formats, format) != Formats.end();
 }
 
-bool hasTransparentPixel(const QImage &page)
+bool has_transparent_pixel(const QImage &page)
 {
     if (page.format() != QImage::Format_ARGB32)
         return false;
@@ -45,14 +45,14 @@ bool hasTransparentPixel(const QImage &page)
     return false;
 }
 
-int bitsInFile(const QImage &page)
+int bits_in_file(const QImage &page)
 {
     if (page.depth() == 8)
         return page.colorCount() <= LargestNibbleTable ? 4 : 8;
     return page.depth() == 1 ? 1 : 24;
 }
 
-bool hasFittingTable(const SnapshotShape &shape)
+bool has_fitting_table(const SnapshotShape &shape)
 {
     const auto lies = [count = shape.colorCount](int least, int most) { return least <= count && count <= most; };
     switch (shape.bits) {
@@ -70,9 +70,9 @@ bool hasFittingTable(const SnapshotShape &shape)
     }
 }
 
-bool isPlausible(const SnapshotShape &shape)
+bool is_plausible(const SnapshotShape &shape)
 {
-    return shape.width > 0 && shape.height > 0 && hasFittingTable(shape)
+    return shape.width > 0 && shape.height > 0 && has_fitting_table(shape)
         && shape.rowBytes() <= LargestFileBytes / shape.height && shape.fileBytes() <= LargestFileBytes;
 }
 
@@ -81,11 +81,11 @@ bool isPlausible(const SnapshotShape &shape)
 std::optional<SnapshotShape> bmp_shape(const QImage &page)
 {
     const qint64 usualLineBytes = (qint64{page.width()} * page.depth() + 31) / 32 * 4;
-    if (!isPageFormat(page.format()) || page.bytesPerLine() != usualLineBytes)
+    if (!is_page_format(page.format()) || page.bytesPerLine() != usualLineBytes)
         return std::nullopt;
     const SnapshotShape shape{.width = page.width(),
                               .height = page.height(),
-                              .bits = bitsInFile(page),
+                              .bits = bits_in_file(page),
                               .colorCount = page.colorCount(),
                               .dotsPerMeterX = page.dotsPerMeterX(),
                               .dotsPerMeterY = page.dotsPerMeterY()};
@@ -97,7 +97,7 @@ std::optional<SnapshotShape> snapshot_shape(const QImage &page)
     std::optional<SnapshotShape> shape = bmp_shape(page);
     if (!shape)
         return std::nullopt;
-    if (hasTransparentPixel(page))
+    if (has_transparent_pixel(page))
         shape->bits = 32;
     // Intended: not the table itself is asked. One that nobody filled counts as opaque black.
     shape->hasTableAlpha = page.depth() <= 8 && page.hasAlphaChannel();
@@ -114,7 +114,7 @@ std::optional<SnapshotShape> snapshot_shape(const SnapshotHeader &header)
                               .dotsPerMeterX = number(DotsPerMeterXAt),
                               .dotsPerMeterY = number(DotsPerMeterYAt),
                               .hasTableAlpha = number(TableAlphaAt) != 0};
-    if (!isPlausible(shape))
+    if (!is_plausible(shape))
         return std::nullopt;
     const SnapshotHeader expected = snapshot_header(shape);
     const bool isOurs = std::equal(expected.begin(), expected.begin() + shape.headerBytes(), header.begin());

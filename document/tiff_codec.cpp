@@ -27,7 +27,7 @@ struct TiffMemoryFreer
 };
 using TiffRow = std::unique_ptr<uchar, TiffMemoryFreer>;
 
-TiffRow allocateRgbRow(int width)
+TiffRow allocate_rgb_row(int width)
 {
     return TiffRow(static_cast<uchar *>(_TIFFmalloc(tmsize_t{width} * SampleBytes)));
 }
@@ -54,7 +54,7 @@ struct PageTags
 };
 
 /// Intended: a tag without a value fails, also one that is not looked at afterwards. No default is taken.
-bool readTags(TIFF *tif, PageTags &tags)
+bool read_tags(TIFF *tif, PageTags &tags)
 {
     quint16 compression = 0;
     quint16 planarConfig = 0;
@@ -77,7 +77,7 @@ bool readTags(TIFF *tif, PageTags &tags)
         && has_tiff_number(tif, TIFFTAG_XRESOLUTION) && has_tiff_number(tif, TIFFTAG_YRESOLUTION);
 }
 
-QImage::Format formatFor(TIFF *tif, quint32 depth)
+QImage::Format format_for(TIFF *tif, quint32 depth)
 {
     switch (depth) {
     case 1:
@@ -94,10 +94,10 @@ QImage::Format formatFor(TIFF *tif, quint32 depth)
 }
 
 /// A page with room for its pixels, or null.
-QImage makePage(TIFF *tif, const PageTags &tags)
+QImage make_page(TIFF *tif, const PageTags &tags)
 {
     constexpr quint32 LongestSide = std::numeric_limits<int>::max();
-    const QImage::Format format = formatFor(tif, tags.depth());
+    const QImage::Format format = format_for(tif, tags.depth());
     if (format == QImage::Format_Invalid || tags.width > LongestSide || tags.height > LongestSide)
         return {};
     if (tags.depth() == 32 && tags.bitsPerSample != 8)
@@ -122,7 +122,7 @@ template <typename Value> Value tagOrDefault(TIFF *tif, ttag_t tag)
     return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : Value{0};
 }
 
-bool hasColorMap(TIFF *tif)
+bool has_color_map(TIFF *tif)
 {
     quint16 *red = nullptr;
     quint16 *green = nullptr;
@@ -130,10 +130,10 @@ bool hasColorMap(TIFF *tif)
     return TIFFGetField(tif, TIFFTAG_COLORMAP, &red, &green, &blue) == 1;
 }
 
-bool readRgbRows(TIFF *tif, QImage &image)
+bool read_rgb_rows(TIFF *tif, QImage &image)
 {
     const int width = image.width();
-    const TiffRow row = allocateRgbRow(width);
+    const TiffRow row = allocate_rgb_row(width);
     if (!row)
         return false;
     const auto clearRow = [&] { std::fill_n(row.get(), static_cast<std::size_t>(width) * SampleBytes, uchar{0}); };
@@ -149,7 +149,7 @@ bool readRgbRows(TIFF *tif, QImage &image)
     return true;
 }
 
-bool readPlainRows(TIFF *tif, QImage &image)
+bool read_plain_rows(TIFF *tif, QImage &image)
 {
     const qsizetype rowBytes = (qsizetype{image.width()} * image.depth() + 7) / 8;
     for (int y = 0; y < image.height(); ++y) {
@@ -161,7 +161,7 @@ bool readPlainRows(TIFF *tif, QImage &image)
     return true;
 }
 
-bool readRows(TIFF *tif, QImage &image)
+bool read_rows(TIFF *tif, QImage &image)
 {
     const tmsize_t rowBytes = TIFFScanlineSize(tif);
     const tmsize_t wanted =
@@ -170,16 +170,16 @@ bool readRows(TIFF *tif, QImage &image)
     if (rowBytes <= 0 || rowBytes > wanted)
         return false;
     if (image.depth() == 32)
-        return readRgbRows(tif, image);
+        return read_rgb_rows(tif, image);
     if (rowBytes < wanted)
         image.fill(0U);
     if (const std::optional<qint64> start = start_of_stored_rows(tif, image.height(), rowBytes))
         return read_stored_rows(TIFFFileno(tif), *start, rowBytes, image);
-    return readPlainRows(tif, image);
+    return read_plain_rows(tif, image);
 }
 
 /// Whether the rows hold the colours as they are shown, and nothing else tells about colours.
-bool isPlainRgb(TIFF *tif)
+bool is_plain_rgb(TIFF *tif)
 {
     const auto compression = tagOrDefault<quint16>(tif, TIFFTAG_COMPRESSION);
     quint32 profileLength = 0;
@@ -203,7 +203,7 @@ int whole_dots(double dots)
 }
 
 /// The three tags that depend on the depth; all 0, which the library refuses, for a depth that has none.
-PageTags tagsForDepth(int depth)
+PageTags tags_for_depth(int depth)
 {
     switch (depth) {
     case 32:
@@ -217,9 +217,9 @@ PageTags tagsForDepth(int depth)
     }
 }
 
-bool writeTags(TIFF *tif, const QImage &image)
+bool write_tags(TIFF *tif, const QImage &image)
 {
-    const PageTags tags = tagsForDepth(image.depth());
+    const PageTags tags = tags_for_depth(image.depth());
     const std::array results{
         TIFFSetField(tif, TIFFTAG_COMPRESSION, COMPRESSION_NONE),
         TIFFSetField(tif, TIFFTAG_IMAGEWIDTH, image.width()),
@@ -235,9 +235,9 @@ bool writeTags(TIFF *tif, const QImage &image)
     return std::ranges::all_of(results, [](int result) { return result == 1; });
 }
 
-bool writeRgbRows(TIFF *tif, const QImage &image)
+bool write_rgb_rows(TIFF *tif, const QImage &image)
 {
-    const TiffRow row = allocateRgbRow(image.width());
+    const TiffRow row = allocate_rgb_row(image.width());
     if (!row)
         return false;
     for (int y = 0; y < image.height(); ++y) {
@@ -248,7 +248,7 @@ bool writeRgbRows(TIFF *tif, const QImage &image)
     return true;
 }
 
-bool writePlainRows(TIFF *tif, const QImage &image)
+bool write_plain_rows(TIFF *tif, const QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
         // The library only reads the row; its interface is older than const.
@@ -275,12 +275,12 @@ bool readTiffPage(TIFF *tif, QImage &image)
 {
     image = {};
     PageTags tags;
-    if (!readTags(tif, tags))
+    if (!read_tags(tif, tags))
         return false;
-    if (tags.photometric == PHOTOMETRIC_PALETTE && !hasColorMap(tif))
+    if (tags.photometric == PHOTOMETRIC_PALETTE && !has_color_map(tif))
         return false;
-    QImage page = makePage(tif, tags);
-    if (page.isNull() || !readRows(tif, page))
+    QImage page = make_page(tif, tags);
+    if (page.isNull() || !read_rows(tif, page))
         return false;
     image = std::move(page);
     return true;
@@ -290,8 +290,8 @@ bool read_plain_rgb_page(TIFF *tif, QImage &image)
 {
     const auto width = tagOrDefault<quint32>(tif, TIFFTAG_IMAGEWIDTH);
     const auto height = tagOrDefault<quint32>(tif, TIFFTAG_IMAGELENGTH);
-    if (std::cmp_not_equal(width, image.width()) || std::cmp_not_equal(height, image.height()) || !isPlainRgb(tif)
-        || TIFFScanlineSize(tif) != tmsize_t{image.width()} * SampleBytes || !readRgbRows(tif, image))
+    if (std::cmp_not_equal(width, image.width()) || std::cmp_not_equal(height, image.height()) || !is_plain_rgb(tif)
+        || TIFFScanlineSize(tif) != tmsize_t{image.width()} * SampleBytes || !read_rgb_rows(tif, image))
         return false;
     read_tiff_resolution(tif, image);
     return true;
@@ -321,7 +321,7 @@ qint64 tiff_row_bytes(const QImage &page)
 
 bool writeTiffPage(TIFF *tif, const QImage &image)
 {
-    if (!writeTags(tif, image) || TIFFWriteBufferSetup(tif, nullptr, WriteBufferBytes) != 1)
+    if (!write_tags(tif, image) || TIFFWriteBufferSetup(tif, nullptr, WriteBufferBytes) != 1)
         return false;
-    return image.depth() == 32 ? writeRgbRows(tif, image) : writePlainRows(tif, image);
+    return image.depth() == 32 ? write_rgb_rows(tif, image) : write_plain_rows(tif, image);
 }

@@ -9,20 +9,20 @@
 
 namespace {
 
-quint16 tagOrDefault(TIFF *tif, ttag_t tag)
+quint16 tag_or_default(TIFF *tif, ttag_t tag)
 {
     quint16 value = 0;
     return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : quint16{0};
 }
 
-bool isStored(TIFF *tif)
+bool is_stored(TIFF *tif)
 {
-    return tagOrDefault(tif, TIFFTAG_COMPRESSION) == COMPRESSION_NONE
-        && tagOrDefault(tif, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG
-        && tagOrDefault(tif, TIFFTAG_FILLORDER) == FILLORDER_MSB2LSB && TIFFIsTiled(tif) == 0;
+    return tag_or_default(tif, TIFFTAG_COMPRESSION) == COMPRESSION_NONE
+        && tag_or_default(tif, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG
+        && tag_or_default(tif, TIFFTAG_FILLORDER) == FILLORDER_MSB2LSB && TIFFIsTiled(tif) == 0;
 }
 
-bool readAt(int file, std::span<uchar> bytes, qint64 position)
+bool read_at(int file, std::span<uchar> bytes, qint64 position)
 {
     while (!bytes.empty()) {
         const ssize_t count = ::pread(file, bytes.data(), bytes.size(), position);
@@ -37,7 +37,7 @@ bool readAt(int file, std::span<uchar> bytes, qint64 position)
 }
 
 /// Moves rows apart that lie without gaps at the end of @p lines, so that each begins its line.
-void spreadRows(std::span<uchar> lines, std::size_t lineBytes, std::size_t rowBytes)
+void spread_rows(std::span<uchar> lines, std::size_t lineBytes, std::size_t rowBytes)
 {
     const std::size_t count = lines.size() / lineBytes;
     const uchar *from = lines.data() + count * (lineBytes - rowBytes);
@@ -51,7 +51,7 @@ void spreadRows(std::span<uchar> lines, std::size_t lineBytes, std::size_t rowBy
 std::optional<qint64> start_of_stored_rows(TIFF *tif, int rowCount, qint64 rowBytes)
 {
     quint32 rowsOfStrip = 0;
-    if (!isStored(tif) || TIFFGetFieldDefaulted(tif, TIFFTAG_ROWSPERSTRIP, &rowsOfStrip) != 1 || rowsOfStrip == 0)
+    if (!is_stored(tif) || TIFFGetFieldDefaulted(tif, TIFFTAG_ROWSPERSTRIP, &rowsOfStrip) != 1 || rowsOfStrip == 0)
         return std::nullopt;
     const auto start = static_cast<qint64>(TIFFGetStrileOffset(tif, 0));
     qint64 wantedOffset = start;
@@ -77,9 +77,9 @@ bool read_stored_rows(int fileDescriptor, qint64 start, qint64 rowBytes, QImage 
     for (int y = 0; y < image.height(); y += rowsOfBlock) {
         const int rows = std::min(rowsOfBlock, image.height() - y);
         const std::span<uchar> lines(line, static_cast<std::size_t>(rows * lineBytes));
-        if (!readAt(fileDescriptor, lines.last(static_cast<std::size_t>(rows * rowBytes)), start + y * rowBytes))
+        if (!read_at(fileDescriptor, lines.last(static_cast<std::size_t>(rows * rowBytes)), start + y * rowBytes))
             return false;
-        spreadRows(lines, static_cast<std::size_t>(lineBytes), static_cast<std::size_t>(rowBytes));
+        spread_rows(lines, static_cast<std::size_t>(lineBytes), static_cast<std::size_t>(rowBytes));
         line += lines.size();
     }
     return true;

@@ -19,7 +19,7 @@ int main(int argc, char **argv)
     const QString locale = QLocale::system().name();
     install_translations({u"pagr"_s, u"qt"_s}, {QLibraryInfo::path(QLibraryInfo::TranslationsPath), catalogues},
                          locale);
-    QApplication::setWindowIcon(applicationIcon());
+    QApplication::setWindowIcon(application_icon());
 
     HelpWindow window(viewer_options(QCoreApplication::arguments().mid(1)), locale);
     window.show();

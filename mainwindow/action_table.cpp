@@ -19,12 +19,12 @@ constexpr const char *TranslationContext = "Global String Table";
 const QString plainForm = u"<p><b>%1</b></p><p>%2</p>"_s;
 const QString pictureForm = u"<p><img source=\"%1\">&nbsp;&nbsp; <b> %2</b></p><p>%3</p>"_s;
 
-const QKeySequence ctrlN(u"Ctrl+N"_s);
-const QKeySequence ctrlO(u"Ctrl+O"_s);
-const QKeySequence ctrlS(u"Ctrl+S"_s);
-const QKeySequence ctrlP(u"Ctrl+P"_s);
-const QKeySequence ctrlZ(u"Ctrl+Z"_s);
-const QKeySequence ctrlY(u"Ctrl+Y"_s);
+const QKeySequence ctrl_n(u"Ctrl+N"_s);
+const QKeySequence ctrl_o(u"Ctrl+O"_s);
+const QKeySequence ctrl_s(u"Ctrl+S"_s);
+const QKeySequence ctrl_p(u"Ctrl+P"_s);
+const QKeySequence ctrl_z(u"Ctrl+Z"_s);
+const QKeySequence ctrl_y(u"Ctrl+Y"_s);
 const QKeySequence noShortcut;
 
 struct ActionRow
@@ -38,13 +38,13 @@ struct ActionRow
 const std::array<ActionRow, 46> actionTable = {{
     {"file_new"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "New"), QT_TRANSLATE_NOOP("Global String Table", "&New..."),
-      QT_TRANSLATE_NOOP("Global String Table", "Creates new empty image"), plainForm, ctrlN}},
+      QT_TRANSLATE_NOOP("Global String Table", "Creates new empty image"), plainForm, ctrl_n}},
     {"file_open"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Open"), QT_TRANSLATE_NOOP("Global String Table", "&Open..."),
-      QT_TRANSLATE_NOOP("Global String Table", "Opens an existing image file"), plainForm, ctrlO}},
+      QT_TRANSLATE_NOOP("Global String Table", "Opens an existing image file"), plainForm, ctrl_o}},
     {"file_save"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Save"), QT_TRANSLATE_NOOP("Global String Table", "&Save"),
-      QT_TRANSLATE_NOOP("Global String Table", "Saves current image to disk file"), pictureForm, ctrlS}},
+      QT_TRANSLATE_NOOP("Global String Table", "Saves current image to disk file"), pictureForm, ctrl_s}},
     {"file_save_as"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Save As"), QT_TRANSLATE_NOOP("Global String Table", "Save &As..."),
       QT_TRANSLATE_NOOP("Global String Table", "Saves current image with another file name"), plainForm, noShortcut}},
@@ -53,7 +53,7 @@ const std::array<ActionRow, 46> actionTable = {{
       QT_TRANSLATE_NOOP("Global String Table", "Saves all unsaved images"), plainForm, noShortcut}},
     {"file_print"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Print"), QT_TRANSLATE_NOOP("Global String Table", "&Print"),
-      QT_TRANSLATE_NOOP("Global String Table", "Prints current image"), pictureForm, ctrlP}},
+      QT_TRANSLATE_NOOP("Global String Table", "Prints current image"), pictureForm, ctrl_p}},
     {"file_close"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Close"), QT_TRANSLATE_NOOP("Global String Table", "&Close"),
       QT_TRANSLATE_NOOP("Global String Table", "Closes current image"), plainForm, noShortcut}},
@@ -86,10 +86,10 @@ const std::array<ActionRow, 46> actionTable = {{
       QT_TRANSLATE_NOOP("Global String Table", "Set default window layout"), plainForm, noShortcut}},
     {"edit_undo"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Undo"), QT_TRANSLATE_NOOP("Global String Table", "U&ndo"),
-      QT_TRANSLATE_NOOP("Global String Table", "Undoes last edit operation"), pictureForm, ctrlZ}},
+      QT_TRANSLATE_NOOP("Global String Table", "Undoes last edit operation"), pictureForm, ctrl_z}},
     {"edit_redo"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Redo"), QT_TRANSLATE_NOOP("Global String Table", "R&edo"),
-      QT_TRANSLATE_NOOP("Global String Table", "Redoes last undone operation"), pictureForm, ctrlY}},
+      QT_TRANSLATE_NOOP("Global String Table", "Redoes last undone operation"), pictureForm, ctrl_y}},
     {"view_scroll"_L1,
      {QT_TRANSLATE_NOOP("Global String Table", "Scroll"), QT_TRANSLATE_NOOP("Global String Table", "&Scroll"),
       QT_TRANSLATE_NOOP("Global String Table", "Activates image free-hand scrolling"), plainForm, noShortcut}},

@@ -4,7 +4,7 @@
 
 #include <QPixmap>
 
-QIcon applicationIcon()
+QIcon application_icon()
 {
     QIcon icon;
     for (const EmbeddedImage *row = embedded_application_pictures(); row->data; ++row)

@@ -65,7 +65,7 @@ public:
 
     const TemporaryHome home;
     QString path;
-    QImage page = patternedPage({8, 6});
+    QImage page = patterned_page({8, 6});
     std::unique_ptr<ImageDocument> document;
     std::unique_ptr<MailForm> form;
     int closings = 0;

@@ -249,7 +249,7 @@ void tst_FtpForm::failedSaveAsEmptiesTheFileAndDisablesUpload()
     trial.saveAs();
     trial.page = QImage();
     DiagnosticLines lines;
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.saveAs(trial.home.filePath(u"other.bmp"_s));
 
@@ -418,7 +418,7 @@ void tst_FtpForm::failedDeleteShowsItsBoxAndThenTheFormCloses()
     trial.upload();
     QTRY_VERIFY(trial.server.hasDataEnded());
     QVERIFY(QFile::remove(trial.filePath()));
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.server.sayNow("226 Thanks\r\n");
     QVERIFY(trial.ends());
@@ -438,7 +438,7 @@ void tst_FtpForm::refusedLoginEmptiesThePasswordAndEnablesUpload()
     trial.field("remotePath")->setText(u"/in"_s);
     trial.find<QCheckBox>("delete_file")->setChecked(true);
     trial.server.say("PASS", "530 Login incorrect\r\n");
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.upload();
     QTRY_VERIFY(box.hasCome());
@@ -463,7 +463,7 @@ void tst_FtpForm::hostNotFoundEmptiesThePasswordAndEnablesUpload()
     trial.prepare();
     trial.field("remoteHost")->setText(u"127.0.0.1:21"_s);
     trial.field("pass")->setText(u"secret"_s);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.upload();
     QTRY_VERIFY(box.hasCome());
@@ -480,7 +480,7 @@ void tst_FtpForm::otherFailureLeavesUploadDisabledUntilTheNextSaveAs()
     trial.field("user")->setText(u"bob"_s);
     trial.field("pass")->setText(u"secret"_s);
     trial.server.say("STOR", "553 Not allowed\r\n");
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
     trial.upload();
     QTRY_VERIFY(box.hasCome());
     QTRY_VERIFY(!QApplication::activeModalWidget());
@@ -489,7 +489,7 @@ void tst_FtpForm::otherFailureLeavesUploadDisabledUntilTheNextSaveAs()
     QVERIFY(!trial.button("upload")->isEnabled());
     QCOMPARE(trial.field("pass")->text(), u"secret"_s);
 
-    const NextBox replace = answerNextBox(QMessageBox::Yes);
+    const NextBox replace = answer_next_box(QMessageBox::Yes);
     trial.saveAs();
     QVERIFY(trial.button("upload")->isEnabled());
 }
@@ -521,7 +521,7 @@ void tst_FtpForm::saveAsDuringATransferEnablesUploadOnlyAfterIt()
     trial.saveAs(trial.home.filePath(u"other.bmp"_s));
     QVERIFY(!trial.button("upload")->isEnabled());
 
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
     QTRY_VERIFY(trial.server.commands().last().startsWith("STOR"));
     trial.server.sayNow("553 Not allowed\r\n");
     QTRY_VERIFY(box.hasCome());
@@ -651,7 +651,7 @@ void tst_FtpForm::serversWordsAreShownAsTheyStand()
     Trial trial;
     trial.prepare();
     trial.server.say("STOR", "550 <b>No</b> &amp; never %1\r\n");
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.upload();
     QTRY_VERIFY(box.hasCome());
@@ -681,7 +681,7 @@ void tst_FtpForm::credentialsStayOutOfLinesAndTexts()
     trial.field("user")->setText(u"somebody"_s);
     trial.field("pass")->setText(u"topsecret"_s);
     trial.server.say("PASS", "500 'PASS topsecret' not understood\r\n");
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     trial.upload();
     QTRY_VERIFY(box.hasCome());

@@ -43,7 +43,7 @@ public:
 };
 
 /// Processes whose command line names the file.
-QStringList watchesOf(const QString &file)
+QStringList watches_of(const QString &file)
 {
     QStringList found;
     const QStringList processes = QDir(u"/proc"_s).entryList({u"[1-9]*"_s}, QDir::Dirs);
@@ -56,13 +56,13 @@ QStringList watchesOf(const QString &file)
 }
 
 /// Whether a shell waits for a program of its own.
-bool isSleeping(const QString &shell)
+bool is_sleeping(const QString &shell)
 {
     QFile children(u"/proc/%1/task/%1/children"_s.arg(shell));
     return children.open(QIODevice::ReadOnly) && !children.readAll().isEmpty();
 }
 
-bool hasChildren()
+bool has_children()
 {
     siginfo_t info{};
     return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
@@ -102,7 +102,7 @@ private slots:
 
         watch.reset();
 
-        QTRY_VERIFY(isSleeping(watchesOf(place.file()).value(0))); // it has seen the reader, and looks again later
+        QTRY_VERIFY(is_sleeping(watches_of(place.file()).value(0))); // it has seen the reader, and looks again later
         QVERIFY(place.hasFile());
         place.make(u"go"_s);
         QTRY_COMPARE(ends.count(), 1);
@@ -138,13 +138,13 @@ private slots:
     {
         Place place;
         const std::unique_ptr<LeftoverWatch> watch = LeftoverWatch::start(place.file());
-        QTRY_COMPARE(watchesOf(place.file()).size(), 1);
+        QTRY_COMPARE(watches_of(place.file()).size(), 1);
 
         watch->dismiss();
 
         QVERIFY(place.hasFile());
-        QCOMPARE(watchesOf(place.file()).size(), 0);
-        QVERIFY(!hasChildren());
+        QCOMPARE(watches_of(place.file()).size(), 0);
+        QVERIFY(!has_children());
     }
 
     void processThatIsKilledLeavesNoFile()
@@ -158,7 +158,7 @@ private slots:
         QCOMPARE(::waitpid(program, nullptr, 0), program);
 
         QTRY_VERIFY(!place.hasFile());
-        QTRY_COMPARE(watchesOf(place.file()).size(), 0);
+        QTRY_COMPARE(watches_of(place.file()).size(), 0);
     }
 
     void watchHasNothingOfOursOpen()
@@ -166,8 +166,8 @@ private slots:
         const Place place;
         const int ours = ::dup(STDERR_FILENO); // one that could be passed on
         const std::unique_ptr<LeftoverWatch> watch = LeftoverWatch::start(place.file());
-        QTRY_COMPARE(watchesOf(place.file()).size(), 1);
-        const QStringList watches = watchesOf(place.file());
+        QTRY_COMPARE(watches_of(place.file()).size(), 1);
+        const QStringList watches = watches_of(place.file());
 
         const QDir descriptors(u"/proc/%1/fd"_s.arg(watches.constFirst()));
         // The script's shell has moved nothing about; 0 is our connection.
@@ -185,15 +185,15 @@ private slots:
     {
         const Place place;
         const std::unique_ptr<LeftoverWatch> watch = LeftoverWatch::start(place.file());
-        QTRY_COMPARE(watchesOf(place.file()).size(), 1);
-        ::kill(watchesOf(place.file()).constFirst().toInt(), SIGKILL);
-        QTRY_COMPARE(watchesOf(place.file()).size(), 0);
+        QTRY_COMPARE(watches_of(place.file()).size(), 1);
+        ::kill(watches_of(place.file()).constFirst().toInt(), SIGKILL);
+        QTRY_COMPARE(watches_of(place.file()).size(), 0);
 
         watch->setReader(::getpid());
         watch->dismiss();
 
         QVERIFY(place.hasFile());
-        QVERIFY(!hasChildren());
+        QVERIFY(!has_children());
     }
 };
 

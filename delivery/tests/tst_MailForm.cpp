@@ -205,7 +205,7 @@ private slots:
 
         mail.button("attach_as")->click();
 
-        QVERIFY(comparePictures(QImage(target).convertToFormat(mail.page.format()), mail.page));
+        QVERIFY(compare_pictures(QImage(target).convertToFormat(mail.page.format()), mail.page));
         QCOMPARE(mail.text("attachment"), target);
         QCOMPARE(mail.document->filePath(), target);
         QCOMPARE(mail.document->imgFormat(), u"bmp"_s);

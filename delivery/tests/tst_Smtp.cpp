@@ -23,7 +23,7 @@ const QByteArrayList loginSession{"220 hi\r\n",        "250-one\r\n250-AUTH PLAI
 
 /// The replies up to the one that brings a session with or without a login into a state, and the reply put in its
 /// place there.
-QByteArrayList sessionThatEndsWith(const QByteArrayList &session, int replies, const QByteArray &last)
+QByteArrayList session_that_ends_with(const QByteArrayList &session, int replies, const QByteArray &last)
 {
     return session.first(replies) + QByteArrayList{last};
 }
@@ -116,7 +116,7 @@ private slots:
 
     void aRefusedPasswordEndsAsIfTheMailHadGone()
     {
-        ScriptedMailServer server(host, sessionThatEndsWith(loginSession, 4, "535 no\r\n"));
+        ScriptedMailServer server(host, session_that_ends_with(loginSession, 4, "535 no\r\n"));
         SentMail mail;
         mail.login = u"ann"_s;
         mail.password = u"wrong"_s;
@@ -172,7 +172,7 @@ private slots:
         QFETCH(const int, step);
         QFETCH(const QByteArray, reply);
         QFETCH(const QStringList, lines);
-        ScriptedMailServer server(host, sessionThatEndsWith(withLogin ? loginSession : plainSession, step, reply));
+        ScriptedMailServer server(host, session_that_ends_with(withLogin ? loginSession : plainSession, step, reply));
         SentMail mail;
         mail.login = withLogin ? u"ann"_s : QString();
         mail.password = withLogin ? u"s3cret"_s : QString();
@@ -195,7 +195,7 @@ private slots:
 
     void afterAnUnexpectedReplyTheNextOneIsJudgedInTheSameState()
     {
-        ScriptedMailServer server(host, sessionThatEndsWith(plainSession, 3, "450 later\r\n"));
+        ScriptedMailServer server(host, session_that_ends_with(plainSession, 3, "450 later\r\n"));
         SentMail mail;
         {
             const NextBox box(QMessageBox::Ok);

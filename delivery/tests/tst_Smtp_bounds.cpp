@@ -18,7 +18,7 @@ namespace {
 const QString host = u"127.0.0.2"_s;
 constexpr qint64 Mebibyte = qint64{1024} * 1024;
 
-int standingBoxes()
+int standing_boxes()
 {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     return static_cast<int>(std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
@@ -26,13 +26,13 @@ int standingBoxes()
     }));
 }
 
-void answerTopBox()
+void answer_top_box()
 {
     if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
         box->button(QMessageBox::Ok)->click();
 }
 
-bool makeAttachment(const QString &path, qint64 size)
+bool make_attachment(const QString &path, qint64 size)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(QByteArray(size, 'x')) == size;
@@ -88,11 +88,11 @@ private slots:
         QTimer answerer;
         connect(&answerer, &QTimer::timeout, &server, [&] {
             longest = std::max(longest, mail.smtp->response().size());
-            answerTopBox();
+            answer_top_box();
         });
         answerer.start(0);
         QTRY_VERIFY(mail.smtp->response().endsWith(u"220 end\r\n"_s));
-        QTRY_COMPARE(standingBoxes(), 0);
+        QTRY_COMPARE(standing_boxes(), 0);
         QVERIFY2(longest <= Mebibyte, qPrintable(QString::number(longest)));
         QVERIFY2(longest > Mebibyte / 2, qPrintable(QString::number(longest)));
     }
@@ -108,17 +108,17 @@ private slots:
         // Each reply is read for itself: the next one is said when the one before has been read or held back.
         QTimer talker;
         connect(&talker, &QTimer::timeout, &server, [&] {
-            mostBoxes = std::max(mostBoxes, standingBoxes());
+            mostBoxes = std::max(mostBoxes, standing_boxes());
             for (int i = 0; server.connections() > 0 && i < 50 && said < 10000; ++i, ++said)
                 server.say("999 wrong\r\n");
             if (said == 10000)
-                answerTopBox();
+                answer_top_box();
         });
         talker.start(0);
 
         mail.send();
 
-        QTRY_VERIFY_WITH_TIMEOUT(said == 10000 && mail.completions >= 16 && standingBoxes() == 0, 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(said == 10000 && mail.completions >= 16 && standing_boxes() == 0, 60000);
         talker.stop();
         QCOMPARE(mostBoxes, 16);
         QCOMPARE(diagnostics.lines().count(u"Unknown state"_s), mail.completions);
@@ -139,14 +139,14 @@ private slots:
                 return;
             if (box->text() == texts.value(0)) {
                 if (mail.completions == 1) // of the second one, with the first box standing below it
-                    answerTopBox();
+                    answer_top_box();
                 return;
             }
             texts.append(box->text());
             if (texts.size() == 1)
                 server.say("999 second\r\n");
             else
-                answerTopBox();
+                answer_top_box();
         });
         watcher.start(0);
 
@@ -165,17 +165,17 @@ private slots:
         const DiagnosticLines diagnostics;
         QTimer watcher;
         connect(&watcher, &QTimer::timeout, &server, [&] {
-            if (standingBoxes() == 0)
+            if (standing_boxes() == 0)
                 return;
             mail.smtp.reset();
-            answerTopBox();
+            answer_top_box();
         });
         watcher.start(0);
 
         mail.send();
 
         QTRY_VERIFY(!mail.smtp);
-        QTRY_COMPARE(standingBoxes(), 0);
+        QTRY_COMPARE(standing_boxes(), 0);
         QTRY_VERIFY(server.hasEnded());
         QCOMPARE(mail.completions, 0);
         QVERIFY(diagnostics.lines().isEmpty());
@@ -194,7 +194,7 @@ private slots:
             if (!box)
                 return;
             text = box->text();
-            answerTopBox();
+            answer_top_box();
         });
         watcher.start(0);
 
@@ -209,7 +209,7 @@ private slots:
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
         SentMail mail;
         mail.server = host;
-        QVERIFY(makeAttachment(mail.attachment, 30 * Mebibyte));
+        QVERIFY(make_attachment(mail.attachment, 30 * Mebibyte));
         mail.send();
         QTRY_COMPARE(mail.statuses.value(3), u"Sending mail..."_s);
         const Q3Socket *const socket = mail.connectedSocket();
@@ -234,7 +234,7 @@ private slots:
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
         SentMail mail;
         mail.server = host;
-        QVERIFY(makeAttachment(mail.attachment, 30 * Mebibyte));
+        QVERIFY(make_attachment(mail.attachment, 30 * Mebibyte));
         mail.send();
         QTRY_VERIFY(server.received().contains("\r\nSubject: "));
 

@@ -49,7 +49,7 @@ private:
     QProcess process;
 };
 
-QByteArray bytesOf(const QString &path)
+QByteArray bytes_of(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -147,7 +147,7 @@ private slots:
         QCOMPARE(attachment["type"_L1].toString(), type);
         QCOMPARE(attachment["name"_L1].toString(), name);
         QCOMPARE(attachment["defects"_L1].toInt(), 0);
-        QCOMPARE(bytesOf(attachment["file"_L1].toString()), bytes);
+        QCOMPARE(bytes_of(attachment["file"_L1].toString()), bytes);
     }
 
 private:

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// 200 exchangers of many.test, by priority.
-QStringList manyExchangers()
+QStringList many_exchangers()
 {
     QStringList options;
     for (int i = 0; i < 200; ++i)
@@ -102,7 +102,7 @@ private slots:
 
     void twoHundredExchangersAreAllTried()
     {
-        QStringList options = manyExchangers();
+        QStringList options = many_exchangers();
         options.append(u"--host-record=relay-199.many.test,127.0.0.9"_s);
         const NameServer names(options);
         ScriptedMailServer server(u"127.0.0.9"_s, {"220 hi\r\n"});

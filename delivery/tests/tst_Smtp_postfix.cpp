@@ -85,7 +85,7 @@ private:
 };
 
 /// What a reader that is not ours finds in the mailbox: subject and first line of the text.
-QByteArrayList readMailbox(const QString &mailbox, const QString &attachment)
+QByteArrayList read_mailbox(const QString &mailbox, const QString &attachment)
 {
     (void)QTest::qWaitFor([&] { return QFileInfo(mailbox).size() > 0; }, patienceMs);
     QProcess reader;
@@ -94,7 +94,7 @@ QByteArrayList readMailbox(const QString &mailbox, const QString &attachment)
     return reader.readAllStandardOutput().trimmed().split('\n');
 }
 
-QByteArray bytesOf(const QString &path)
+QByteArray bytes_of(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -134,8 +134,8 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(mail.completions, 1, patienceMs);
         QCOMPARE(mail.statuses.last(2), (QStringList{u"Message sent"_s, u"(completed)"_s}));
         const QString found = mail.directory.filePath(u"found"_s);
-        QCOMPARE(readMailbox(server.mailbox(), found), (QByteArrayList{"scan", "Hello"}));
-        QCOMPARE(bytesOf(found), bytes);
+        QCOMPARE(read_mailbox(server.mailbox(), found), (QByteArrayList{"scan", "Hello"}));
+        QCOMPARE(bytes_of(found), bytes);
     }
 
     void aServerThatRefusesBareLineFeedsDeliversStrictMailAlone()
@@ -155,7 +155,7 @@ private slots:
 
         QTRY_COMPARE_WITH_TIMEOUT(strict.completions, 1, patienceMs);
         QVERIFY(strict.smtp->releasesFile());
-        QCOMPARE(readMailbox(server.mailbox(), strict.directory.filePath(u"found"_s)),
+        QCOMPARE(read_mailbox(server.mailbox(), strict.directory.filePath(u"found"_s)),
                  (QByteArrayList{"scan", "Hello"})); // the one message there
         QCOMPARE(plain.completions, 0);
     }

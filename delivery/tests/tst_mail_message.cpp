@@ -30,7 +30,7 @@ QString composed(const MailContent &content, const std::string &bytes = "ABC")
 }
 
 /// The lines of the attachment, each with its end, as they stand between the headers and the last boundary.
-QString attachmentLines(const std::string &bytes)
+QString attachment_lines(const std::string &bytes)
 {
     const QString message = composed(letter, bytes);
     const QString headersEnd = u"\tfilename=\"scan.png\"\r\n\r\n"_s;
@@ -40,7 +40,7 @@ QString attachmentLines(const std::string &bytes)
 }
 
 /// So many bytes, the same at every 251st place.
-std::string bytesOf(size_t count)
+std::string bytes_of(size_t count)
 {
     std::string bytes(count, '\0');
     for (size_t i = 0; i < count; ++i)
@@ -49,7 +49,7 @@ std::string bytesOf(size_t count)
 }
 
 /// Lines of 80 characters by the toolkit's own coder, and one for the end of the file.
-QString plainLines(const std::string &bytes)
+QString plain_lines(const std::string &bytes)
 {
     const QByteArray all = QByteArray::fromStdString(bytes).toBase64();
     QString lines;
@@ -144,9 +144,9 @@ private slots:
     void linesOfTheAttachmentHoldSixtyBytes()
     {
         QFETCH(const int, size);
-        const std::string bytes = bytesOf(static_cast<size_t>(size));
+        const std::string bytes = bytes_of(static_cast<size_t>(size));
 
-        QCOMPARE(attachmentLines(bytes), plainLines(bytes));
+        QCOMPARE(attachment_lines(bytes), plain_lines(bytes));
     }
 
     void aMultipleOfSixtyBytesIsFollowedByAnEmptyLine_data()
@@ -165,7 +165,7 @@ private slots:
         QFETCH(const int, size);
         QFETCH(const QList<int>, lengths);
 
-        const QString lines = attachmentLines(bytesOf(static_cast<size_t>(size)));
+        const QString lines = attachment_lines(bytes_of(static_cast<size_t>(size)));
 
         QVERIFY(lines.endsWith(u"\r\n"_s));
         QList<int> found;
@@ -174,16 +174,16 @@ private slots:
         QCOMPARE(found, lengths);
     }
 
-    void aSingleByteIsALineOfFourCharacters() { QCOMPARE(attachmentLines("A"), u"QQ==\r\n"_s); }
+    void aSingleByteIsALineOfFourCharacters() { QCOMPARE(attachment_lines("A"), u"QQ==\r\n"_s); }
 
     void aReadErrorEndsTheAttachmentAsItsEndDoes()
     {
-        FailingBuffer buffer(bytesOf(130));
+        FailingBuffer buffer(bytes_of(130));
         std::istream attachment(&buffer);
 
         const QString message = compose_message(letter, attachment, noon);
 
-        QString whole = plainLines(bytesOf(120)); // the rest of the third line is lost with the read that fails
+        QString whole = plain_lines(bytes_of(120)); // the rest of the third line is lost with the read that fails
         QVERIFY(message.contains(u"\tfilename=\"scan.png\"\r\n\r\n"_s + whole
                                  + u"\r\n\r\n--NextPart_KOLMA_Boundary.7976494--\r\n."_s));
     }

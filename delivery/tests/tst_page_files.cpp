@@ -15,27 +15,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage pageOf(QImage::Format format, QSize size)
+QImage page_of(QImage::Format format, QSize size)
 {
-    QImage page = patternedPage(size).convertToFormat(format);
+    QImage page = patterned_page(size).convertToFormat(format);
     page.setDotsPerMeterX(11811);
     page.setDotsPerMeterY(5906);
     return page;
 }
 
-QByteArray bytesOf(const QString &path)
+QByteArray bytes_of(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
 /// What the toolkit makes of the page.
-QByteArray toolkitBytes(const TemporaryHome &home, const QImage &page, const char *format)
+QByteArray toolkit_bytes(const TemporaryHome &home, const QImage &page, const char *format)
 {
     const QString path = home.filePath(u"by the toolkit"_s);
     if (!page.save(path, format))
         qFatal("the toolkit cannot save the page");
-    return bytesOf(path);
+    return bytes_of(path);
 }
 
 bool print(const QString &path, const QImage &page)
@@ -48,23 +48,23 @@ void pages()
 {
     QTest::addColumn<QImage>("page");
     constexpr QSize odd(37, 23);
-    QTest::newRow("1 bit") << pageOf(QImage::Format_Mono, odd);
-    QTest::newRow("1 bit, lowest first") << pageOf(QImage::Format_MonoLSB, odd);
-    QImage inverted = pageOf(QImage::Format_Mono, odd);
+    QTest::newRow("1 bit") << page_of(QImage::Format_Mono, odd);
+    QTest::newRow("1 bit, lowest first") << page_of(QImage::Format_MonoLSB, odd);
+    QImage inverted = page_of(QImage::Format_Mono, odd);
     inverted.setColorTable({0xff000000, 0xffffffff});
     QTest::newRow("1 bit, black first") << inverted;
     inverted.setColorTable({0xff0000ff, 0xff0000ff});
     QTest::newRow("1 bit, one colour twice") << inverted;
-    QTest::newRow("8 bit") << pageOf(QImage::Format_Indexed8, odd);
-    QImage transparent = pageOf(QImage::Format_Indexed8, odd);
+    QTest::newRow("8 bit") << page_of(QImage::Format_Indexed8, odd);
+    QImage transparent = page_of(QImage::Format_Indexed8, odd);
     transparent.setColor(1, 0x80ff8000);
     QTest::newRow("8 bit with a transparent colour") << transparent;
-    QTest::newRow("32 bit") << pageOf(QImage::Format_RGB32, odd);
-    QImage alpha = pageOf(QImage::Format_ARGB32, odd);
+    QTest::newRow("32 bit") << page_of(QImage::Format_RGB32, odd);
+    QImage alpha = page_of(QImage::Format_ARGB32, odd);
     alpha.setPixel(3, 4, 0x10203040);
     QTest::newRow("32 bit with alpha") << alpha;
-    QTest::newRow("one pixel") << pageOf(QImage::Format_RGB32, {1, 1});
-    QTest::newRow("whole bytes") << pageOf(QImage::Format_RGB32, {64, 17});
+    QTest::newRow("one pixel") << page_of(QImage::Format_RGB32, {1, 1});
+    QTest::newRow("whole bytes") << page_of(QImage::Format_RGB32, {64, 17});
 }
 
 } // namespace
@@ -82,7 +82,7 @@ private slots:
 
         QVERIFY(write_editor_file(home.filePath(u"x"_s), page));
 
-        QCOMPARE(bytesOf(home.filePath(u"x"_s)), toolkitBytes(home, page, "BMP"));
+        QCOMPARE(bytes_of(home.filePath(u"x"_s)), toolkit_bytes(home, page, "BMP"));
     }
 
     void recogniserFileHasTheToolkitsPixels_data() { pages(); }
@@ -93,8 +93,8 @@ private slots:
 
         QVERIFY(write_recogniser_file(home.filePath(u"x"_s), page));
 
-        const QByteArray bytes = bytesOf(home.filePath(u"x"_s));
-        QCOMPARE(QImage::fromData(bytes, "PBM"), QImage::fromData(toolkitBytes(home, page, "PBM"), "PBM"));
+        const QByteArray bytes = bytes_of(home.filePath(u"x"_s));
+        QCOMPARE(QImage::fromData(bytes, "PBM"), QImage::fromData(toolkit_bytes(home, page, "PBM"), "PBM"));
         QVERIFY(bytes.startsWith("P4\n"));
     }
 
@@ -109,13 +109,13 @@ private slots:
 
         QVERIFY(write_recogniser_file(home.filePath(u"x"_s), page));
 
-        QCOMPARE(bytesOf(home.filePath(u"x"_s)), QByteArray("P4\n10 1\n\xaa\x80", 10));
+        QCOMPARE(bytes_of(home.filePath(u"x"_s)), QByteArray("P4\n10 1\n\xaa\x80", 10));
     }
 
     void fileThatLiesThereIsWrittenOver()
     {
         const TemporaryHome home;
-        const QImage page = pageOf(QImage::Format_RGB32, {4, 4});
+        const QImage page = page_of(QImage::Format_RGB32, {4, 4});
         for (const QString &name : {u"editor"_s, u"recogniser"_s}) {
             QFile file(home.filePath(name));
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(10'000, 'x')) == 10'000);
@@ -124,8 +124,8 @@ private slots:
         QVERIFY(write_editor_file(home.filePath(u"editor"_s), page));
         QVERIFY(write_recogniser_file(home.filePath(u"recogniser"_s), page));
 
-        QCOMPARE(bytesOf(home.filePath(u"editor"_s)).size(), 54 + 4 * 12);
-        QCOMPARE(bytesOf(home.filePath(u"recogniser"_s)).size(), 7 + 4);
+        QCOMPARE(bytes_of(home.filePath(u"editor"_s)).size(), 54 + 4 * 12);
+        QCOMPARE(bytes_of(home.filePath(u"recogniser"_s)).size(), 7 + 4);
     }
 
     void withoutAPageNothingIsTouched()
@@ -151,7 +151,7 @@ private slots:
     void placeThatTakesNoFileIsTold()
     {
         QFETCH(const QString, path);
-        const QImage page = pageOf(QImage::Format_RGB32, {40, 40});
+        const QImage page = page_of(QImage::Format_RGB32, {40, 40});
 
         QVERIFY(!write_editor_file(path, page));
         QVERIFY(!write_recogniser_file(path, page));
@@ -162,7 +162,7 @@ private slots:
     {
         const TemporaryHome home;
         const QString path = home.filePath(u"x"_s);
-        const QImage page = pageOf(QImage::Format_RGB32, {40, 30});
+        const QImage page = page_of(QImage::Format_RGB32, {40, 30});
         const mode_t former = ::umask(0);
 
         const bool isWritten = print(path, page);
@@ -180,7 +180,7 @@ private slots:
     void printFileTouchesNothingThatLiesThere()
     {
         const TemporaryHome home;
-        const QImage page = pageOf(QImage::Format_RGB32, {4, 4});
+        const QImage page = page_of(QImage::Format_RGB32, {4, 4});
         QFile target(home.filePath(u"target"_s));
         QVERIFY(target.open(QIODevice::WriteOnly) && target.write("mine") == 4);
         target.close();
@@ -191,7 +191,7 @@ private slots:
         QVERIFY(!print(home.filePath(u"link"_s), page));
         QVERIFY(!print(home.filePath(u"loose link"_s), page));
 
-        QCOMPARE(bytesOf(target.fileName()), QByteArray("mine"));
+        QCOMPARE(bytes_of(target.fileName()), QByteArray("mine"));
         QCOMPARE(home.filesIn(), (QStringList{u"link"_s, u"loose link"_s, u"target"_s}));
     }
 

@@ -22,7 +22,7 @@ bool write_new_print_file(const QString &path, const QImage &page)
 }
 
 /// Noise, which takes much room in every format.
-QImage largePage()
+QImage large_page()
 {
     QImage page(1600, 1200, QImage::Format_RGB32);
     quint32 state = 1;
@@ -52,7 +52,7 @@ private slots:
         QDir(home.path()).mkdir(u"place"_s);
         const ReadOnlyPlace place(home.filePath(u"place"_s));
 
-        QVERIFY(!write(home.filePath(u"place/x"_s), largePage()));
+        QVERIFY(!write(home.filePath(u"place/x"_s), large_page()));
 
         QVERIFY(home.filesIn(u"place"_s).isEmpty());
     }
@@ -67,7 +67,7 @@ private slots:
         QVERIFY(rest.open(QIODevice::WriteOnly) && rest.write(QByteArray(SmallDisk::Bytes - room, 'x')) > 0
                 && rest.flush());
 
-        QVERIFY(!write(disk.filePath(u"x"_s), largePage()));
+        QVERIFY(!write(disk.filePath(u"x"_s), large_page()));
     }
 
     void linkIsFollowedToItsTarget_data()
@@ -82,7 +82,7 @@ private slots:
         const TemporaryHome home;
         QVERIFY(QFile::link(home.filePath(u"target"_s), home.filePath(u"link"_s)));
 
-        QVERIFY(write(home.filePath(u"link"_s), largePage()));
+        QVERIFY(write(home.filePath(u"link"_s), large_page()));
 
         QVERIFY(QFileInfo(home.filePath(u"link"_s)).isSymLink());
         QVERIFY(QFileInfo(home.filePath(u"target"_s)).size() > 0);

@@ -24,7 +24,7 @@ QImage seen(const QImage &page)
     return QImage::fromData(png(page), "PNG").convertToFormat(QImage::Format_ARGB32);
 }
 
-QImage noisyPage(QSize size, QImage::Format format, int colors)
+QImage noisy_page(QSize size, QImage::Format format, int colors)
 {
     QRandomGenerator random(5);
     QImage page(size, format);
@@ -83,7 +83,7 @@ private slots:
         QFETCH(const QImage::Format, format);
         QFETCH(const int, colors);
         for (const QSize size : {QSize(1, 1), QSize(7, 3), QSize(8, 8), QSize(9, 2), QSize(33, 40), QSize(700, 500)}) {
-            const QImage page = noisyPage(size, format, colors);
+            const QImage page = noisy_page(size, format, colors);
 
             QCOMPARE(seen(page), page.convertToFormat(QImage::Format_ARGB32));
         }
@@ -91,7 +91,7 @@ private slots:
 
     void transparentColorsOfATableArrive()
     {
-        QImage page = noisyPage({20, 20}, QImage::Format_Indexed8, 4);
+        QImage page = noisy_page({20, 20}, QImage::Format_Indexed8, 4);
         page.setColor(2, 0x40102030);
 
         QCOMPARE(seen(page), page.convertToFormat(QImage::Format_ARGB32));
@@ -116,7 +116,7 @@ private slots:
 
     void resolutionArrives()
     {
-        QImage page = noisyPage({4, 4}, QImage::Format_RGB32, 0);
+        QImage page = noisy_page({4, 4}, QImage::Format_RGB32, 0);
         page.setDotsPerMeterX(23622);
         page.setDotsPerMeterY(11811);
 
@@ -147,7 +147,7 @@ private slots:
     // A file without its last bytes is none.
     void everyByteThatIsMissingIsTold()
     {
-        const QImage page = noisyPage({12, 9}, QImage::Format_Indexed8, 5);
+        const QImage page = noisy_page({12, 9}, QImage::Format_Indexed8, 5);
         const qsizetype whole = png(page).size();
         for (qsizetype room = 0; room < whole; ++room) {
             ShortDevice device(room);
@@ -159,7 +159,7 @@ private slots:
 
     void blockThatIsNotTakenIsTold()
     {
-        const QImage page = noisyPage({900, 400}, QImage::Format_RGB32, 0); // several blocks
+        const QImage page = noisy_page({900, 400}, QImage::Format_RGB32, 0); // several blocks
 
         ShortDevice device(400'000);
 

@@ -39,7 +39,7 @@ void fill(ComboBoxEx &box)
     box.insertItem(u"A4"_s);
 }
 
-void pickByPopup(ComboBoxEx &box, int index)
+void pick_by_popup(ComboBoxEx &box, int index)
 {
     box.showPopup();
     box.view()->setCurrentIndex(box.model()->index(index, 0));
@@ -101,7 +101,7 @@ void tst_ComboBoxEx::tellsTheKeyOfTheSameEntryPickedAgain()
     box.show();
     const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    pickByPopup(box, 0);
+    pick_by_popup(box, 0);
 
     QCOMPARE(activated.count(), 1);
     QCOMPARE(activated.at(0).at(0).toString(), u"Letter"_s);
@@ -116,7 +116,7 @@ void tst_ComboBoxEx::tellsTheFirstKeyOfATextThatSeveralHave()
     box.show();
     const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    pickByPopup(box, 1);
+    pick_by_popup(box, 1);
 
     QCOMPARE(activated.count(), 1);
     QCOMPARE(activated.at(0).at(0).toString(), u"act"_s);

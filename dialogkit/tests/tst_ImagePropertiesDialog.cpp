@@ -34,7 +34,7 @@ class tst_ImagePropertiesDialog : public QObject
 private slots:
     void hasItsNameTitleAndModality()
     {
-        const ImagePropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr, "a_name", true);
+        const ImagePropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr, "a_name", true);
 
         QCOMPARE(dialog.objectName(), u"a_name"_s);
         QCOMPARE(dialog.windowTitle(), u"Image Properties"_s);
@@ -43,7 +43,7 @@ private slots:
 
     void mayHaveNoNameAndNotBeModal()
     {
-        const ImagePropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr, nullptr, false);
+        const ImagePropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr, nullptr, false);
 
         QVERIFY(dialog.objectName().isEmpty());
         QVERIFY(!dialog.isModal());
@@ -51,7 +51,7 @@ private slots:
 
     void tellsOfAPageOf32Bits()
     {
-        const ImagePropertiesDialog dialog(solidPage({5, 3}, 0xff404040), 0.0625, nullptr, nullptr, true);
+        const ImagePropertiesDialog dialog(solid_page({5, 3}, 0xff404040), 0.0625, nullptr, nullptr, true);
 
         QCOMPARE(lines(dialog),
                  (QStringList{u"Width [pixels]: 5"_s, u"Height [pixels]: 3"_s, u"Bit Depth: 32"_s,
@@ -61,7 +61,7 @@ private slots:
 
     void countsNoPalette()
     {
-        const ImagePropertiesDialog dialog(patternedPage({5, 3}, 8), 8.0, nullptr, nullptr, true);
+        const ImagePropertiesDialog dialog(patterned_page({5, 3}, 8), 8.0, nullptr, nullptr, true);
 
         QCOMPARE(
             lines(dialog).sliced(2),
@@ -71,7 +71,7 @@ private slots:
 
     void captionsBelongToTheirValues()
     {
-        const ImagePropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr, nullptr, true);
+        const ImagePropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr, nullptr, true);
         const auto *const grid = qobject_cast<QGridLayout *>(dialog.layout());
 
         for (int row = 0; row < Rows; ++row)
@@ -81,7 +81,7 @@ private slots:
 
     void okAtTheBottomCloses()
     {
-        ImagePropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr, nullptr, true);
+        ImagePropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr, nullptr, true);
         auto *const button = dialog.findChild<QPushButton *>(u"my_ok_btn"_s);
         QCOMPARE(button->text(), u"OK"_s);
         QCOMPARE(qobject_cast<QGridLayout *>(dialog.layout())->itemAtPosition(9, 1)->widget(), button);

@@ -29,12 +29,12 @@ QStringList column(const PropertiesDialog &dialog, int column, QString (*propert
     return values;
 }
 
-QString textOf(const QLabel *label)
+QString text_of(const QLabel *label)
 {
     return label->text();
 }
 
-QString nameOf(const QLabel *label)
+QString name_of(const QLabel *label)
 {
     return label->objectName();
 }
@@ -53,7 +53,7 @@ class tst_PropertiesDialog : public QObject
 private slots:
     void hasItsNameTitleAndSize()
     {
-        const PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr);
+        const PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr);
 
         QCOMPARE(dialog.objectName(), u"PropertiesDialog"_s);
         QCOMPARE(dialog.windowTitle(), u"Image Properties"_s);
@@ -62,7 +62,7 @@ private slots:
 
     void boxSpansBothColumnsAboveTheButton()
     {
-        const PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr);
+        const PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr);
         const auto *const grid = qobject_cast<QGridLayout *>(dialog.layout());
         auto *const box = dialog.findChild<QGroupBox *>(u"groupBox"_s);
 
@@ -76,12 +76,12 @@ private slots:
 
     void captionsStandInReadingOrder()
     {
-        const PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr);
+        const PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr);
 
-        QCOMPARE(column(dialog, 0, textOf),
+        QCOMPARE(column(dialog, 0, text_of),
                  (QStringList{u"Width [pixels]"_s, u"Height [pixels]"_s, u"Bit Depth"_s, u"Colors In Pallette"_s,
                               u"GrayScale"_s, u"Bytes"_s, u"Bytes per line"_s, u"Zoom Coefficient"_s}));
-        QCOMPARE(column(dialog, 0, nameOf),
+        QCOMPARE(column(dialog, 0, name_of),
                  (QStringList{u"WidthTextLabel"_s, u"HeightTextLabel"_s, u"BitDepthTextLabel"_s,
                               u"ColorsInPalletteTextLabel"_s, u"GrayScaleTextLabel"_s, u"BytesTextLabel"_s,
                               u"BytesPerLineTextLabel"_s, u"ZoomText"_s}));
@@ -89,9 +89,9 @@ private slots:
 
     void valuesStandBesideTheirCaptionsInSunkenFrames()
     {
-        const PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr);
+        const PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr);
 
-        QCOMPARE(column(dialog, 1, nameOf),
+        QCOMPARE(column(dialog, 1, name_of),
                  (QStringList{u"WidthValue"_s, u"HeightValue"_s, u"BitDepthValue"_s, u"ColorsInPalleteValue"_s,
                               u"GrayScaleValue"_s, u"BytesValue"_s, u"BytesPerLineValue"_s, u"ZoomValue"_s}));
         for (int row = 0; row < Rows; ++row) {
@@ -117,18 +117,18 @@ private slots:
         grey.setColorTable(greys);
         grey.fill(7);
         QTest::newRow("32 bits, coloured, no share for a palette")
-            << solidPage({5, 3}, 0xff102030)
+            << solid_page({5, 3}, 0xff102030)
             << QStringList{u"5"_s, u"3"_s, u"32"_s, u"0"_s, u"No"_s, u"60"_s, u"20"_s, u"1"_s};
         QTest::newRow("32 bits, all grey")
-            << solidPage({5, 3}, 0xff404040)
+            << solid_page({5, 3}, 0xff404040)
             << QStringList{u"5"_s, u"3"_s, u"32"_s, u"0"_s, u"Yes"_s, u"60"_s, u"20"_s, u"1"_s};
         QTest::newRow("8 bits, 256 greys: 24 + 1056 bytes")
             << grey << QStringList{u"5"_s, u"3"_s, u"8"_s, u"256"_s, u"Yes"_s, u"1080"_s, u"8"_s, u"1"_s};
         QTest::newRow("8 bits, 256 colours: 24 + 1056 bytes")
-            << patternedPage({5, 3}, 8)
+            << patterned_page({5, 3}, 8)
             << QStringList{u"5"_s, u"3"_s, u"8"_s, u"256"_s, u"No"_s, u"1080"_s, u"8"_s, u"1"_s};
         QTest::newRow("1 bit, 2 colours: 24 + 40 bytes")
-            << patternedPage({33, 3}, 1)
+            << patterned_page({33, 3}, 1)
             << QStringList{u"33"_s, u"3"_s, u"1"_s, u"2"_s, u"No"_s, u"64"_s, u"8"_s, u"1"_s};
         QTest::newRow("no page") << QImage()
                                  << QStringList{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"No"_s, u"32"_s, u"0"_s, u"1"_s};
@@ -139,7 +139,7 @@ private slots:
         QFETCH(const QImage, image);
         const PropertiesDialog dialog(image, 1.0, nullptr);
 
-        QTEST(column(dialog, 1, textOf), "values");
+        QTEST(column(dialog, 1, text_of), "values");
     }
 
     void zoomStandsAsAFactor_data()
@@ -155,7 +155,7 @@ private slots:
     void zoomStandsAsAFactor()
     {
         QFETCH(const double, zoom);
-        const PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), zoom, nullptr);
+        const PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), zoom, nullptr);
 
         QTEST(value(dialog, u"ZoomValue"_s), "text");
     }
@@ -173,7 +173,7 @@ private slots:
     {
         QFETCH(const int, key);
         QFETCH(const Qt::KeyboardModifiers, modifiers);
-        PropertiesDialog dialog(solidPage({4, 3}, 0xff102030), 1.0, nullptr);
+        PropertiesDialog dialog(solid_page({4, 3}, 0xff102030), 1.0, nullptr);
         const auto *const button = dialog.findChild<QPushButton *>(u"buttonOk"_s);
         QCOMPARE(button->text(), u"&OK"_s);
         QCOMPARE(button->shortcut(), QKeySequence(u"Alt+O"_s));

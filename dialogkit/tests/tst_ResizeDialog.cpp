@@ -19,7 +19,7 @@ namespace {
 class ShownDialog : public ResizeDialog
 {
 public:
-    ShownDialog() : ResizeDialog(solidPage({60, 40}, 0xffffffff), nullptr, "image_resize_p_dialog", true) { show(); }
+    ShownDialog() : ResizeDialog(solid_page({60, 40}, 0xffffffff), nullptr, "image_resize_p_dialog", true) { show(); }
 
     [[nodiscard]] QLineEdit *widthEdit() const { return findChildren<QLineEdit *>().at(0); }
     [[nodiscard]] QLineEdit *heightEdit() const { return findChildren<QLineEdit *>().at(1); }
@@ -138,7 +138,7 @@ void tst_ResizeDialog::firstDigitTakesThePlaceOfTheOldWidth()
 
 void tst_ResizeDialog::isAsLargeAsItsLayoutAsks()
 {
-    const ResizeDialog dialog(solidPage({60, 40}, 0xffffffff));
+    const ResizeDialog dialog(solid_page({60, 40}, 0xffffffff));
 
     QCOMPARE(dialog.size(), QSize(std::max(200, dialog.sizeHint().width()), dialog.sizeHint().height()));
 }
@@ -214,7 +214,7 @@ void tst_ResizeDialog::refusesAnotherSizeAndStaysOpen()
     QFETCH(const QString, text);
     ShownDialog dialog;
     dialog.type(width, height);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     dialog.pressOk();
 
@@ -229,7 +229,7 @@ void tst_ResizeDialog::acceptsAfterARefusal()
 {
     ShownDialog dialog;
     dialog.type(u"9"_s, u"100"_s);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
     QTest::keyClick(dialog.heightEdit(), Qt::Key_Return);
     QVERIFY(dialog.isVisible());
 

@@ -32,7 +32,7 @@ bool paint(const QImage &src, QImage &dst, const int *parameter)
 }
 
 /// Refuses every positive parameter.
-bool refusePositive(const QImage &src, QImage &dst, const int *parameter)
+bool refuse_positive(const QImage &src, QImage &dst, const int *parameter)
 {
     return *parameter <= 0 && paint(src, dst, parameter);
 }
@@ -45,7 +45,7 @@ class Preview : public SimplePreviewDialog
 public:
     explicit Preview(ImageTransform transform, int kind = PreviewWithSlider,
                      const PreviewParameters &parameters = brightness) :
-        SimplePreviewDialog(u"Brightness"_s, solidPage({300, 300}, Grey), transform, nullptr, kind, parameters,
+        SimplePreviewDialog(u"Brightness"_s, solid_page({300, 300}, Grey), transform, nullptr, kind, parameters,
                             "brightness_dialog", true)
     {
     }
@@ -154,7 +154,7 @@ void tst_SimplePreviewDialog::previewStandsInTheMiddleOfItsBox()
 
 void tst_SimplePreviewDialog::previewStandsOnTheGroundOfItsBox()
 {
-    SimplePreviewDialog dialog(u"Brightness"_s, solidPage({300, 100}, Grey), paint, nullptr,
+    SimplePreviewDialog dialog(u"Brightness"_s, solid_page({300, 100}, Grey), paint, nullptr,
                                SimplePreviewDialog::PreviewOnly, {}, "brightness_dialog", true);
     dialog.show();
     const QRect preview = dialog.findChild<Thumbnail *>()->geometry();
@@ -169,7 +169,7 @@ void tst_SimplePreviewDialog::previewStandsOnTheGroundOfItsBox()
 
 void tst_SimplePreviewDialog::previewIsDescribedByItsValueAndItsSizes()
 {
-    Preview dialog(refusePositive);
+    Preview dialog(refuse_positive);
     dialog.show();
     const auto *thumbnail = dialog.findChild<Thumbnail *>();
     QCOMPARE(thumbnail->accessibleDescription(), u"Brightness 0. Page of 300 x 300 pixels, shown at 160 x 160."_s);
@@ -289,7 +289,7 @@ void tst_SimplePreviewDialog::valueOfThePlainKindIsLeftAlone()
 
 void tst_SimplePreviewDialog::refusedTransformationLeavesTheLastPreview()
 {
-    Preview dialog(refusePositive);
+    Preview dialog(refuse_positive);
     dialog.show();
 
     QTest::keyClick(dialog.slider(), Qt::Key_Right);

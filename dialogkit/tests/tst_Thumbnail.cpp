@@ -62,7 +62,7 @@ bool lose(const QImage & /*src*/, QImage &dst, const int * /*parameter*/)
 }
 
 /// The rectangle of the pixels that have @p color.
-QRect areaOf(const QImage &picture, QRgb color)
+QRect area_of(const QImage &picture, QRgb color)
 {
     QRect area;
     for (int y = 0; y < picture.height(); ++y) {
@@ -77,7 +77,7 @@ QRect areaOf(const QImage &picture, QRgb color)
 constexpr QRgb Red = 0xffff0000;
 constexpr QRgb Blue = 0xff0000ff;
 
-QImage shownBy(Thumbnail &thumbnail)
+QImage shown_by(Thumbnail &thumbnail)
 {
     return thumbnail.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
@@ -126,11 +126,11 @@ void tst_Thumbnail::copyFitsItsSquare()
 
 void tst_Thumbnail::copyOfAFittingPageSharesNoPixels()
 {
-    const QImage page = patternedPage({160, 160});
+    const QImage page = patterned_page({160, 160});
 
     const QImage copy = reduced_copy(page);
 
-    QVERIFY(comparePictures(copy, page));
+    QVERIFY(compare_pictures(copy, page));
     QVERIFY(copy.constBits() != page.constBits());
 }
 
@@ -145,7 +145,7 @@ void tst_Thumbnail::copyIsSampledAndKeepsItsFormat_data()
 void tst_Thumbnail::copyIsSampledAndKeepsItsFormat()
 {
     QFETCH(const int, depth);
-    const QImage page = patternedPage({320, 320}, depth);
+    const QImage page = patterned_page({320, 320}, depth);
 
     const QImage copy = reduced_copy(page);
 
@@ -153,12 +153,12 @@ void tst_Thumbnail::copyIsSampledAndKeepsItsFormat()
     QCOMPARE(copy.colorTable(), page.colorTable());
     QCOMPARE(copy.size(), QSize(160, 160));
     // A sampled pixel stands in the page as it is; a smoothed one would not.
-    QVERIFY(depth != 32 || positionOf(copy.pixel(100, 50)).x() / 2 == 100);
+    QVERIFY(depth != 32 || position_of(copy.pixel(100, 50)).x() / 2 == 100);
 }
 
 void tst_Thumbnail::wantsThumbnailSize()
 {
-    const Thumbnail thumbnail(patternedPage({40, 30}), nullptr, "thumbnail");
+    const Thumbnail thumbnail(patterned_page({40, 30}), nullptr, "thumbnail");
 
     QCOMPARE(thumbnail.objectName(), u"thumbnail"_s);
     QCOMPARE(thumbnail.sizeHint(), QSize(161, 161));
@@ -168,9 +168,9 @@ void tst_Thumbnail::wantsThumbnailSize()
 
 void tst_Thumbnail::showsNothingBeforeTheFirstTransformation()
 {
-    Thumbnail thumbnail(solidPage({160, 160}, Red));
+    Thumbnail thumbnail(solid_page({160, 160}, Red));
 
-    QCOMPARE(areaOf(shownBy(thumbnail), Red), QRect());
+    QCOMPARE(area_of(shown_by(thumbnail), Red), QRect());
 }
 
 void tst_Thumbnail::showsTheResultInItsMiddle_data()
@@ -187,11 +187,11 @@ void tst_Thumbnail::showsTheResultInItsMiddle()
 {
     QFETCH(const QSize, page);
     QFETCH(const QRect, area);
-    Thumbnail thumbnail(solidPage(page, Red));
+    Thumbnail thumbnail(solid_page(page, Red));
 
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
 
-    QCOMPARE(areaOf(shownBy(thumbnail), Red), area);
+    QCOMPARE(area_of(shown_by(thumbnail), Red), area);
 }
 
 void tst_Thumbnail::showsItsOwnGroundAroundAndThroughThePicture()
@@ -204,34 +204,34 @@ void tst_Thumbnail::showsItsOwnGroundAroundAndThroughThePicture()
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
 
     const QRgb ground = thumbnail.palette().color(QPalette::Window).rgb();
-    QCOMPARE(areaOf(shownBy(thumbnail), ground), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), ground), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::handsTheParameterOn()
 {
-    Thumbnail thumbnail(patternedPage({160, 160}));
+    Thumbnail thumbnail(patterned_page({160, 160}));
     const int red = static_cast<int>(Red);
 
     QVERIFY(thumbnail.convert(fill, &red));
-    QCOMPARE(areaOf(shownBy(thumbnail), Red), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), Red), QRect(0, 0, 160, 160));
 
     QVERIFY(thumbnail.convert(fill, nullptr));
-    QCOMPARE(areaOf(shownBy(thumbnail), Blue), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), Blue), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::worksOnItsCopyEachTimeAnew()
 {
-    Thumbnail thumbnail(solidPage({160, 160}, Red));
+    Thumbnail thumbnail(solid_page({160, 160}, Red));
 
     QVERIFY(thumbnail.convert(halve, nullptr));
     QVERIFY(thumbnail.convert(halve, nullptr));
 
-    QCOMPARE(areaOf(shownBy(thumbnail), Red).size(), QSize(80, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), Red).size(), QSize(80, 160));
 }
 
 void tst_Thumbnail::repaintsAfterATransformation()
 {
-    PaintedThumbnail thumbnail(solidPage({160, 160}, Red));
+    PaintedThumbnail thumbnail(solid_page({160, 160}, Red));
     thumbnail.show();
     QVERIFY(QTest::qWaitForWindowExposed(&thumbnail));
     QTRY_VERIFY(thumbnail.paints > 0);
@@ -244,19 +244,19 @@ void tst_Thumbnail::repaintsAfterATransformation()
 
 void tst_Thumbnail::refusedTransformationLeavesTheLastPicture()
 {
-    Thumbnail thumbnail(solidPage({160, 160}, Red));
+    Thumbnail thumbnail(solid_page({160, 160}, Red));
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
     const DiagnosticLines lines;
 
     QVERIFY(!thumbnail.convert(refuse, nullptr));
 
     QCOMPARE(lines.lines(), QStringList(u"Thumbnail::convert - unable to transform the image!"_s));
-    QCOMPARE(areaOf(shownBy(thumbnail), Red), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), Red), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::emptyResultLeavesTheLastPicture()
 {
-    Thumbnail thumbnail(solidPage({160, 160}, Red));
+    Thumbnail thumbnail(solid_page({160, 160}, Red));
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
     const DiagnosticLines lines;
 
@@ -264,7 +264,7 @@ void tst_Thumbnail::emptyResultLeavesTheLastPicture()
 
     QCOMPARE(lines.lines().constFirst(), u"Thumbnail::convert - after transform"_s);
     QCOMPARE(lines.lines().constLast(), u"Thumbnail::convert - unable to convert the image!"_s);
-    QCOMPARE(areaOf(shownBy(thumbnail), Red), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), Red), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::blackAndWhiteOfATableChangePlaces()
@@ -276,7 +276,7 @@ void tst_Thumbnail::blackAndWhiteOfATableChangePlaces()
 
     QVERIFY(thumbnail.convert(trans_copy, nullptr));
 
-    QCOMPARE(areaOf(shownBy(thumbnail), 0xffffffff), QRect(0, 0, 160, 160));
+    QCOMPARE(area_of(shown_by(thumbnail), 0xffffffff), QRect(0, 0, 160, 160));
 }
 
 void tst_Thumbnail::emptyPageEndsTheProcess()
@@ -291,17 +291,17 @@ void tst_Thumbnail::emptyPageEndsTheProcess()
 
 void tst_Thumbnail::copyingTransformationCopies()
 {
-    const QImage page = patternedPage({30, 20}, 8);
+    const QImage page = patterned_page({30, 20}, 8);
     QImage result;
 
     QVERIFY(trans_copy(page, result, nullptr));
 
-    QVERIFY(comparePictures(result, page));
+    QVERIFY(compare_pictures(result, page));
 }
 
 void tst_Thumbnail::copyingTransformationRefusesNothing()
 {
-    QImage result = patternedPage({30, 20});
+    QImage result = patterned_page({30, 20});
 
     QVERIFY(!trans_copy(QImage(), result, nullptr));
 }

@@ -34,23 +34,23 @@ private slots:
 
 namespace {
 
-QIcon iconOf(Qt::GlobalColor color)
+QIcon icon_of(Qt::GlobalColor color)
 {
     QPixmap pixmap(16, 16);
     pixmap.fill(color);
     return {pixmap};
 }
 
-QRgb colorOf(const QIcon &icon)
+QRgb color_of(const QIcon &icon)
 {
     return icon.pixmap(16, 16).toImage().pixel(8, 8);
 }
 
-QRgb iconColorWithParent(QWidget *parent)
+QRgb icon_color_with_parent(QWidget *parent)
 {
     QDialog dialog(parent);
     identify_dialog(dialog, {}, nullptr, false);
-    return colorOf(dialog.windowIcon());
+    return color_of(dialog.windowIcon());
 }
 
 /// A dialog that holds nothing but its buttons.
@@ -97,29 +97,29 @@ void tst_dialog_frame::takesTitleNameAndModality()
 void tst_dialog_frame::takesTheIconOfItsParent()
 {
     QMainWindow window;
-    window.setWindowIcon(iconOf(Qt::red));
+    window.setWindowIcon(icon_of(Qt::red));
     QWidget parent;
-    parent.setWindowIcon(iconOf(Qt::blue));
+    parent.setWindowIcon(icon_of(Qt::blue));
 
-    QCOMPARE(iconColorWithParent(&parent), QColor(Qt::blue).rgb());
+    QCOMPARE(icon_color_with_parent(&parent), QColor(Qt::blue).rgb());
 }
 
 void tst_dialog_frame::takesTheIconOfTheMainWindowWithoutAParent()
 {
     const QWidget other; // a window, but not the main one
     QMainWindow window;
-    window.setWindowIcon(iconOf(Qt::red));
+    window.setWindowIcon(icon_of(Qt::red));
 
-    QCOMPARE(iconColorWithParent(nullptr), QColor(Qt::red).rgb());
+    QCOMPARE(icon_color_with_parent(nullptr), QColor(Qt::red).rgb());
 }
 
 void tst_dialog_frame::takesTheIconOfTheMainWindowIfTheParentHasNone()
 {
     QMainWindow window;
-    window.setWindowIcon(iconOf(Qt::red));
+    window.setWindowIcon(icon_of(Qt::red));
     QWidget parent;
 
-    QCOMPARE(iconColorWithParent(&parent), QColor(Qt::red).rgb());
+    QCOMPARE(icon_color_with_parent(&parent), QColor(Qt::red).rgb());
 }
 
 void tst_dialog_frame::hasNoIconWhereNobodyHasOne()

@@ -50,37 +50,37 @@ private slots:
 
 namespace {
 
-std::unique_ptr<InputFixedDialog> scaleDialog(double max = 3.0)
+std::unique_ptr<InputFixedDialog> scale_dialog(double max = 3.0)
 {
     return std::make_unique<InputFixedDialog>(u"Scale Vertically"_s, u"Vertical Scale"_s,
                                               u"Number to multiple actual image height on"_s, 0.1, max, 1.0, 0.1, 1,
                                               nullptr, "image_scale_v_dialog", true);
 }
 
-std::unique_ptr<InputTwoFixedDialog> offsetDialog()
+std::unique_ptr<InputTwoFixedDialog> offset_dialog()
 {
     return std::make_unique<InputTwoFixedDialog>(u"Offset"_s, u"Left"_s, u"From the left edge"_s, u"Top"_s,
                                                  u"From the top edge"_s, 0.0, 10.0, 2.5, 0.5, 1, nullptr, "offset",
                                                  true);
 }
 
-std::unique_ptr<InputStringDialog> stringDialog(const QString &pattern)
+std::unique_ptr<InputStringDialog> string_dialog(const QString &pattern)
 {
     return std::make_unique<InputStringDialog>(u"Name"_s, u"New name"_s, u"Letters alone"_s,
                                                QRegularExpression(pattern), nullptr, "name_dialog", true);
 }
 
-QSlider *sliderOf(const QWidget &dialog)
+QSlider *slider_of(const QWidget &dialog)
 {
     return dialog.findChild<QSlider *>(u"double_slider"_s);
 }
 
-QPushButton *okButtonOf(const QWidget &dialog)
+QPushButton *ok_button_of(const QWidget &dialog)
 {
     return dialog.findChild<QPushButton *>(u"my_ok_btn"_s);
 }
 
-QStringList captionsOf(const QWidget &dialog)
+QStringList captions_of(const QWidget &dialog)
 {
     QStringList texts;
     const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
@@ -91,23 +91,23 @@ QStringList captionsOf(const QWidget &dialog)
 
 enum Kind { Fixed, TwoFixed, String };
 
-std::unique_ptr<QDialog> dialogOf(Kind kind)
+std::unique_ptr<QDialog> dialog_of(Kind kind)
 {
     switch (kind) {
     case Fixed:
-        return scaleDialog();
+        return scale_dialog();
     case TwoFixed:
-        return offsetDialog();
+        return offset_dialog();
     case String:
         break;
     }
-    return stringDialog(u".*"_s);
+    return string_dialog(u".*"_s);
 }
 
 /// How far below each other labels, inputs and the button stand, from the upper edge of the dialog.
-QList<int> heightsIn(const QDialog &dialog)
+QList<int> heights_in(const QDialog &dialog)
 {
-    QList<int> heights{okButtonOf(dialog)->mapTo(&dialog, QPoint()).y()};
+    QList<int> heights{ok_button_of(dialog)->mapTo(&dialog, QPoint()).y()};
     const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
     for (const QLabel *const label : labels)
         heights << label->mapTo(&dialog, QPoint()).y() << label->height();
@@ -127,45 +127,45 @@ void tst_input_dialogs::enlargedDialogKeepsItsPartsTogether_data()
 void tst_input_dialogs::enlargedDialogKeepsItsPartsTogether()
 {
     QFETCH(const int, kind);
-    const auto dialog = dialogOf(static_cast<Kind>(kind));
+    const auto dialog = dialog_of(static_cast<Kind>(kind));
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-    const QList<int> heights = heightsIn(*dialog);
+    const QList<int> heights = heights_in(*dialog);
 
-    const int left = okButtonOf(*dialog)->x();
+    const int left = ok_button_of(*dialog)->x();
     dialog->resize(dialog->size() + QSize(120, 150));
-    QTRY_COMPARE(okButtonOf(*dialog)->x(), left + 120); // laid out anew
+    QTRY_COMPARE(ok_button_of(*dialog)->x(), left + 120); // laid out anew
 
-    QCOMPARE(heightsIn(*dialog), heights);
+    QCOMPARE(heights_in(*dialog), heights);
 }
 
 void tst_input_dialogs::fixedDialogSaysWhatItAsksFor()
 {
-    const auto dialog = scaleDialog();
+    const auto dialog = scale_dialog();
 
     QCOMPARE(dialog->windowTitle(), u"Scale Vertically"_s);
     QCOMPARE(dialog->objectName(), u"image_scale_v_dialog"_s);
     QVERIFY(dialog->isModal());
-    QVERIFY(captionsOf(*dialog).contains(u"Vertical Scale"_s));
-    QCOMPARE(sliderOf(*dialog)->toolTip(), u"Number to multiple actual image height on"_s);
-    QCOMPARE(sliderOf(*dialog)->accessibleName(), u"Vertical Scale"_s);
+    QVERIFY(captions_of(*dialog).contains(u"Vertical Scale"_s));
+    QCOMPARE(slider_of(*dialog)->toolTip(), u"Number to multiple actual image height on"_s);
+    QCOMPARE(slider_of(*dialog)->accessibleName(), u"Vertical Scale"_s);
 }
 
 void tst_input_dialogs::fixedDialogStartsWithItsFirstValue()
 {
-    const auto dialog = scaleDialog();
+    const auto dialog = scale_dialog();
 
-    QCOMPARE(sliderOf(*dialog)->value(), 10);
+    QCOMPARE(slider_of(*dialog)->value(), 10);
     QCOMPARE(dialog->value(), 1.0);
 }
 
 void tst_input_dialogs::fixedDialogValueFollowsTheKeys()
 {
-    const auto dialog = scaleDialog();
+    const auto dialog = scale_dialog();
     dialog->show();
 
-    QTest::keyClick(sliderOf(*dialog), Qt::Key_Right);
-    QTest::keyClick(sliderOf(*dialog), Qt::Key_Right);
+    QTest::keyClick(slider_of(*dialog), Qt::Key_Right);
+    QTest::keyClick(slider_of(*dialog), Qt::Key_Right);
 
     QCOMPARE(dialog->value(), 1.2);
 }
@@ -181,19 +181,19 @@ void tst_input_dialogs::fixedDialogEndsAtItsMaximum_data()
 void tst_input_dialogs::fixedDialogEndsAtItsMaximum()
 {
     QFETCH(const double, max);
-    const auto dialog = scaleDialog(max);
+    const auto dialog = scale_dialog(max);
     dialog->show();
 
-    QTest::keyClick(sliderOf(*dialog), Qt::Key_End);
+    QTest::keyClick(slider_of(*dialog), Qt::Key_End);
     QCOMPARE(dialog->value(), max);
 
-    QTest::keyClick(sliderOf(*dialog), Qt::Key_Home);
+    QTest::keyClick(slider_of(*dialog), Qt::Key_Home);
     QCOMPARE(dialog->value(), 0.1);
 }
 
 void tst_input_dialogs::fixedDialogIsAtLeast320Wide()
 {
-    const auto dialog = scaleDialog();
+    const auto dialog = scale_dialog();
 
     QCOMPARE(dialog->width(), std::max(320, dialog->sizeHint().width()));
     QCOMPARE(dialog->height(), dialog->sizeHint().height());
@@ -202,37 +202,37 @@ void tst_input_dialogs::fixedDialogIsAtLeast320Wide()
 
 void tst_input_dialogs::fixedDialogHearsKeysFirstOnItsSlider()
 {
-    const auto dialog = scaleDialog();
+    const auto dialog = scale_dialog();
     dialog->show();
     QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
 
-    QCOMPARE(dialog->focusWidget(), sliderOf(*dialog));
+    QCOMPARE(dialog->focusWidget(), slider_of(*dialog));
 }
 
 void tst_input_dialogs::fixedDialogClosesByReturnAndEscape()
 {
-    const auto accepted = scaleDialog();
+    const auto accepted = scale_dialog();
     accepted->show();
-    QTest::keyClick(sliderOf(*accepted), Qt::Key_Return);
+    QTest::keyClick(slider_of(*accepted), Qt::Key_Return);
     QCOMPARE(accepted->result(), int(QDialog::Accepted));
     QVERIFY(!accepted->isVisible());
 
-    const auto rejected = scaleDialog();
+    const auto rejected = scale_dialog();
     rejected->show();
-    QTest::keyClick(sliderOf(*rejected), Qt::Key_Escape);
+    QTest::keyClick(slider_of(*rejected), Qt::Key_Escape);
     QCOMPARE(rejected->result(), int(QDialog::Rejected));
     QVERIFY(!rejected->isVisible());
 }
 
 void tst_input_dialogs::twoFixedDialogAsksForBothValues()
 {
-    const auto dialog = offsetDialog();
+    const auto dialog = offset_dialog();
     const QList<FixedSpinBox *> boxes = dialog->findChildren<FixedSpinBox *>();
 
     QCOMPARE(dialog->windowTitle(), u"Offset"_s);
     QCOMPARE(dialog->objectName(), u"offset"_s);
     QVERIFY(dialog->isModal());
-    QCOMPARE(captionsOf(*dialog), QStringList({u"Left"_s, u"Top"_s}));
+    QCOMPARE(captions_of(*dialog), QStringList({u"Left"_s, u"Top"_s}));
     QCOMPARE(boxes.count(), 2);
     QCOMPARE(boxes.at(0)->toolTip(), u"From the left edge"_s);
     QCOMPARE(boxes.at(1)->toolTip(), u"From the top edge"_s);
@@ -245,7 +245,7 @@ void tst_input_dialogs::twoFixedDialogAsksForBothValues()
 
 void tst_input_dialogs::twoFixedDialogValuesAreTheScaledNumbers()
 {
-    const auto dialog = offsetDialog();
+    const auto dialog = offset_dialog();
     dialog->show();
     QCOMPARE(dialog->first(), 25.0);
     QCOMPARE(dialog->second(), 25.0);
@@ -260,7 +260,7 @@ void tst_input_dialogs::twoFixedDialogValuesAreTheScaledNumbers()
 
 void tst_input_dialogs::twoFixedDialogControlsStandOneUnderTheOther()
 {
-    const auto dialog = offsetDialog();
+    const auto dialog = offset_dialog();
     dialog->show();
     const QList<FixedSpinBox *> boxes = dialog->findChildren<FixedSpinBox *>();
 
@@ -268,32 +268,32 @@ void tst_input_dialogs::twoFixedDialogControlsStandOneUnderTheOther()
     const QPoint second = boxes.at(1)->mapTo(dialog.get(), QPoint(0, 0));
     QCOMPARE(second.x(), first.x());
     QVERIFY(second.y() > first.y() + boxes.at(0)->height());
-    QVERIFY(okButtonOf(*dialog)->y() > second.y() + boxes.at(1)->height());
+    QVERIFY(ok_button_of(*dialog)->y() > second.y() + boxes.at(1)->height());
 }
 
 void tst_input_dialogs::twoFixedDialogIsAtLeast200Wide()
 {
-    const auto dialog = offsetDialog();
+    const auto dialog = offset_dialog();
 
     QCOMPARE(dialog->size(), QSize(std::max(200, dialog->sizeHint().width()), dialog->sizeHint().height()));
 }
 
 void tst_input_dialogs::stringDialogSaysWhatItAsksFor()
 {
-    const auto dialog = stringDialog(u"[a-z]+"_s);
+    const auto dialog = string_dialog(u"[a-z]+"_s);
     const auto *const edit = dialog->findChild<QLineEdit *>();
 
     QCOMPARE(dialog->windowTitle(), u"Name"_s);
     QCOMPARE(dialog->objectName(), u"name_dialog"_s);
     QVERIFY(dialog->isModal());
-    QCOMPARE(captionsOf(*dialog), QStringList(u"New name"_s));
+    QCOMPARE(captions_of(*dialog), QStringList(u"New name"_s));
     QCOMPARE(edit->toolTip(), u"Letters alone"_s);
     QCOMPARE(edit->accessibleName(), u"New name"_s);
 }
 
 void tst_input_dialogs::stringDialogReturnsTheTypedText()
 {
-    const auto dialog = stringDialog(u"[a-z]+"_s);
+    const auto dialog = string_dialog(u"[a-z]+"_s);
     dialog->show();
     QCOMPARE(dialog->text(), QString());
 
@@ -304,12 +304,12 @@ void tst_input_dialogs::stringDialogReturnsTheTypedText()
 
 void tst_input_dialogs::stringDialogStartsWithoutOkIfNothingDoesNotMatch()
 {
-    QVERIFY(!okButtonOf(*stringDialog(u"[a-z]+"_s))->isEnabled());
+    QVERIFY(!ok_button_of(*string_dialog(u"[a-z]+"_s))->isEnabled());
 }
 
 void tst_input_dialogs::stringDialogStartsWithOkIfNothingMatches()
 {
-    QVERIFY(okButtonOf(*stringDialog(u"[a-z]*"_s))->isEnabled());
+    QVERIFY(ok_button_of(*string_dialog(u"[a-z]*"_s))->isEnabled());
 }
 
 void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone_data()
@@ -337,16 +337,16 @@ void tst_input_dialogs::stringDialogEnablesOkForAWholeMatchAlone()
     QFETCH(const QString, pattern);
     QFETCH(const QString, text);
     QFETCH(const bool, enabled);
-    const auto dialog = stringDialog(pattern);
+    const auto dialog = string_dialog(pattern);
 
     dialog->findChild<QLineEdit *>()->setText(text);
 
-    QCOMPARE(okButtonOf(*dialog)->isEnabled(), enabled);
+    QCOMPARE(ok_button_of(*dialog)->isEnabled(), enabled);
 }
 
 void tst_input_dialogs::stringDialogRefusesCharactersThatCannotMatch()
 {
-    const auto dialog = stringDialog(u"[a-z]+"_s);
+    const auto dialog = string_dialog(u"[a-z]+"_s);
     dialog->show();
 
     QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"a1b"_s);
@@ -356,7 +356,7 @@ void tst_input_dialogs::stringDialogRefusesCharactersThatCannotMatch()
 
 void tst_input_dialogs::stringDialogStaysOpenOnReturnUntilTheTextMatches()
 {
-    const auto dialog = stringDialog(u"[a-z]{2}"_s);
+    const auto dialog = string_dialog(u"[a-z]{2}"_s);
     dialog->show();
     auto *const edit = dialog->findChild<QLineEdit *>();
 
@@ -372,7 +372,7 @@ void tst_input_dialogs::stringDialogStaysOpenOnReturnUntilTheTextMatches()
 
 void tst_input_dialogs::stringDialogIsAtLeast200Wide()
 {
-    const auto dialog = stringDialog(u"[a-z]+"_s);
+    const auto dialog = string_dialog(u"[a-z]+"_s);
 
     QCOMPARE(dialog->size(), QSize(std::max(200, dialog->sizeHint().width()), dialog->sizeHint().height()));
 }

@@ -72,7 +72,7 @@ private slots:
 
 namespace {
 
-QString accessibleName(QWidget *widget)
+QString accessible_name(QWidget *widget)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
@@ -116,7 +116,7 @@ void tst_labeled_controls::captionIsTheNameThatAScreenReaderSays()
 {
     const LineEditControl control("Server", "localhost", "");
 
-    QCOMPARE(accessibleName(control.m_control), u"Server"_s);
+    QCOMPARE(accessible_name(control.m_control), u"Server"_s);
     QCOMPARE(control.m_label->buddy(), control.m_control);
 }
 
@@ -143,7 +143,7 @@ void tst_labeled_controls::labelControlIsReadOutByItsText()
 {
     const LabelControl control("State", "green", "");
 
-    QCOMPARE(accessibleName(control.m_control), u"green"_s);
+    QCOMPARE(accessible_name(control.m_control), u"green"_s);
 }
 
 void tst_labeled_controls::lineEditControlStartsWithItsText()

@@ -49,23 +49,23 @@ private slots:
 
 namespace {
 
-QPoint placeIn(const QWidget &window, const QWidget *widget)
+QPoint place_in(const QWidget &window, const QWidget *widget)
 {
     return widget->mapTo(&window, QPoint(0, 0));
 }
 
-QStringList textsOf(const SliderLabels &labels)
+QStringList texts_of(const SliderLabels &labels)
 {
     return {labels.m_min->text(), labels.m_value->text(), labels.m_max->text()};
 }
 
-QStringList textsOf(const SliderIntAsFixedControl &control)
+QStringList texts_of(const SliderIntAsFixedControl &control)
 {
     const auto *const labels = control.findChild<SliderIntAsFixedLabels *>(u"labels"_s);
     return {labels->m_min->text(), labels->m_value->text(), labels->m_max->text()};
 }
 
-const QLabel *captionOf(const QWidget &control, const QString &text)
+const QLabel *caption_of(const QWidget &control, const QString &text)
 {
     const QList<QLabel *> labels = control.findChildren<QLabel *>();
     for (const QLabel *const label : labels) {
@@ -82,11 +82,11 @@ void tst_slider_controls::captionStandsLeftOfNumbersAboveTheSlider()
     IntSliderControl control(0, 10, 5, 1, "Volume", "How loud");
     control.resize(300, control.sizeHint().height());
     control.show();
-    const QLabel *const caption = captionOf(control, u"Volume"_s);
+    const QLabel *const caption = caption_of(control, u"Volume"_s);
 
-    const QPoint slider = placeIn(control, control.m_slider);
-    const QPoint numbers = placeIn(control, control.m_labels);
-    QCOMPARE(slider.x(), placeIn(control, caption).x() + caption->width() + 5);
+    const QPoint slider = place_in(control, control.m_slider);
+    const QPoint numbers = place_in(control, control.m_labels);
+    QCOMPARE(slider.x(), place_in(control, caption).x() + caption->width() + 5);
     QCOMPARE(numbers.x(), slider.x());
     QCOMPARE(slider.y(), numbers.y() + control.m_labels->height() + 5);
     QCOMPARE(control.m_labels->objectName(), u"labels"_s);
@@ -112,7 +112,7 @@ void tst_slider_controls::captionSpeaksForTheSlider()
 {
     const IntSliderControl control(0, 10, 5, 1, "Volume", "");
 
-    QCOMPARE(captionOf(control, u"Volume"_s)->buddy(), control.m_slider);
+    QCOMPARE(caption_of(control, u"Volume"_s)->buddy(), control.m_slider);
     QCOMPARE(QAccessible::queryAccessibleInterface(control.m_slider)->text(QAccessible::Name), u"Volume"_s);
 }
 
@@ -120,16 +120,16 @@ void tst_slider_controls::captionKeepsToTheTop()
 {
     const Qt::Alignment topLeft = Qt::AlignLeft | Qt::AlignTop;
 
-    QCOMPARE(captionOf(SliderControl("a", ""), u"a"_s)->alignment(), topLeft);
-    QCOMPARE(captionOf(IntSliderControl(0, 10, 5, 1, "b", ""), u"b"_s)->alignment(), topLeft);
-    QCOMPARE(captionOf(DoubleSliderControl(0.1, 1.0, 0.5, 0.1, "c", ""), u"c"_s)->alignment(), topLeft);
+    QCOMPARE(caption_of(SliderControl("a", ""), u"a"_s)->alignment(), topLeft);
+    QCOMPARE(caption_of(IntSliderControl(0, 10, 5, 1, "b", ""), u"b"_s)->alignment(), topLeft);
+    QCOMPARE(caption_of(DoubleSliderControl(0.1, 1.0, 0.5, 0.1, "c", ""), u"c"_s)->alignment(), topLeft);
 }
 
 void tst_slider_controls::captionOfTheFixedSliderKeepsToTheBottom()
 {
     const SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast");
 
-    QCOMPARE(captionOf(control, u"Set Contrast"_s)->alignment(), Qt::AlignLeft | Qt::AlignBottom);
+    QCOMPARE(caption_of(control, u"Set Contrast"_s)->alignment(), Qt::AlignLeft | Qt::AlignBottom);
 }
 
 void tst_slider_controls::sliderControlLeavesTheRangeToItsUser()
@@ -140,7 +140,7 @@ void tst_slider_controls::sliderControlLeavesTheRangeToItsUser()
     QCOMPARE(control.m_slider->objectName(), u"slider"_s);
     QCOMPARE(control.m_slider->toolTip(), u"How loud"_s);
     QCOMPARE(control.m_slider->maximum(), QSlider().maximum());
-    QCOMPARE(textsOf(*control.m_labels), QStringList({QString(), QString(), QString()}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({QString(), QString(), QString()}));
 }
 
 void tst_slider_controls::intSliderShowsItsRangeAndValue()
@@ -153,7 +153,7 @@ void tst_slider_controls::intSliderShowsItsRangeAndValue()
     QCOMPARE(control.m_slider->maximum(), 20);
     QCOMPARE(control.m_slider->value(), 3);
     QCOMPARE(control.m_slider->pageStep(), 4);
-    QCOMPARE(textsOf(*control.m_labels), QStringList({u"-5"_s, u"3"_s, u"20"_s}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"3"_s, u"20"_s}));
 }
 
 void tst_slider_controls::intSliderShowsEachNewValue()
@@ -163,7 +163,7 @@ void tst_slider_controls::intSliderShowsEachNewValue()
 
     QTest::keyClick(control.m_slider, Qt::Key_PageUp);
 
-    QCOMPARE(textsOf(*control.m_labels), QStringList({u"-5"_s, u"7"_s, u"20"_s}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"7"_s, u"20"_s}));
 }
 
 void tst_slider_controls::fixedSliderShowsPlainWholeNumbers()
@@ -176,7 +176,7 @@ void tst_slider_controls::fixedSliderShowsPlainWholeNumbers()
     QCOMPARE(control.m_slider->maximum(), 100);
     QCOMPARE(control.m_slider->pageStep(), 1);
     QCOMPARE(control.m_slider->value(), 25);
-    QCOMPARE(textsOf(control), QStringList({u"-100"_s, u"25"_s, u"100"_s}));
+    QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"25"_s, u"100"_s}));
 }
 
 void tst_slider_controls::fixedSliderShowsEachNewValuePlainly()
@@ -187,7 +187,7 @@ void tst_slider_controls::fixedSliderShowsEachNewValuePlainly()
     QTest::keyClick(control.m_slider, Qt::Key_End);
     QTest::keyClick(control.m_slider, Qt::Key_Left);
 
-    QCOMPARE(textsOf(control), QStringList({u"-100"_s, u"99"_s, u"100"_s}));
+    QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"99"_s, u"100"_s}));
 }
 
 void tst_slider_controls::fixedLabelShowsTenthsWhenAskedItself()
@@ -211,7 +211,7 @@ void tst_slider_controls::doubleSliderCountsSteps()
     QCOMPARE(control.m_slider->pageStep(), 1);
     QCOMPARE(control.m_step, 0.1);
     QCOMPARE(control.m_min, 0.1);
-    QCOMPARE(textsOf(*control.m_labels), QStringList({u"0.1"_s, u"1"_s, u"3"_s}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"1"_s, u"3"_s}));
 }
 
 void tst_slider_controls::doubleSliderThatWouldBeginAtZeroBeginsAtOneStep()
@@ -222,7 +222,7 @@ void tst_slider_controls::doubleSliderThatWouldBeginAtZeroBeginsAtOneStep()
     QTest::keyClick(control.m_slider, Qt::Key_Home);
 
     QCOMPARE(control.m_slider->value(), 1);
-    QCOMPARE(textsOf(*control.m_labels), QStringList({u"0.1"_s, u"0.1"_s, u"1"_s}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"0.1"_s, u"1"_s}));
 }
 
 void tst_slider_controls::doubleSliderMayBeginBelowZero()
@@ -230,7 +230,7 @@ void tst_slider_controls::doubleSliderMayBeginBelowZero()
     const DoubleSliderControl control(-1.0, 1.0, 0.0, 0.25, "Shift", "");
 
     QCOMPARE(control.m_slider->minimum(), -4);
-    QCOMPARE(textsOf(*control.m_labels), QStringList({u"-1"_s, u"0"_s, u"1"_s}));
+    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-1"_s, u"0"_s, u"1"_s}));
 }
 
 void tst_slider_controls::doubleSliderRoundsToWholeSteps()

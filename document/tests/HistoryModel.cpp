@@ -8,14 +8,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString fileOf(int number)
+QString file_of(int number)
 {
     return QString::asprintf("%08X.bmp", static_cast<unsigned>(number));
 }
 
-QString fileLine(const QString &step, const HistoryModel::Record &record)
+QString file_line(const QString &step, const HistoryModel::Record &record)
 {
-    return u"UndoHistoryItem::%1 n=%2, z=%3, w=%4, h=%5"_s.arg(step, fileOf(record.number))
+    return u"UndoHistoryItem::%1 n=%2, z=%3, w=%4, h=%5"_s.arg(step, file_of(record.number))
         .arg(record.zoom)
         .arg(record.size.width())
         .arg(record.size.height());
@@ -59,11 +59,11 @@ bool HistoryModel::insert(const Record &page, Disk disk)
     record.number = ++counter;
     if (disk == Disk::RefusesToWrite) {
         abandoned.append(record.number);
-        log("UndoHistoryItem::save - error saving image "_L1 + fileOf(record.number) + u'!');
+        log("UndoHistoryItem::save - error saving image "_L1 + file_of(record.number) + u'!');
         log(u"UndoHistory::insert - error saving file"_s);
         return false;
     }
-    log(fileLine(u"save"_s, record));
+    log(file_line(u"save"_s, record));
     chain.append(record);
     current = static_cast<int>(chain.size()) - 1;
     state = 0;
@@ -133,19 +133,19 @@ void HistoryModel::dropLast()
     const Record record = chain.takeLast();
     log(u"~UndoHistoryItem"_s);
     if (!record.isThere)
-        log("~UndoHistoryItem - error removing image "_L1 + fileOf(record.number) + u'!');
+        log("~UndoHistoryItem - error removing image "_L1 + file_of(record.number) + u'!');
 }
 
 std::optional<HistoryModel::Record> HistoryModel::read(int place, const QString &step)
 {
     if (place < 0 || !chain[place].isReadable) {
         if (place >= 0)
-            log("UndoHistoryItem::load - error loading image "_L1 + fileOf(chain[place].number) + u'!');
+            log("UndoHistoryItem::load - error loading image "_L1 + file_of(chain[place].number) + u'!');
         log(u"UndoHistory::%1 - error loading image!"_s.arg(step));
         return std::nullopt;
     }
     current = place;
-    log(fileLine(u"load"_s, chain[place]));
+    log(file_line(u"load"_s, chain[place]));
     log(u"UndoHistory::%1 exit: chain items = %2"_s.arg(step).arg(chain.size()));
     return chain[place];
 }

@@ -5,7 +5,7 @@
 
 QImage page_of(QRgb color)
 {
-    return solidPage({3, 2}, color);
+    return solid_page({3, 2}, color);
 }
 
 std::unique_ptr<ImageDocument> document_of(const QList<QRgb> &colors)

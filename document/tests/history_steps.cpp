@@ -8,7 +8,7 @@ namespace {
 
 using Step = bool (UndoHistory::*)(QImage *, QSize *, double *, uint, QString *);
 
-QColor colorAfter(Step step, UndoHistory &history, uint steps)
+QColor color_after(Step step, UndoHistory &history, uint steps)
 {
     StepOutputs out;
     const bool done = (history.*step)(&out.image, &out.size, &out.zoom, steps, &out.name);
@@ -17,40 +17,40 @@ QColor colorAfter(Step step, UndoHistory &history, uint steps)
 
 } // namespace
 
-QImage pageOf(const QColor &color)
+QImage page_of(const QColor &color)
 {
-    return solidPage(PageSize, color.rgb());
+    return solid_page(PageSize, color.rgb());
 }
 
-bool insertPage(UndoHistory &history, const QColor &color)
+bool insert_page(UndoHistory &history, const QColor &color)
 {
-    return history.insert(pageOf(color), PageSize, 1.0, u"operation"_s);
+    return history.insert(page_of(color), PageSize, 1.0, u"operation"_s);
 }
 
-void insertPages(UndoHistory &history, const QList<QColor> &colors)
+void insert_pages(UndoHistory &history, const QList<QColor> &colors)
 {
     for (const QColor &color : colors) {
-        if (!insertPage(history, color))
+        if (!insert_page(history, color))
             qFatal("insertPages - a page was refused");
     }
 }
 
 QColor undo(UndoHistory &history, uint steps)
 {
-    return colorAfter(&UndoHistory::undo, history, steps);
+    return color_after(&UndoHistory::undo, history, steps);
 }
 
 QColor redo(UndoHistory &history, uint steps)
 {
-    return colorAfter(&UndoHistory::redo, history, steps);
+    return color_after(&UndoHistory::redo, history, steps);
 }
 
 QColor rollback(UndoHistory &history, uint steps)
 {
-    return colorAfter(&UndoHistory::rollback, history, steps);
+    return color_after(&UndoHistory::rollback, history, steps);
 }
 
-QStringList numbersIn(const TemporaryHome &home)
+QStringList numbers_in(const TemporaryHome &home)
 {
     QStringList numbers;
     for (const QString &name : home.filesIn(u"tmp"_s))
@@ -58,7 +58,7 @@ QStringList numbersIn(const TemporaryHome &home)
     return numbers;
 }
 
-QString snapshotPath(const TemporaryHome &home, const QString &number)
+QString snapshot_path(const TemporaryHome &home, const QString &number)
 {
     for (const QString &name : home.filesIn(u"tmp"_s)) {
         if (name.endsWith(number + ".bmp"_L1))

@@ -16,9 +16,9 @@
 inline constexpr uint AllSteps = std::numeric_limits<uint>::max();
 inline constexpr QSize PageSize(4, 3);
 
-[[nodiscard]] QImage pageOf(const QColor &color);
-[[nodiscard]] bool insertPage(UndoHistory &history, const QColor &color);
-void insertPages(UndoHistory &history, const QList<QColor> &colors);
+[[nodiscard]] QImage page_of(const QColor &color);
+[[nodiscard]] bool insert_page(UndoHistory &history, const QColor &color);
+void insert_pages(UndoHistory &history, const QList<QColor> &colors);
 
 /// What a step gives back.
 struct StepOutputs
@@ -38,7 +38,7 @@ struct StepOutputs
 [[nodiscard]] QColor rollback(UndoHistory &history, uint steps = 0);
 
 /// The numbers of the snapshots, as their names hold them, sorted.
-[[nodiscard]] QStringList numbersIn(const TemporaryHome &home);
+[[nodiscard]] QStringList numbers_in(const TemporaryHome &home);
 
 /// Path of the snapshot with this number; empty if there is none.
-[[nodiscard]] QString snapshotPath(const TemporaryHome &home, const QString &number);
+[[nodiscard]] QString snapshot_path(const TemporaryHome &home, const QString &number);

@@ -69,7 +69,7 @@ QByteArray small_gif()
 namespace {
 
 /// The check sum that closes each PNG chunk, bit by bit as its standard tells.
-quint32 chunkChecksum(const QByteArray &bytes)
+quint32 chunk_checksum(const QByteArray &bytes)
 {
     quint32 sum = 0xffffffffU;
     for (const char byte : bytes) {
@@ -91,13 +91,13 @@ QByteArray big32(qint64 value)
 
 QByteArray png_chunk(const QByteArray &type, const QByteArray &content)
 {
-    return big32(content.size()) + type + content + big32(chunkChecksum(type + content));
+    return big32(content.size()) + type + content + big32(chunk_checksum(type + content));
 }
 
 namespace {
 
-QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const QByteArray &rows,
-                 const QByteArray &further = {})
+QByteArray png_of(qint64 width, qint64 height, char bits, char colorType, const QByteArray &rows,
+                  const QByteArray &further = {})
 {
     const QByteArray format{QByteArray(1, bits) + QByteArray(1, colorType) + QByteArray(3, '\0')};
     return "\x89PNG\r\n\x1a\n" + png_chunk("IHDR", big32(width) + big32(height) + format) + further
@@ -109,12 +109,12 @@ QByteArray pngOf(qint64 width, qint64 height, char bits, char colorType, const Q
 QByteArray png_file(qint64 width, char bits, char colorType, const QByteArray &row, const QByteArray &chunk,
                     const QByteArray &content)
 {
-    return pngOf(width, 1, bits, colorType, row, chunk.isEmpty() ? QByteArray() : png_chunk(chunk, content));
+    return png_of(width, 1, bits, colorType, row, chunk.isEmpty() ? QByteArray() : png_chunk(chunk, content));
 }
 
 QByteArray png_promising(qint64 width, qint64 height)
 {
-    return pngOf(width, height, 8, PngColor, QByteArray(1000, '\0'));
+    return png_of(width, height, 8, PngColor, QByteArray(1000, '\0'));
 }
 
 qint64 peak_memory_bytes()

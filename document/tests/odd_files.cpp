@@ -14,7 +14,7 @@ constexpr QRgb red = 0xffff0000;
 constexpr QRgb blue = 0xff0000ff;
 
 /// A part of a WebP file.
-QByteArray riffChunk(const QByteArray &name, const QByteArray &content)
+QByteArray riff_chunk(const QByteArray &name, const QByteArray &content)
 {
     return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
 }
@@ -25,18 +25,18 @@ QByteArray little24(int value)
 }
 
 /// What libtiff makes of a page.
-QByteArray tiffOf(const TiffPage &page)
+QByteArray tiff_of(const TiffPage &page)
 {
     const QTemporaryDir directory;
     write_tiff(directory.filePath(u"file"_s), {page});
     return file_bytes(directory.filePath(u"file"_s));
 }
 
-QList<OddFile> oddBmpFiles()
+QList<OddFile> odd_bmp_files()
 {
     const QByteArray skipping("\1\1\0\2\2\0\1\2\0\0\0\1", 12);
-    const QByteArray large = encoded(patternedPage({400, 300}), "bmp");
-    const QByteArray indexed = encoded(patternedPage({400, 300}, 8), "bmp");
+    const QByteArray large = encoded(patterned_page({400, 300}), "bmp");
+    const QByteArray indexed = encoded(patterned_page({400, 300}, 8), "bmp");
     return {
         {"run lengths with skipped pixels", run_length_bmp(8, {red, blue}, skipping), {}},
         {"run lengths of nibbles with skipped pixels", run_length_bmp(4, {red, blue}, skipping), {}},
@@ -57,7 +57,7 @@ QList<OddFile> oddBmpFiles()
 }
 
 /// A grey page whose coded tile or row holds more than it should: one long run.
-QByteArray overfullTiff(bool tiled)
+QByteArray overfull_tiff(bool tiled)
 {
     constexpr int width = 2048;
     constexpr int side = 64;
@@ -91,7 +91,7 @@ QByteArray overfullTiff(bool tiled)
     return file_bytes(path);
 }
 
-QList<OddFile> oddTiffFiles()
+QList<OddFile> odd_tiff_files()
 {
     const TiffPage wide{.width = 40, .height = 30, .samples = 3, .bits = 16, .photometric = PHOTOMETRIC_RGB};
     TiffPage planes = wide;
@@ -100,12 +100,12 @@ QList<OddFile> oddTiffFiles()
     TiffPage pair = planes;
     pair.samples = 2;
     pair.rows.chop(pair.rows.size() / 3);
-    QList<OddFile> files{{"overfull tile", overfullTiff(true), {}},
-                         {"overfull row", overfullTiff(false), {}},
-                         {"overfull row, all pages", overfullTiff(false), u"TIFF"_s}};
+    QList<OddFile> files{{"overfull tile", overfull_tiff(true), {}},
+                         {"overfull row", overfull_tiff(false), {}},
+                         {"overfull row, all pages", overfull_tiff(false), u"TIFF"_s}};
     for (const QString &word : {QString(), u"TIFF"_s}) {
-        files.append({"wide samples in planes by " + word.toLatin1(), tiffOf(planes), word});
-        files.append({"two wide samples in planes by " + word.toLatin1(), tiffOf(pair), word});
+        files.append({"wide samples in planes by " + word.toLatin1(), tiff_of(planes), word});
+        files.append({"two wide samples in planes by " + word.toLatin1(), tiff_of(pair), word});
     }
     return files;
 }
@@ -132,11 +132,11 @@ QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlp
 {
     const QByteArray still = encoded(picture, "webp", 100);
     const QByteArray canvas = little24(7) + little24(5);
-    const QByteArray head = riffChunk("VP8X", little32(tellsAlpha ? 0x12 : 0x02) + canvas);
+    const QByteArray head = riff_chunk("VP8X", little32(tellsAlpha ? 0x12 : 0x02) + canvas);
     const QByteArray place = little24(left / 2) + little24(top / 2) + little24(picture.width() - 1)
         + little24(picture.height() - 1) + little32(100);
-    const QByteArray frame = riffChunk("ANMF", place + still.sliced(12));
-    return riffChunk("RIFF", "WEBP" + head + riffChunk("ANIM", QByteArray(6, '\0')) + frame);
+    const QByteArray frame = riff_chunk("ANMF", place + still.sliced(12));
+    return riff_chunk("RIFF", "WEBP" + head + riff_chunk("ANIM", QByteArray(6, '\0')) + frame);
 }
 
 QByteArray icns_file(const QByteArray &codes)
@@ -161,10 +161,10 @@ QList<OddFile> odd_files()
                {"tga with a name", tga_file({.pixels = QByteArray(6, 'x'), .name = "scan"}), u"tga"_s},
                {"tga of 16 bits", tga_file({.bits = 16, .pixels = words}), u"tga"_s},
                {"tga without pixels", tga_file({.width = 40, .height = 30}), u"tga"_s},
-               {"small picture on a canvas", animated_webp(solidPage({4, 3}, red), 2, 2, false), {}},
+               {"small picture on a canvas", animated_webp(solid_page({4, 3}, red), 2, 2, false), {}},
                {"icon without its last codes", icns_file(QByteArray("\xfd\x11", 2).repeated(20)), {}},
                {"gif without its end", small_gif().chopped(2), {}},
-               {"jpeg without its end", encoded(patternedPage({40, 30}), "jpg").chopped(2), {}},
+               {"jpeg without its end", encoded(patterned_page({40, 30}), "jpg").chopped(2), {}},
            }
-    + oddBmpFiles() + oddTiffFiles();
+    + odd_bmp_files() + odd_tiff_files();
 }

@@ -1,13 +1,13 @@
 #include "random_pages.h"
 
-const QList<QImage::Format> &pageFormats()
+const QList<QImage::Format> &page_formats()
 {
     static const QList<QImage::Format> formats{QImage::Format_Mono, QImage::Format_MonoLSB, QImage::Format_Indexed8,
                                                QImage::Format_RGB32, QImage::Format_ARGB32};
     return formats;
 }
 
-const char *formatName(QImage::Format format)
+const char *format_name(QImage::Format format)
 {
     switch (format) {
     case QImage::Format_Mono:
@@ -23,7 +23,7 @@ const char *formatName(QImage::Format format)
     }
 }
 
-QImage randomPage(QRandomGenerator &random, QSize size, QImage::Format format)
+QImage random_page(QRandomGenerator &random, QSize size, QImage::Format format)
 {
     QImage page(size, format);
     page.fill(0U);
@@ -46,7 +46,7 @@ QImage randomPage(QRandomGenerator &random, QSize size, QImage::Format format)
     return page;
 }
 
-QList<QSize> smallSizes()
+QList<QSize> small_sizes()
 {
     QList<QSize> sizes;
     for (int side = 1; side <= 64; ++side)
@@ -54,7 +54,7 @@ QList<QSize> smallSizes()
     return sizes;
 }
 
-QRgb valueAt(const QImage &page, int x, int y)
+QRgb value_at(const QImage &page, int x, int y)
 {
     if (page.depth() <= 8)
         return static_cast<QRgb>(page.pixelIndex(x, y));

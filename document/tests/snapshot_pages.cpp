@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QRandomGenerator>
 
-QImage randomPage(QSize size, QImage::Format format, int colorCount, QRandomGenerator &random)
+QImage random_page(QSize size, QImage::Format format, int colorCount, QRandomGenerator &random)
 {
     QImage page(size, format);
     for (int y = 0; y < page.height(); ++y) {
@@ -34,14 +34,14 @@ void put_file(const QString &path, const QByteArray &bytes)
     write_file(path, bytes);
 }
 
-QImage toolkitPage(const QByteArray &bytes)
+QImage toolkit_page(const QByteArray &bytes)
 {
     QImage image;
     return image.loadFromData(bytes, "BMP") ? to_page_image(image) : QImage();
 }
 
-bool isSamePage(const QImage &actual, const QImage &expected)
+bool is_same_page(const QImage &actual, const QImage &expected)
 {
-    return comparePictures(actual, expected) && actual.dotsPerMeterX() == expected.dotsPerMeterX()
+    return compare_pictures(actual, expected) && actual.dotsPerMeterX() == expected.dotsPerMeterX()
         && actual.dotsPerMeterY() == expected.dotsPerMeterY();
 }

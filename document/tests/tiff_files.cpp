@@ -8,7 +8,7 @@
 
 namespace {
 
-void setTags(TIFF *tif, const TiffPage &page)
+void set_tags(TIFF *tif, const TiffPage &page)
 {
     const std::array<std::pair<quint32, int>, 8> numbers{{
         {TIFFTAG_COMPRESSION, page.compression},
@@ -40,7 +40,7 @@ void setTags(TIFF *tif, const TiffPage &page)
         TIFFSetField(tif, TIFFTAG_COLORMAP, page.reds.constData(), page.greens.constData(), page.blues.constData());
 }
 
-void writeRows(TIFF *tif, const TiffPage &page)
+void write_rows(TIFF *tif, const TiffPage &page)
 {
     QByteArray rows = page.rows; // the library may turn the bits of what it is given
     const int planes = page.planarConfig == PLANARCONFIG_SEPARATE ? page.samples : 1;
@@ -62,8 +62,8 @@ void write_tiff(const QString &path, const QList<TiffPage> &pages, const char *m
     if (tif == nullptr)
         qFatal("write_tiff - cannot open the file");
     for (const TiffPage &page : pages) {
-        setTags(tif, page);
-        writeRows(tif, page);
+        set_tags(tif, page);
+        write_rows(tif, page);
         if (TIFFWriteDirectory(tif) != 1)
             qFatal("write_tiff - cannot write a directory");
     }

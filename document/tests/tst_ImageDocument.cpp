@@ -201,13 +201,13 @@ void tst_ImageDocument::changesOfPagesModify()
 void tst_ImageDocument::cropCutsARectangle()
 {
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(patternedPage({20, 10})));
+    QVERIFY(document.addPage(patterned_page({20, 10})));
 
     QVERIFY(document.crop(1, {3, 4, 5, 2}));
 
     QCOMPARE(document.page(1).size(), QSize(5, 2));
-    QCOMPARE(document.page(1).pixel(0, 0), positionColor({3, 4}));
-    QCOMPARE(document.page(1).pixel(4, 1), positionColor({7, 5}));
+    QCOMPARE(document.page(1).pixel(0, 0), position_color({3, 4}));
+    QCOMPARE(document.page(1).pixel(4, 1), position_color({7, 5}));
 }
 
 void tst_ImageDocument::cropFillsWhatLiesOutside()
@@ -226,11 +226,11 @@ void tst_ImageDocument::cropFillsWhatLiesOutside()
 void tst_ImageDocument::cropToTheNullRectangleKeepsAll()
 {
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(patternedPage({20, 10})));
+    QVERIFY(document.addPage(patterned_page({20, 10})));
 
     QVERIFY(document.crop(1, QRect()));
 
-    QVERIFY(comparePictures(document.page(1), patternedPage({20, 10})));
+    QVERIFY(compare_pictures(document.page(1), patterned_page({20, 10})));
 }
 
 void tst_ImageDocument::cropToNothingIsRefused_data()
@@ -247,19 +247,19 @@ void tst_ImageDocument::cropToNothingIsRefused()
 {
     QFETCH(const QRect, rubber);
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(patternedPage({20, 10})));
+    QVERIFY(document.addPage(patterned_page({20, 10})));
     document.setModified(false);
 
     QVERIFY(!document.crop(1, rubber));
 
-    QVERIFY(comparePictures(document.page(1), patternedPage({20, 10})));
+    QVERIFY(compare_pictures(document.page(1), patterned_page({20, 10})));
     QVERIFY(!document.isModified());
 }
 
 void tst_ImageDocument::cropKeepsFormatAndColours()
 {
     for (const int depth : {1, 8}) {
-        const QImage page = patternedPage({40, 10}, depth);
+        const QImage page = patterned_page({40, 10}, depth);
         ImageDocument document({}, {});
         QVERIFY(document.addPage(page));
 

@@ -113,7 +113,7 @@ void tst_ImageDocument_kept::fileOfManyPagesIsCounted()
 
 void tst_ImageDocument_kept::wordThatOpensEveryPageKeepsNone()
 {
-    QVERIFY(save_as_tiff(path(u"a.tif"_s), {patternedPage({30, 20}), patternedPage({20, 30})}));
+    QVERIFY(save_as_tiff(path(u"a.tif"_s), {patterned_page({30, 20}), patterned_page({20, 30})}));
 
     ImageDocument document(path(u"a.tif"_s), u"TIFF"_s);
 
@@ -150,7 +150,7 @@ void tst_ImageDocument_kept::savedFirstPageLeavesAllOthersAsTheyWere()
     if (before.size() > 2)
         QCOMPARE(after.at(0), before.at(0)); // byte order and kind
     const ImageDocument reloaded(file, {});
-    QVERIFY(comparePictures(reloaded.page(1), page));
+    QVERIFY(compare_pictures(reloaded.page(1), page));
     QCOMPARE(reloaded.pictureCount(), static_cast<uint>(before.size() - 1));
 }
 
@@ -264,15 +264,15 @@ void tst_ImageDocument_kept::severalOwnPagesGoThroughTheCodecUnderAnyTiffWord()
 {
     QFETCH(const QString, word);
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(patternedPage({30, 20})));
-    QVERIFY(document.addPage(patternedPage({20, 30}, 8)));
+    QVERIFY(document.addPage(patterned_page({30, 20})));
+    QVERIFY(document.addPage(patterned_page({20, 30}, 8)));
 
     QVERIFY(document.save(path(u"a.tif"_s), word));
 
     QCOMPARE(document.imgFormat(), u"TIFF"_s);
     const ImageDocument reloaded(path(u"a.tif"_s), u"TIFF"_s);
     QCOMPARE(reloaded.pageCount(), 2U);
-    QVERIFY(comparePictures(reloaded.page(1), patternedPage({30, 20}).convertToFormat(QImage::Format_RGB32)));
+    QVERIFY(compare_pictures(reloaded.page(1), patterned_page({30, 20}).convertToFormat(QImage::Format_RGB32)));
 }
 
 void tst_ImageDocument_kept::keptPagesOfSeveralDocumentsStandBehindTheirOwn()
@@ -296,8 +296,8 @@ void tst_ImageDocument_kept::keptPagesOfSeveralDocumentsStandBehindTheirOwn()
     QCOMPARE(pages.mid(2, 2), told_pages(path(u"1.tif"_s)).mid(2));
     QCOMPARE(pages.mid(6, 4), told_pages(path(u"3.tif"_s)).mid(2));
     const ImageDocument reloaded(path(u"all.tif"_s), {});
-    QVERIFY(comparePictures(reloaded.page(1).convertToFormat(QImage::Format_RGB32),
-                            first.page(1).convertToFormat(QImage::Format_RGB32)));
+    QVERIFY(compare_pictures(reloaded.page(1).convertToFormat(QImage::Format_RGB32),
+                             first.page(1).convertToFormat(QImage::Format_RGB32)));
 }
 
 void tst_ImageDocument_kept::linkIsFollowedAndModeStays()

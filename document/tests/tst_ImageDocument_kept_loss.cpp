@@ -181,7 +181,7 @@ void tst_ImageDocument_kept_loss::directoryThatComesBackToItselfEndsTheChain()
 void tst_ImageDocument_kept_loss::halfReadTiffLosesPicturesInItsOwnFileOnly()
 {
     // The codec of "TIFF" needs the resolution's unit, which the second page lacks.
-    const TiffPage good = grey_tiff_page(patternedPage({30, 20}, 8));
+    const TiffPage good = grey_tiff_page(patterned_page({30, 20}, 8));
     TiffPage bad = good;
     bad.withoutTag = TIFFTAG_RESOLUTIONUNIT;
     write_tiff(path(u"a.tif"_s), {good, bad, good});
@@ -212,15 +212,15 @@ void tst_ImageDocument_kept_loss::severalPicturesOfOtherFormatsAreCounted_data()
     QTest::addColumn<uint>("pictures");
 
     QByteArray icon = "\0\0\1\0\2\0"_ba; // two entries of 16 bytes each, of one picture, whose bytes follow
-    const QByteArray png = encoded(patternedPage({16, 16}), "png");
+    const QByteArray png = encoded(patterned_page({16, 16}), "png");
     for (int i = 0; i < 2; ++i)
         icon += "\x10\x10\0\0\1\0\x20\0"_ba + little32(png.size()) + little32(6 + 2 * 16);
     QTest::newRow("icon of two sizes") << icon + png << 2U;
     QTest::newRow("animated GIF") << animated_gif() << 2U;
     QTest::newRow("GIF") << small_gif() << 1U;
     QTest::newRow("PNG") << png << 1U;
-    QTest::newRow("JPEG") << encoded(patternedPage({16, 16}), "jpg") << 1U;
-    QTest::newRow("BMP") << encoded(patternedPage({16, 16}), "bmp") << 1U;
+    QTest::newRow("JPEG") << encoded(patterned_page({16, 16}), "jpg") << 1U;
+    QTest::newRow("BMP") << encoded(patterned_page({16, 16}), "bmp") << 1U;
 }
 
 void tst_ImageDocument_kept_loss::severalPicturesOfOtherFormatsAreCounted()

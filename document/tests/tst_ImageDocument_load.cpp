@@ -95,7 +95,7 @@ void tst_ImageDocument_load::missingFileLoadsNothingAndKeepsTheName()
 
 void tst_ImageDocument_load::loadedDocumentIsNamedAndNotModified()
 {
-    write_file(path(u"a.png"_s), encoded(patternedPage({7, 5}), "png"));
+    write_file(path(u"a.png"_s), encoded(patterned_page({7, 5}), "png"));
 
     const ImageDocument document(path(u"a.png"_s), {});
 
@@ -105,7 +105,7 @@ void tst_ImageDocument_load::loadedDocumentIsNamedAndNotModified()
     QVERIFY(document.hasFile());
     QCOMPARE(document.fileName(), u"a.png"_s);
     QCOMPARE(document.filePath(), path(u"a.png"_s));
-    QVERIFY(comparePictures(document.page(1), patternedPage({7, 5})));
+    QVERIFY(compare_pictures(document.page(1), patterned_page({7, 5})));
 }
 
 void tst_ImageDocument_load::loadAppendsToEarlierPages()
@@ -246,7 +246,7 @@ void tst_ImageDocument_load::resolutionOfNothingBecomesTheDefault_data()
         page.dotsPerInch = dots;
         write_tiff(file, {page});
         QTest::addRow("tiff, %g", dots) << file_bytes(file);
-        page = grey_tiff_page(patternedPage({3, 3}, 8));
+        page = grey_tiff_page(patterned_page({3, 3}, 8));
         page.dotsPerInch = dots;
         write_tiff(file, {page});
         QTest::addRow("grey tiff, %g", dots) << file_bytes(file);
@@ -333,7 +333,7 @@ void tst_ImageDocument_load::memoryOfAClosedPageServesTheNextFile()
 {
     QFETCH(const QString, name);
     QFETCH(const QString, format);
-    const QImage page = patternedPage(QSize(700, 500)).convertToFormat(QImage::Format_RGB32);
+    const QImage page = patterned_page(QSize(700, 500)).convertToFormat(QImage::Format_RGB32);
     QVERIFY(page.save(path(name)));
 
     QImage first;

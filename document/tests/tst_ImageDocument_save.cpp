@@ -108,7 +108,7 @@ void tst_ImageDocument_save::savedPageIsReadBack()
     QFETCH(const QString, word);
     QFETCH(const int, depth);
     QFETCH(const QString, name);
-    const QImage page = patternedPage({33, 9}, depth);
+    const QImage page = patterned_page({33, 9}, depth);
     ImageDocument document({}, {});
     QVERIFY(document.addPage(page));
 
@@ -116,7 +116,7 @@ void tst_ImageDocument_save::savedPageIsReadBack()
 
     const ImageDocument reloaded(path(name), {});
     QCOMPARE(reloaded.pageCount(), 1U);
-    QVERIFY(comparePictures(reloaded.page(1), page));
+    QVERIFY(compare_pictures(reloaded.page(1), page));
 }
 
 void tst_ImageDocument_save::saveWithoutPathOrFormatFailsInSilence()
@@ -224,7 +224,7 @@ void tst_ImageDocument_save::pageThatItsWriterRefusesLeavesTheFileAlone()
 {
     constexpr int LargestWebpSide = 16383;
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(solidPage({LargestWebpSide + 1, 1}, red)));
+    QVERIFY(document.addPage(solid_page({LargestWebpSide + 1, 1}, red)));
     write_file(path(u"a.webp"_s), "earlier");
 
     QVERIFY(!document.save(path(u"a.webp"_s), u"webp"_s));
@@ -236,7 +236,7 @@ void tst_ImageDocument_save::pageThatItsWriterRefusesLeavesTheFileAlone()
 
 void tst_ImageDocument_save::pagesOfMoreThan4GiBLeaveTheTiffFileAlone()
 {
-    const QImage page = solidPage({4000, 4000}, red); // 48 million bytes in the file, once in memory
+    const QImage page = solid_page({4000, 4000}, red); // 48 million bytes in the file, once in memory
     ImageDocument document({}, {});
     for (int i = 0; i < 90; ++i)
         QVERIFY(document.addPage(page));
@@ -252,7 +252,7 @@ void tst_ImageDocument_save::pagesOfMoreThan4GiBLeaveTheTiffFileAlone()
 void tst_ImageDocument_save::pageOfAnOddDepthLeavesTheTiffFileAlone()
 {
     ImageDocument document({}, {});
-    QVERIFY(document.addPage(solidPage({4, 4}, red).convertToFormat(QImage::Format_RGB16)));
+    QVERIFY(document.addPage(solid_page({4, 4}, red).convertToFormat(QImage::Format_RGB16)));
     write_file(path(u"a.tif"_s), "earlier");
 
     QVERIFY(!document.save(path(u"a.tif"_s), u"TIFF"_s));

@@ -23,22 +23,22 @@ namespace {
 constexpr int LongestNameBytes = 255;
 
 /// A name of so many bytes that ends in ".png".
-QString nameOfBytes(int count)
+QString name_of_bytes(int count)
 {
     return QString(count - 4, u'n') + u".png"_s;
 }
 
-std::unique_ptr<ImageDocument> modifiedDocument()
+std::unique_ptr<ImageDocument> modified_document()
 {
     auto document = std::make_unique<ImageDocument>(QString(), QString());
-    if (!document->addPage(patternedPage({20, 10})))
+    if (!document->addPage(patterned_page({20, 10})))
         qFatal("the document refused the page");
     return document;
 }
 
 /// Saves as a user who may do no more than others, in a process of that user's own.
 /// @return what save() left in lastError; nothing if it answered true
-QString errorForAnotherUser(const QString &path, const QString &word)
+QString error_for_another_user(const QString &path, const QString &word)
 {
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0)
@@ -47,7 +47,7 @@ QString errorForAnotherUser(const QString &path, const QString &word)
     if (child == 0) {
         if (!give_up_privileges())
             ::_exit(2);
-        const auto document = modifiedDocument();
+        const auto document = modified_document();
         if (!document->save(path, word)) {
             const QByteArray text = document->lastError.toUtf8();
             [[maybe_unused]] const ssize_t written =
@@ -83,7 +83,7 @@ private slots:
     {
         QTest::addColumn<QString>("name");
 
-        QTest::newRow("the longest") << nameOfBytes(LongestNameBytes);
+        QTest::newRow("the longest") << name_of_bytes(LongestNameBytes);
         QTest::newRow("the longest in letters of two bytes") << QString(125, u'ü') + u"n.png"_s;
         QTest::newRow("place holder") << u"%1 of %2 %n.png"_s;
         QTest::newRow("ampersands") << u"A & B && C.png"_s;
@@ -100,7 +100,7 @@ private slots:
     {
         QFETCH(const QString, name);
         for (const QString &word : {u"PNG"_s, u"TIFF"_s}) {
-            const auto document = modifiedDocument();
+            const auto document = modified_document();
 
             QVERIFY2(document->save(path(name), word), qPrintable(document->lastError));
 
@@ -108,12 +108,12 @@ private slots:
             QCOMPARE(document->fileName(), name);
             QVERIFY(!document->isModified());
             const ImageDocument reloaded(path(name), word);
-            QVERIFY(comparePictures(reloaded.page(1), document->page(1)));
+            QVERIFY(compare_pictures(reloaded.page(1), document->page(1)));
         }
     }
 
     void aNameThatIsTooLongIsRefused_data() { addWords(u"File name too long"_s); }
-    void aNameThatIsTooLongIsRefused() { verifyRefused(path(nameOfBytes(LongestNameBytes + 1))); }
+    void aNameThatIsTooLongIsRefused() { verifyRefused(path(name_of_bytes(LongestNameBytes + 1))); }
 
     void aDirectoryIsNoFile_data() { addWords(u"Is a directory"_s); }
     void aDirectoryIsNoFile() { verifyRefused(directory->path()); }
@@ -146,7 +146,7 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QVERIFY(QFile::setPermissions(path(u"a"_s), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
 
-        QTEST(errorForAnotherUser(path(u"a"_s), word), "error");
+        QTEST(error_for_another_user(path(u"a"_s), word), "error");
 
         QCOMPARE(file_bytes(path(u"a"_s)), "earlier");
     }
@@ -158,7 +158,7 @@ private slots:
         const QFile::Permissions reading(0x5555);
         QVERIFY(QFile::setPermissions(directory->path(), reading));
 
-        QTEST(errorForAnotherUser(path(u"a"_s), word), "error");
+        QTEST(error_for_another_user(path(u"a"_s), word), "error");
 
         QVERIFY(!QFile::exists(path(u"a"_s)));
         QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x7755)));
@@ -181,7 +181,7 @@ private:
     static void verifyRefused(const QString &path)
     {
         QFETCH(const QString, word);
-        const auto document = modifiedDocument();
+        const auto document = modified_document();
 
         QVERIFY(!document->save(path, word));
 

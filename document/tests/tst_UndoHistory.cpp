@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Bytes that the process has asked for and not given back.
-qint64 heapBytesInUse()
+qint64 heap_bytes_in_use()
 {
 #if defined(__SANITIZE_ADDRESS__)
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
@@ -78,14 +78,14 @@ void tst_UndoHistory::firstInsertWritesFileNumberOne()
     UndoHistory history;
     const DiagnosticLines diagnostics;
 
-    QVERIFY(history.insert(pageOf(Qt::red), QSize(40, 30), 0.5, u"operation"_s));
+    QVERIFY(history.insert(page_of(Qt::red), QSize(40, 30), 0.5, u"operation"_s));
 
     QCOMPARE(history.state(), UndoHistory::Edited);
     QVERIFY(history.canUndo());
     QVERIFY(!history.canRedo());
-    QCOMPARE(numbersIn(home), QStringList{u"00000001"_s});
-    const QString path = snapshotPath(home, u"00000001"_s);
-    QVERIFY(comparePictures(QImage(path), pageOf(Qt::red)));
+    QCOMPARE(numbers_in(home), QStringList{u"00000001"_s});
+    const QString path = snapshot_path(home, u"00000001"_s);
+    QVERIFY(compare_pictures(QImage(path), page_of(Qt::red)));
     QCOMPARE(diagnostics.lines(),
              (QStringList{u"UndoHistory::freeRedo - no redo items"_s, u"UndoHistory::insert"_s, u"UndoHistoryItem"_s,
                           "UndoHistoryItem::save n="_L1 + path + ", z=0.5, w=40, h=30"_L1,
@@ -99,7 +99,7 @@ void tst_UndoHistory::fileNamesBeginWithTheSecondOfTheConstruction()
     UndoHistory history;
     const qint64 after = QDateTime::currentSecsSinceEpoch();
 
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
 
     const QString name = home.filesIn(u"tmp"_s).value(0);
     const qint64 second = name.chopped(12).toLongLong();
@@ -111,13 +111,13 @@ void tst_UndoHistory::numbersCountOnInHexadecimalAndAreNotUsedAgain()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, QList<QColor>(10, Qt::red));
-    QCOMPARE(numbersIn(home).constLast(), u"0000000A"_s);
+    insert_pages(history, QList<QColor>(10, Qt::red));
+    QCOMPARE(numbers_in(home).constLast(), u"0000000A"_s);
 
     QCOMPARE(rollback(history), QColor(Qt::red)); // all files are gone
-    insertPages(history, {Qt::green, Qt::blue}); // and the first insert writes none
+    insert_pages(history, {Qt::green, Qt::blue}); // and the first insert writes none
 
-    QCOMPARE(numbersIn(home), QStringList{u"0000000B"_s});
+    QCOMPARE(numbers_in(home), QStringList{u"0000000B"_s});
 }
 
 void tst_UndoHistory::insertWithoutANameIsRefused()
@@ -126,7 +126,7 @@ void tst_UndoHistory::insertWithoutANameIsRefused()
     UndoHistory history;
     const DiagnosticLines diagnostics;
 
-    QVERIFY(!history.insert(pageOf(Qt::red), PageSize, 1.0, QString()));
+    QVERIFY(!history.insert(page_of(Qt::red), PageSize, 1.0, QString()));
 
     QCOMPARE(history.state(), UndoHistory::Empty);
     QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
@@ -150,15 +150,15 @@ void tst_UndoHistory::snapshotsAreKeptOnDiskAndNotInMemory()
 {
     const TemporaryHome home;
     UndoHistory history;
-    const QImage page = patternedPage({400, 300});
+    const QImage page = patterned_page({400, 300});
     QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
-    const qint64 before = heapBytesInUse();
+    const qint64 before = heap_bytes_in_use();
     QVERIFY(before > page.sizeInBytes()); // the count sees pages
 
     for (int i = 0; i < 100; ++i)
         QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
 
-    QVERIFY(heapBytesInUse() - before < qint64{1024} * 1024);
+    QVERIFY(heap_bytes_in_use() - before < qint64{1024} * 1024);
 }
 
 void tst_UndoHistory::destructionDeletesAllFiles()
@@ -166,7 +166,7 @@ void tst_UndoHistory::destructionDeletesAllFiles()
     const TemporaryHome home;
     {
         UndoHistory history;
-        insertPages(history, {Qt::red, Qt::green});
+        insert_pages(history, {Qt::red, Qt::green});
         QCOMPARE(home.filesIn(u"tmp"_s).size(), 2);
     }
 
@@ -177,14 +177,14 @@ void tst_UndoHistory::insertAfterUndoDropsWhatLayAheadAndWritesNoFile()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history, 1), QColor(Qt::green));
     const DiagnosticLines diagnostics;
 
-    QVERIFY(insertPage(history, Qt::green));
+    QVERIFY(insert_page(history, Qt::green));
 
     QCOMPARE(history.state(), UndoHistory::Edited);
-    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+    QCOMPARE(numbers_in(home), (QStringList{u"00000001"_s, u"00000002"_s}));
     QCOMPARE(diagnostics.lines(),
              (QStringList{u"~UndoHistoryItem"_s, u"UndoHistory::freeRedo exit: chain items = 2"_s}));
     QCOMPARE(undo(history), QColor(Qt::green));
@@ -194,21 +194,21 @@ void tst_UndoHistory::insertAfterRedoDropsWhatLayAheadAndWritesNoFile()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history, 2), QColor(Qt::red));
     QCOMPARE(redo(history), QColor(Qt::green));
 
-    QVERIFY(insertPage(history, Qt::green));
+    QVERIFY(insert_page(history, Qt::green));
 
     QCOMPARE(history.state(), UndoHistory::Edited);
-    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+    QCOMPARE(numbers_in(home), (QStringList{u"00000001"_s, u"00000002"_s}));
 }
 
 void tst_UndoHistory::insertAfterUndoNeedsNoNameAndNoRoom()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     QCOMPARE(undo(history, 1), QColor(Qt::red));
     QVERIFY(QDir(home.filePath(u"tmp"_s)).removeRecursively());
 
@@ -222,10 +222,10 @@ void tst_UndoHistory::insertAfterUndoOfNoStepsDeletesTheWholeChain()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history), QColor(Qt::blue)); // which is the last item, so nothing lies ahead
 
-    QVERIFY(insertPage(history, Qt::blue));
+    QVERIFY(insert_page(history, Qt::blue));
 
     QCOMPARE(history.state(), UndoHistory::Edited);
     QVERIFY(!history.canUndo());
@@ -236,8 +236,8 @@ void tst_UndoHistory::rollbackAfterAnEditDeletesTheWholeChain()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
-    const QString path = snapshotPath(home, u"00000003"_s);
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
+    const QString path = snapshot_path(home, u"00000003"_s);
     const DiagnosticLines diagnostics;
 
     QCOMPARE(rollback(history), QColor(Qt::blue));
@@ -257,38 +257,38 @@ void tst_UndoHistory::insertAfterARollbackWritesNothingAndTheNextOneDoes()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     QCOMPARE(rollback(history), QColor(Qt::green));
 
-    QVERIFY(insertPage(history, Qt::green));
+    QVERIFY(insert_page(history, Qt::green));
     QCOMPARE(history.state(), UndoHistory::Edited);
     QVERIFY(!history.canUndo());
     QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
 
-    QVERIFY(insertPage(history, Qt::blue));
+    QVERIFY(insert_page(history, Qt::blue));
     QVERIFY(history.canUndo());
-    QCOMPARE(numbersIn(home), QStringList{u"00000003"_s});
+    QCOMPARE(numbers_in(home), QStringList{u"00000003"_s});
 }
 
 void tst_UndoHistory::rollbackByStepsKeepsWhatLiesBefore()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
 
     QCOMPARE(rollback(history, 1), QColor(Qt::green));
 
     QCOMPARE(history.state(), UndoHistory::Undone);
     QVERIFY(history.canUndo());
-    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s}));
+    QCOMPARE(numbers_in(home), (QStringList{u"00000001"_s, u"00000002"_s}));
 }
 
 void tst_UndoHistory::failedRollbackKeepsTheChain()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
-    QVERIFY(QFile::remove(snapshotPath(home, u"00000002"_s)));
+    insert_pages(history, {Qt::red, Qt::green});
+    QVERIFY(QFile::remove(snapshot_path(home, u"00000002"_s)));
     const DiagnosticLines diagnostics;
 
     QCOMPARE(rollback(history), QColor());
@@ -302,7 +302,7 @@ void tst_UndoHistory::freeRedoWithoutItemsAheadOnlyLogs()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     const DiagnosticLines diagnostics;
 
     history.freeRedo();

@@ -57,10 +57,10 @@ void tst_UndoHistoryItem::saveAndLoadCarryPageSizeAndZoom()
     double zoom = 0.0;
     const DiagnosticLines diagnostics;
 
-    QVERIFY(item.save(patternedPage({9, 5}, 8), QSize(18, 10), 0.125));
+    QVERIFY(item.save(patterned_page({9, 5}, 8), QSize(18, 10), 0.125));
     QVERIFY(item.load(&image, &size, &zoom));
 
-    QVERIFY(comparePictures(image, patternedPage({9, 5}, 8)));
+    QVERIFY(compare_pictures(image, patterned_page({9, 5}, 8)));
     QCOMPARE(size, QSize(18, 10));
     QCOMPARE(zoom, 0.125);
     QCOMPARE(diagnostics.lines(),
@@ -99,7 +99,7 @@ void tst_UndoHistoryItem::pageComesBackInItsFormat()
 
 void tst_UndoHistoryItem::sizeIsUnknownUntilSaved()
 {
-    QVERIFY(patternedPage({9, 5}).save(path(), "BMP"));
+    QVERIFY(patterned_page({9, 5}).save(path(), "BMP"));
     const UndoHistoryItem item(u"turn"_s, base());
     QImage image;
     QSize size;
@@ -117,7 +117,7 @@ void tst_UndoHistoryItem::fullDiskIsAFailedSave()
     const FileSizeLimit limit(10);
 
     // So small that it would wait in a buffer.
-    QVERIFY(!item.save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+    QVERIFY(!item.save(patterned_page({2, 2}), QSize(2, 2), 1.0));
 
     QCOMPARE(diagnostics.lines(), QStringList{"UndoHistoryItem::save - error saving image "_L1 + path() + u'!'});
 }
@@ -129,7 +129,7 @@ void tst_UndoHistoryItem::fileOfAnotherIsNeitherWrittenNorRemoved()
         UndoHistoryItem item(u"turn"_s, base());
         QVERIFY(!item.isNameTaken());
 
-        QVERIFY(!item.save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+        QVERIFY(!item.save(patterned_page({2, 2}), QSize(2, 2), 1.0));
 
         QVERIFY(item.isNameTaken());
     }
@@ -141,14 +141,14 @@ void tst_UndoHistoryItem::fileOfAnotherIsNeitherWrittenNorRemoved()
 void tst_UndoHistoryItem::missingFileIsAFailedLoad()
 {
     UndoHistoryItem item(u"turn"_s, base());
-    QImage image = patternedPage({2, 2});
+    QImage image = patterned_page({2, 2});
     QSize size(5, 6);
     double zoom = 7.0;
     const DiagnosticLines diagnostics;
 
     QVERIFY(!item.load(&image, &size, &zoom));
 
-    QVERIFY(comparePictures(image, patternedPage({2, 2})));
+    QVERIFY(compare_pictures(image, patterned_page({2, 2})));
     QCOMPARE(size, QSize(5, 6));
     QCOMPARE(zoom, 7.0);
     QCOMPARE(diagnostics.lines(), QStringList{"UndoHistoryItem::load - error loading image "_L1 + path() + u'!'});
@@ -158,7 +158,7 @@ void tst_UndoHistoryItem::missingFileIsAFailedLoad()
 void tst_UndoHistoryItem::missingOutputsAreRefused()
 {
     UndoHistoryItem item(u"turn"_s, base());
-    QVERIFY(item.save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+    QVERIFY(item.save(patterned_page({2, 2}), QSize(2, 2), 1.0));
     QImage image;
     QSize size;
     double zoom = 0.0;
@@ -175,7 +175,7 @@ void tst_UndoHistoryItem::missingOutputsAreRefused()
 void tst_UndoHistoryItem::destructionDeletesTheFile()
 {
     auto item = std::make_unique<UndoHistoryItem>(u"turn"_s, base());
-    QVERIFY(item->save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+    QVERIFY(item->save(patterned_page({2, 2}), QSize(2, 2), 1.0));
     QVERIFY(QFile::exists(path()));
     const DiagnosticLines diagnostics;
 
@@ -199,7 +199,7 @@ void tst_UndoHistoryItem::destructionTellsOfAFileThatIsNotThere()
 void tst_UndoHistoryItem::abandonedFileStaysWithoutAWord()
 {
     auto item = std::make_unique<UndoHistoryItem>(u"turn"_s, base());
-    QVERIFY(item->save(patternedPage({2, 2}), QSize(2, 2), 1.0));
+    QVERIFY(item->save(patterned_page({2, 2}), QSize(2, 2), 1.0));
     const DiagnosticLines diagnostics;
 
     item->abandon();

@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A page whose colours tell its number, each with a larger file than the one before.
-QImage numberedPage(int number)
+QImage numbered_page(int number)
 {
-    return solidPage({100, 100 + 100 * number}, qRgb(number, 0, 0));
+    return solid_page({100, 100 + 100 * number}, qRgb(number, 0, 0));
 }
 
 } // namespace
@@ -59,7 +59,7 @@ void tst_UndoHistory_full_disk::chainOutlivesTheDiskThatGotFull()
     QStringList lines;
     for (bool done = true; done; count += done ? 1 : 0) {
         const DiagnosticLines diagnostics;
-        const QImage page = numberedPage(count + 1);
+        const QImage page = numbered_page(count + 1);
         done = history.insert(page, page.size(), 1.0, u"operation"_s);
         lines = diagnostics.lines();
     }
@@ -70,10 +70,10 @@ void tst_UndoHistory_full_disk::chainOutlivesTheDiskThatGotFull()
     QCOMPARE(undo(history), QColor(count, 0, 0));
     QCOMPARE(undo(history), QColor(count - 1, 0, 0));
     // Room is made by the item that goes, and the page is on file as it is.
-    const QImage page = numberedPage(count - 1);
+    const QImage page = numbered_page(count - 1);
     QVERIFY(history.canInsert(page));
     QVERIFY(history.insert(page, page.size(), 1.0, u"operation"_s));
-    const QImage small = numberedPage(0);
+    const QImage small = numbered_page(0);
     QVERIFY(history.insert(small, small.size(), 1.0, u"operation"_s));
     QCOMPARE(undo(history), QColor(0, 0, 0));
 }
@@ -81,7 +81,7 @@ void tst_UndoHistory_full_disk::chainOutlivesTheDiskThatGotFull()
 void tst_UndoHistory_full_disk::fileThatDoesNotFitIsAFailedSaveAndStays()
 {
     const QString base = QFile::decodeName(disk.path()) + "/page"_L1;
-    const QImage page = solidPage({1500, 1500}, qRgb(1, 2, 3)); // 7 MB
+    const QImage page = solid_page({1500, 1500}, qRgb(1, 2, 3)); // 7 MB
     UndoHistoryItem item(u"operation"_s, base);
     const DiagnosticLines diagnostics;
 

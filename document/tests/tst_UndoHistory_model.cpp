@@ -127,7 +127,7 @@ private:
             full.emplace("/proc");
         if (disk == HistoryModel::Disk::RefusesToWrite)
             limit.emplace(rlim_t{60});
-        return history.insert(solidPage({2, 2}, page.color), page.size, page.zoom, page.name);
+        return history.insert(solid_page({2, 2}, page.color), page.size, page.zoom, page.name);
     }
 
     void move(const QString &name, Step run, ModelStep runModel)
@@ -139,7 +139,7 @@ private:
         const std::optional<HistoryModel::Record> expected = (model.*runModel)(steps);
         check("result of "_L1 + name, done == expected.has_value());
         if (done && expected) {
-            check("image of "_L1 + name, pictureDifferences(out.image, solidPage({2, 2}, expected->color)).isEmpty());
+            check("image of "_L1 + name, picture_differences(out.image, solid_page({2, 2}, expected->color)).isEmpty());
             check("size of "_L1 + name, out.size == expected->size);
             check("zoom of "_L1 + name, out.zoom == expected->zoom);
             check("name of "_L1 + name, out.name == expected->name);
@@ -160,7 +160,7 @@ private:
         HistoryModel::Record &record = model.chain[random.bounded(model.chain.size())];
         if (!record.isThere)
             return;
-        QFile file(snapshotPath(home, numberText(record.number)));
+        QFile file(snapshot_path(home, numberText(record.number)));
         check(u"damage"_s, deletes ? file.remove() : file.resize(file.size() - 1));
         record.isReadable = false;
         record.isThere = !deletes;
@@ -203,7 +203,7 @@ void tst_UndoHistory_model::randomStepsGoAsInThePlainModel()
         const QString difference = pair.step();
         QVERIFY2(difference.isEmpty(), qPrintable(u"step %1: %2"_s.arg(i).arg(difference)));
         if (i % 200 == 0)
-            QCOMPARE(numbersIn(home), pair.expectedNumbers());
+            QCOMPARE(numbers_in(home), pair.expectedNumbers());
     }
 }
 

@@ -43,7 +43,7 @@ void tst_UndoHistory_privacy::directoryAndFilesAreTheUsersAloneWhateverTheMask()
     const TemporaryHome home;
     const mode_t former = ::umask(mask);
     UndoHistory history;
-    const bool isInserted = insertPage(history, Qt::red);
+    const bool isInserted = insert_page(history, Qt::red);
     ::umask(former);
     QVERIFY(isInserted);
 
@@ -52,7 +52,7 @@ void tst_UndoHistory_privacy::directoryAndFilesAreTheUsersAloneWhateverTheMask()
         return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode : mode_t{0};
     };
     QCOMPARE(modeOf(home.filePath(u"tmp"_s)), mode_t{S_IFDIR | 0700});
-    QCOMPARE(modeOf(snapshotPath(home, u"00000001"_s)), mode_t{S_IFREG | 0600});
+    QCOMPARE(modeOf(snapshot_path(home, u"00000001"_s)), mode_t{S_IFREG | 0600});
     QCOMPARE(undo(history), QColor(Qt::red));
 }
 
@@ -64,8 +64,8 @@ void tst_UndoHistory_privacy::namesThatAreTakenArePassedOver()
     QString base;
     {
         UndoHistory history;
-        insertPages(history, {Qt::red});
-        base = snapshotPath(home, u"00000001"_s);
+        insert_pages(history, {Qt::red});
+        base = snapshot_path(home, u"00000001"_s);
         const auto planted = [&base](const char *number) {
             return QFile::encodeName(QString(base).replace("00000001"_L1, QLatin1StringView(number)));
         };
@@ -74,15 +74,15 @@ void tst_UndoHistory_privacy::namesThatAreTakenArePassedOver()
         QVERIFY(QDir().mkdir(QFile::decodeName(planted("00000004"))));
         write_file(QFile::decodeName(planted("00000005")), "of another history");
 
-        QVERIFY(insertPage(history, Qt::green));
+        QVERIFY(insert_page(history, Qt::green));
 
-        QVERIFY(!snapshotPath(home, u"00000006"_s).isEmpty());
+        QVERIFY(!snapshot_path(home, u"00000006"_s).isEmpty());
         QCOMPARE(undo(history), QColor(Qt::green));
         QCOMPARE(undo(history), QColor(Qt::red));
     }
 
     QCOMPARE(file_bytes(precious), "precious");
-    QCOMPARE(numbersIn(home), (QStringList{u"00000002"_s, u"00000003"_s, u"00000005"_s})); // the directory is no file
+    QCOMPARE(numbers_in(home), (QStringList{u"00000002"_s, u"00000003"_s, u"00000005"_s})); // the directory is no file
     QCOMPARE(file_bytes(base.replace("00000001"_L1, "00000005"_L1)), "of another history");
 }
 
@@ -98,8 +98,8 @@ void tst_UndoHistory_privacy::historiesOfOneSecondKeepApart()
         second = std::make_unique<UndoHistory>();
     } while (std::time(nullptr) != before);
 
-    insertPages(*first, {Qt::red, Qt::green});
-    insertPages(*second, {Qt::blue, Qt::yellow});
+    insert_pages(*first, {Qt::red, Qt::green});
+    insert_pages(*second, {Qt::blue, Qt::yellow});
 
     QCOMPARE(undo(*first, 1), QColor(Qt::red));
     first.reset();
@@ -111,8 +111,8 @@ void tst_UndoHistory_privacy::snapshotThatSomethingElseTookThePlaceOfIsAFailedSt
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
-    const QByteArray path = QFile::encodeName(snapshotPath(home, u"00000002"_s));
+    insert_pages(history, {Qt::red, Qt::green});
+    const QByteArray path = QFile::encodeName(snapshot_path(home, u"00000002"_s));
     const QByteArray aside = path + ".aside";
     QCOMPARE(::rename(path.constData(), aside.constData()), 0);
 

@@ -77,7 +77,7 @@ void tst_UndoHistory_room::snapshotsGoToTheHomeWhereNoDirectoryCanBeMade()
     QVERIFY(QFile(home.filePath(u"tmp"_s)).open(QIODevice::WriteOnly));
     UndoHistory history;
 
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
 
     const QStringList files = home.filesIn();
     QCOMPARE(files.size(), 2);
@@ -91,9 +91,9 @@ void tst_UndoHistory_room::directoryComesBackWhenItHasBeenRemoved()
     UndoHistory history;
     QVERIFY(QDir().rmdir(home.filePath(u"tmp"_s)));
 
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
 
-    QCOMPARE(numbersIn(home), QStringList{u"00000001"_s});
+    QCOMPARE(numbers_in(home), QStringList{u"00000001"_s});
 }
 
 void tst_UndoHistory_room::documentMakesTheDirectoryAndNoFile()
@@ -148,7 +148,7 @@ void tst_UndoHistory_room::thisDiskHasRoomForASmallPage()
     const TemporaryHome home;
     const UndoHistory history;
 
-    QVERIFY(history.canInsert(pageOf(Qt::red)));
+    QVERIFY(history.canInsert(page_of(Qt::red)));
 }
 
 void tst_UndoHistory_room::fullDiskHasRoomForNothing()
@@ -157,40 +157,40 @@ void tst_UndoHistory_room::fullDiskHasRoomForNothing()
     const OtherHome full(FullDisk);
     const UndoHistory history;
 
-    QVERIFY(!history.canInsert(pageOf(Qt::red)));
+    QVERIFY(!history.canInsert(page_of(Qt::red)));
 }
 
 void tst_UndoHistory_room::fullDiskIsNotAskedAfterAStep()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     const OtherHome full(FullDisk);
-    QVERIFY(!history.canInsert(pageOf(Qt::blue)));
+    QVERIFY(!history.canInsert(page_of(Qt::blue)));
 
     QCOMPARE(undo(history, 1), QColor(Qt::red));
-    QVERIFY(history.canInsert(pageOf(Qt::blue)));
+    QVERIFY(history.canInsert(page_of(Qt::blue)));
 
     QCOMPARE(redo(history), QColor(Qt::green));
-    QVERIFY(history.canInsert(pageOf(Qt::blue)));
+    QVERIFY(history.canInsert(page_of(Qt::blue)));
 }
 
 void tst_UndoHistory_room::insertOnAFullDiskIsRefused()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
     const OtherHome full(FullDisk);
     const DiagnosticLines diagnostics;
 
-    QVERIFY(!insertPage(history, Qt::green));
+    QVERIFY(!insert_page(history, Qt::green));
 
     QCOMPARE(history.state(), UndoHistory::Edited);
     QCOMPARE(diagnostics.lines(),
              (QStringList{u"UndoHistory::freeRedo - no redo items"_s,
                           u"safeCreateTempDir - unable to creade directory /proc/tmp!"_s,
                           u"UndoHistory::insert - image cannot be inserted!"_s}));
-    QCOMPARE(numbersIn(home), QStringList{u"00000001"_s});
+    QCOMPARE(numbers_in(home), QStringList{u"00000001"_s});
 }
 
 void tst_UndoHistory_room::missingDiskHasNoRoom()
@@ -200,7 +200,7 @@ void tst_UndoHistory_room::missingDiskHasNoRoom()
     const OtherHome missing(QFile::encodeName(home.filePath(u"no/home"_s)));
     const DiagnosticLines diagnostics;
 
-    QVERIFY(!history.canInsert(pageOf(Qt::red)));
+    QVERIFY(!history.canInsert(page_of(Qt::red)));
 
     QCOMPARE(diagnostics.lines().constLast(), u"UndoHistory::canInsert - statfs failed! No such file or directory"_s);
 }

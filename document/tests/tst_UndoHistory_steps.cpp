@@ -47,14 +47,14 @@ void tst_UndoHistory_steps::undoBringsBackPageSizeZoomAndName()
 {
     const TemporaryHome home;
     UndoHistory history;
-    QVERIFY(history.insert(patternedPage({9, 5}), QSize(72, 40), 8.0, u"turn"_s));
-    const QString path = snapshotPath(home, u"00000001"_s);
+    QVERIFY(history.insert(patterned_page({9, 5}), QSize(72, 40), 8.0, u"turn"_s));
+    const QString path = snapshot_path(home, u"00000001"_s);
     const DiagnosticLines diagnostics;
 
     StepOutputs out;
     QVERIFY(history.undo(&out.image, &out.size, &out.zoom, 0, &out.name));
 
-    QVERIFY(comparePictures(out.image, patternedPage({9, 5})));
+    QVERIFY(compare_pictures(out.image, patterned_page({9, 5})));
     QCOMPARE(out.size, QSize(72, 40));
     QCOMPARE(out.zoom, 8.0);
     QCOMPARE(out.name, u"turn"_s);
@@ -68,7 +68,7 @@ void tst_UndoHistory_steps::undoTwiceAndRedoWalkTheChain()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
 
     QCOMPARE(undo(history, 1), QColor(Qt::green));
     QCOMPARE(history.state(), UndoHistory::Undone);
@@ -88,7 +88,7 @@ void tst_UndoHistory_steps::undoAfterAnEditWithoutStepsStaysOnTheNewestItem()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
 
     QCOMPARE(undo(history), QColor(Qt::green));
     QCOMPARE(undo(history), QColor(Qt::red));
@@ -98,7 +98,7 @@ void tst_UndoHistory_steps::undoStopsAtTheFirstItem()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     const DiagnosticLines diagnostics;
 
     QCOMPARE(undo(history, 9), QColor(Qt::red));
@@ -124,7 +124,7 @@ void tst_UndoHistory_steps::undoAtTheFirstItemIsRefused()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
     QCOMPARE(undo(history), QColor(Qt::red));
 
     QCOMPARE(undo(history), QColor());
@@ -136,7 +136,7 @@ void tst_UndoHistory_steps::redoMovesOneMoreThanAsked()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue, Qt::cyan});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue, Qt::cyan});
     QCOMPARE(undo(history, 3), QColor(Qt::red));
 
     QCOMPARE(redo(history, 1), QColor(Qt::blue));
@@ -148,7 +148,7 @@ void tst_UndoHistory_steps::redoStopsAtTheLastItem()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history, 2), QColor(Qt::red));
 
     QCOMPARE(redo(history, 9), QColor(Qt::blue));
@@ -159,11 +159,11 @@ void tst_UndoHistory_steps::redoAtTheEndReadsTheLastItemOnceMore()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     QCOMPARE(undo(history, 1), QColor(Qt::red));
     QCOMPARE(redo(history), QColor(Qt::green));
     QVERIFY(!history.canRedo());
-    const QString path = snapshotPath(home, u"00000002"_s);
+    const QString path = snapshot_path(home, u"00000002"_s);
     const DiagnosticLines diagnostics;
 
     QCOMPARE(redo(history), QColor(Qt::green));
@@ -179,7 +179,7 @@ void tst_UndoHistory_steps::redoAfterAnEditReadsTheNewestItemAndIsDone()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     QVERIFY(!history.canRedo());
 
     QCOMPARE(redo(history), QColor(Qt::green));
@@ -205,7 +205,7 @@ void tst_UndoHistory_steps::redoWithTheLargestCountStaysInPlace()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history, 2), QColor(Qt::red));
 
     QCOMPARE(redo(history, AllSteps), QColor(Qt::red));
@@ -217,7 +217,7 @@ void tst_UndoHistory_steps::undoWithTheLargestCountGoesToTheFirstItem()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history), QColor(Qt::blue));
 
     QCOMPARE(undo(history, AllSteps), QColor(Qt::red));
@@ -227,7 +227,7 @@ void tst_UndoHistory_steps::afterAnUndoRedoIsOfferedEvenAtTheEnd()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
     QCOMPARE(undo(history), QColor(Qt::red));
 
     QVERIFY(history.canRedo());
@@ -241,7 +241,7 @@ void tst_UndoHistory_steps::nameOutputMayBeNull()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
+    insert_pages(history, {Qt::red, Qt::green});
     StepOutputs out;
 
     QVERIFY(history.undo(&out.image, &out.size, &out.zoom, 1, nullptr));
@@ -270,7 +270,7 @@ void tst_UndoHistory_steps::otherOutputsMustNotBeNull()
     QFETCH(const bool, hasZoom);
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red});
+    insert_pages(history, {Qt::red});
     StepOutputs out;
     QImage *const image = hasImage ? &out.image : nullptr;
     QSize *const size = hasSize ? &out.size : nullptr;
@@ -292,10 +292,10 @@ void tst_UndoHistory_steps::undoThatCannotReadStaysWhereItWas()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
-    const QString path = snapshotPath(home, u"00000001"_s);
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
+    const QString path = snapshot_path(home, u"00000001"_s);
     QVERIFY(QFile::remove(path));
-    StepOutputs out{.image = pageOf(Qt::cyan), .size = QSize(7, 7), .zoom = 3.0, .name = u"kept"_s};
+    StepOutputs out{.image = page_of(Qt::cyan), .size = QSize(7, 7), .zoom = 3.0, .name = u"kept"_s};
     const DiagnosticLines diagnostics;
 
     QVERIFY(!history.undo(&out.image, &out.size, &out.zoom, 2, &out.name));
@@ -317,9 +317,9 @@ void tst_UndoHistory_steps::redoThatCannotReadStaysWhereItWas()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green, Qt::blue});
+    insert_pages(history, {Qt::red, Qt::green, Qt::blue});
     QCOMPARE(undo(history, 2), QColor(Qt::red));
-    QVERIFY(QFile::remove(snapshotPath(home, u"00000003"_s)));
+    QVERIFY(QFile::remove(snapshot_path(home, u"00000003"_s)));
     const DiagnosticLines diagnostics;
 
     QCOMPARE(redo(history, 1), QColor());
@@ -334,8 +334,8 @@ void tst_UndoHistory_steps::cutSnapshotIsAFailedStep()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red, Qt::green});
-    QFile file(snapshotPath(home, u"00000002"_s));
+    insert_pages(history, {Qt::red, Qt::green});
+    QFile file(snapshot_path(home, u"00000002"_s));
     QVERIFY(file.resize(file.size() - 1));
 
     QCOMPARE(undo(history), QColor());
@@ -347,13 +347,13 @@ void tst_UndoHistory_steps::insertThatCannotWriteLeavesTheChainAlone()
 {
     const TemporaryHome home;
     UndoHistory history;
-    insertPages(history, {Qt::red});
-    const QString second = snapshotPath(home, u"00000001"_s).replace("00000001"_L1, "00000002"_L1);
+    insert_pages(history, {Qt::red});
+    const QString second = snapshot_path(home, u"00000001"_s).replace("00000001"_L1, "00000002"_L1);
     const DiagnosticLines diagnostics;
 
     {
         const FileSizeLimit limit(20);
-        QVERIFY(!insertPage(history, Qt::green));
+        QVERIFY(!insert_page(history, Qt::green));
     }
 
     QCOMPARE(history.state(), UndoHistory::Edited);
@@ -361,8 +361,8 @@ void tst_UndoHistory_steps::insertThatCannotWriteLeavesTheChainAlone()
              (QStringList{u"UndoHistory::freeRedo - no redo items"_s, u"UndoHistory::insert"_s, u"UndoHistoryItem"_s,
                           "UndoHistoryItem::save - error saving image "_L1 + second + u'!',
                           u"UndoHistory::insert - error saving file"_s}));
-    QVERIFY(insertPage(history, Qt::blue)); // under the next number
-    QCOMPARE(numbersIn(home), (QStringList{u"00000001"_s, u"00000002"_s, u"00000003"_s}));
+    QVERIFY(insert_page(history, Qt::blue)); // under the next number
+    QCOMPARE(numbers_in(home), (QStringList{u"00000001"_s, u"00000002"_s, u"00000003"_s}));
     QCOMPARE(undo(history, 1), QColor(Qt::red));
 }
 
@@ -370,8 +370,8 @@ void tst_UndoHistory_steps::fileThatIsGoneIsToldWhenItsItemGoes()
 {
     const TemporaryHome home;
     auto history = std::make_unique<UndoHistory>();
-    insertPages(*history, {Qt::red, Qt::green});
-    const QString path = snapshotPath(home, u"00000001"_s);
+    insert_pages(*history, {Qt::red, Qt::green});
+    const QString path = snapshot_path(home, u"00000001"_s);
     QVERIFY(QFile::remove(path));
     const DiagnosticLines diagnostics;
 

@@ -186,7 +186,7 @@ void tst_bmp_files::fileIsShownAsItIsMeant()
 
     QCOMPARE(document.imgFormat(), u"bmp"_s);
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), page));
+    QVERIFY(compare_pictures(document.page(1), page));
 }
 
 void tst_bmp_files::fileWithoutAllItsPixelsIsRefused_data()

@@ -10,25 +10,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isComplete(QByteArray bytes)
+bool is_complete(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     return buffer.open(QIODevice::ReadOnly) && is_complete_image(buffer);
 }
 
 /// The shortest file of markers that has a scan and an end; @p scan stands for its coded data.
-QByteArray jpegOf(const QByteArray &segments, const QByteArray &scan)
+QByteArray jpeg_of(const QByteArray &segments, const QByteArray &scan)
 {
     return "\xff\xd8" + segments + QByteArray("\xff\xda\x00\x03\x01", 5) + scan;
 }
 
-QByteArray os2Bmp(const QByteArray &rows)
+QByteArray os2_bmp(const QByteArray &rows)
 {
     return "BM" + little32(0) + little32(0) + little32(26) + little32(12) + little16(3) + little16(2) + little16(1)
         + little16(24) + rows;
 }
 
-QByteArray rleBmp(int presentBytes)
+QByteArray rle_bmp(int presentBytes)
 {
     const QByteArray row("\4\1\0\0", 4);
     const QByteArray file = bmp_file(4, 4, 8, {0, 1}, row + row + row + row);
@@ -36,7 +36,7 @@ QByteArray rleBmp(int presentBytes)
 }
 
 /// A TIFF header and one directory entry, the colour map, of so many values at an offset.
-QByteArray tiffWithColorMap(int values, int offset, int fileBytes)
+QByteArray tiff_with_color_map(int values, int offset, int fileBytes)
 {
     const QByteArray file = QByteArray("II*\0", 4) + little32(8) + little16(1) + little16(320) + little16(3)
         + little32(values) + little32(offset) + little32(0);
@@ -91,7 +91,7 @@ void tst_complete_file::wholeFileIsComplete()
     QFETCH(const QByteArray, format);
     QFETCH(const int, depth);
 
-    QVERIFY(isComplete(encoded(patternedPage({61, 47}, depth), format.constData())));
+    QVERIFY(is_complete(encoded(patterned_page({61, 47}, depth), format.constData())));
 }
 
 void tst_complete_file::fileThatLacksItsLastPixelsIsNotComplete_data()
@@ -115,7 +115,7 @@ void tst_complete_file::fileThatLacksItsLastPixelsIsNotComplete()
     QFETCH(const int, depth);
     QFETCH(const int, missing);
 
-    QVERIFY(!isComplete(encoded(patternedPage({61, 47}, depth), format.constData()).chopped(missing)));
+    QVERIFY(!is_complete(encoded(patterned_page({61, 47}, depth), format.constData()).chopped(missing)));
 }
 
 void tst_complete_file::jpegEndIsSoughtByMarkers_data()
@@ -125,16 +125,16 @@ void tst_complete_file::jpegEndIsSoughtByMarkers_data()
 
     const QByteArray end("\xff\xd9", 2);
     const QByteArray thumbnail = QByteArray("\xff\xe1\x00\x08", 4) + "\xff\xd8\xff\xda" + end;
-    QTest::newRow("scan and end") << jpegOf({}, "abc" + end) << true;
-    QTest::newRow("bytes behind the end") << jpegOf({}, "abc" + end + "trailer") << true;
-    QTest::newRow("no end") << jpegOf({}, "abc") << false;
-    QTest::newRow("only a thumbnail ends") << jpegOf(thumbnail, "abc") << false;
-    QTest::newRow("thumbnail and picture end") << jpegOf(thumbnail, "abc" + end) << true;
+    QTest::newRow("scan and end") << jpeg_of({}, "abc" + end) << true;
+    QTest::newRow("bytes behind the end") << jpeg_of({}, "abc" + end + "trailer") << true;
+    QTest::newRow("no end") << jpeg_of({}, "abc") << false;
+    QTest::newRow("only a thumbnail ends") << jpeg_of(thumbnail, "abc") << false;
+    QTest::newRow("thumbnail and picture end") << jpeg_of(thumbnail, "abc" + end) << true;
     QTest::newRow("stuffed bytes and restarts are data")
-        << jpegOf({}, QByteArray("\xff\x00\xd9\xff\xd0\xff\xd7", 7)) << false;
-    QTest::newRow("fill bytes before the end") << jpegOf({}, "abc\xff\xff" + end) << true;
-    QTest::newRow("two scans") << jpegOf({}, "abc" + QByteArray("\xff\xda\x00\x03\x01", 5) + "def" + end) << true;
-    QTest::newRow("cut between two scans") << jpegOf({}, "abc" + QByteArray("\xff\xda\x00", 3)) << false;
+        << jpeg_of({}, QByteArray("\xff\x00\xd9\xff\xd0\xff\xd7", 7)) << false;
+    QTest::newRow("fill bytes before the end") << jpeg_of({}, "abc\xff\xff" + end) << true;
+    QTest::newRow("two scans") << jpeg_of({}, "abc" + QByteArray("\xff\xda\x00\x03\x01", 5) + "def" + end) << true;
+    QTest::newRow("cut between two scans") << jpeg_of({}, "abc" + QByteArray("\xff\xda\x00", 3)) << false;
     QTest::newRow("end without a scan") << "\xff\xd8" + end << false;
     QTest::newRow("segment longer than the file") << QByteArray("\xff\xd8\xff\xe0\xff\xff", 6) + end << false;
     QTest::newRow("segment shorter than its length") << QByteArray("\xff\xd8\xff\xe0\x00\x01", 6) + end << false;
@@ -145,15 +145,15 @@ void tst_complete_file::jpegEndIsSoughtByMarkers()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::markerAcrossTheEdgeOfAReadBlockIsSeen()
 {
     for (int length = 65520; length < 65540; ++length) {
-        const QByteArray whole = jpegOf({}, QByteArray(length, 'x') + "\xff\xd9");
-        QVERIFY(isComplete(whole));
-        QVERIFY(!isComplete(whole.chopped(1)));
+        const QByteArray whole = jpeg_of({}, QByteArray(length, 'x') + "\xff\xd9");
+        QVERIFY(is_complete(whole));
+        QVERIFY(!is_complete(whole.chopped(1)));
     }
 }
 
@@ -171,11 +171,11 @@ void tst_complete_file::bmpIsJudgedByItsRows_data()
     QTest::newRow("rows from the top, cut") << bmp_file(3, -2, 24, {}, rows(20)) << false;
     QTest::newRow("4 bits") << bmp_file(9, 2, 4, {0, 1}, rows(13)) << true; // 5 bytes padded to 8
     QTest::newRow("4 bits, cut") << bmp_file(9, 2, 4, {0, 1}, rows(12)) << false;
-    QTest::newRow("old header") << os2Bmp(rows(24)) << true;
-    QTest::newRow("old header, cut") << os2Bmp(rows(20)) << false;
-    QTest::newRow("run lengths") << rleBmp(16) << true;
-    QTest::newRow("run lengths without the end of the last row") << rleBmp(14) << true;
-    QTest::newRow("run lengths, cut") << rleBmp(13) << false;
+    QTest::newRow("old header") << os2_bmp(rows(24)) << true;
+    QTest::newRow("old header, cut") << os2_bmp(rows(20)) << false;
+    QTest::newRow("run lengths") << rle_bmp(16) << true;
+    QTest::newRow("run lengths without the end of the last row") << rle_bmp(14) << true;
+    QTest::newRow("run lengths, cut") << rle_bmp(13) << false;
     QTest::newRow("largest sides") << bmp_file(0x7fffffff, 0x7fffffff, 32, {}, rows(24)) << false;
     QTest::newRow("most negative height") << bmp_file(1, -0x7fffffff - 1, 32, {}, rows(24)) << false;
     QTest::newRow("cut in the header") << bmp_file(3, 2, 24, {}, {}).first(40) << false;
@@ -186,7 +186,7 @@ void tst_complete_file::bmpIsJudgedByItsRows()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::gifIsJudgedByItsFirstPicture_data()
@@ -211,7 +211,7 @@ void tst_complete_file::gifIsJudgedByItsFirstPicture()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes_data()
@@ -234,7 +234,7 @@ void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes_data()
     QTest::newRow("block beyond the told end") << icns_file(codes).replace(4, 4, big32(20)) << false;
     QTest::newRow("header alone") << QByteArray("icns") + big32(8) << true;
     QTest::newRow("half a header") << QByteArray("icns\0\0", 6) << false;
-    const QByteArray whole = encoded(patternedPage({32, 32}), "icns");
+    const QByteArray whole = encoded(patterned_page({32, 32}), "icns");
     QTest::newRow("of the toolkit") << whole << true;
     QTest::newRow("of the toolkit, cut") << whole.chopped(1) << false;
 }
@@ -243,7 +243,7 @@ void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::xbmIsJudgedByItsNumbers_data()
@@ -263,7 +263,7 @@ void tst_complete_file::xbmIsJudgedByItsNumbers()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::tiffIsJudgedByItsColorMap_data()
@@ -271,10 +271,10 @@ void tst_complete_file::tiffIsJudgedByItsColorMap_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("complete");
 
-    QTest::newRow("map within the file") << tiffWithColorMap(768, 100, 1636) << true;
-    QTest::newRow("map with its last byte outside") << tiffWithColorMap(768, 100, 1635) << false;
-    QTest::newRow("map beyond the file") << tiffWithColorMap(768, 5000, 100) << false;
-    QTest::newRow("header alone is left to the decoder") << tiffWithColorMap(768, 100, 1636).first(6) << true;
+    QTest::newRow("map within the file") << tiff_with_color_map(768, 100, 1636) << true;
+    QTest::newRow("map with its last byte outside") << tiff_with_color_map(768, 100, 1635) << false;
+    QTest::newRow("map beyond the file") << tiff_with_color_map(768, 5000, 100) << false;
+    QTest::newRow("header alone is left to the decoder") << tiff_with_color_map(768, 100, 1636).first(6) << true;
     QTest::newRow("directory outside is left to the decoder") << QByteArray("MM\0*\x7f\0\0\0", 8) << true;
 }
 
@@ -282,7 +282,7 @@ void tst_complete_file::tiffIsJudgedByItsColorMap()
 {
     QFETCH(const QByteArray, bytes);
 
-    QTEST(isComplete(bytes), "complete");
+    QTEST(is_complete(bytes), "complete");
 }
 
 void tst_complete_file::unknownFileIsLeftToItsDecoder_data()
@@ -292,19 +292,19 @@ void tst_complete_file::unknownFileIsLeftToItsDecoder_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("one byte") << QByteArray("B");
     QTest::newRow("garbage") << QByteArray(5000, '\x5b');
-    QTest::newRow("png that is cut") << encoded(patternedPage({9, 9}), "png").first(30);
+    QTest::newRow("png that is cut") << encoded(patterned_page({9, 9}), "png").first(30);
 }
 
 void tst_complete_file::unknownFileIsLeftToItsDecoder()
 {
     QFETCH(const QByteArray, bytes);
 
-    QVERIFY(isComplete(bytes));
+    QVERIFY(is_complete(bytes));
 }
 
 void tst_complete_file::fileStandsAtItsStartAfterwards()
 {
-    QByteArray bytes = encoded(patternedPage({9, 9}), "jpg");
+    QByteArray bytes = encoded(patterned_page({9, 9}), "jpg");
     QBuffer buffer(&bytes);
     QVERIFY(buffer.open(QIODevice::ReadOnly));
 

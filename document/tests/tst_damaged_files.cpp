@@ -18,7 +18,7 @@ namespace {
 
 QImage noise(int depth)
 {
-    QImage image = patternedPage({64, 48}, depth);
+    QImage image = patterned_page({64, 48}, depth);
     if (depth != 32)
         return image;
     quint32 state = 1;
@@ -171,7 +171,7 @@ void tst_damaged_files::fileCutAnywhereNeitherCrashesNorLosesPixels()
         QVERIFY(QFile::resize(path(u"whole"_s), length));
         const ImageDocument document(path(u"whole"_s), {});
         if (!document.isEmpty())
-            QVERIFY2(comparePictures(document.page(1), good.page(1)), qPrintable(QString::number(length)));
+            QVERIFY2(compare_pictures(document.page(1), good.page(1)), qPrintable(QString::number(length)));
     }
 }
 
@@ -284,7 +284,7 @@ void tst_damaged_files::pageIsHeldOnceWhileItLoads()
 {
     QFETCH(const QByteArray, format);
     QFETCH(const bool, grey);
-    const QImage page = solidPage({4000, 3000}, 0xff808080, grey ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
+    const QImage page = solid_page({4000, 3000}, 0xff808080, grey ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
     write_file(path(u"page"_s), encoded(page, format.constData()));
     const qint64 fileBytes = QFile(path(u"page"_s)).size();
     restart_peak_memory();

@@ -43,7 +43,7 @@ QList<QImage> pages_of(const QString &path, const QString &word, uchar dirt)
 }
 
 /// The bytes of a tiled page of one grey sample by deflate.
-QByteArray tiledTiff(const QString &path)
+QByteArray tiled_tiff(const QString &path)
 {
     constexpr int side = 64;
     constexpr int tileSide = 32;
@@ -100,7 +100,7 @@ void tst_dirty_memory::compareLoads(const QByteArray &bytes, const QString &word
     const QList<QImage> others = pages_of(path, word, 0xcc);
     QCOMPARE(others.size(), pages.size());
     for (qsizetype i = 0; i < pages.size(); ++i) {
-        QVERIFY(comparePictures(others.at(i), pages.at(i)));
+        QVERIFY(compare_pictures(others.at(i), pages.at(i)));
         QCOMPARE(others.at(i).dotsPerMeterX(), pages.at(i).dotsPerMeterX());
         QCOMPARE(others.at(i).dotsPerMeterY(), pages.at(i).dotsPerMeterY());
     }
@@ -115,14 +115,14 @@ void tst_dirty_memory::addWholeFiles()
          {"bmp", "cur", "icns", "ico", "jpg", "pbm", "pgm", "png", "ppm", "tif", "wbmp", "webp", "xbm", "xpm"}) {
         for (const int depth : {32, 8, 1})
             QTest::addRow("%s of depth %d", format, depth)
-                << encoded(patternedPage({32, 32}, depth), format) << QString();
+                << encoded(patterned_page({32, 32}, depth), format) << QString();
     }
     for (const OddFile &file : odd_files())
         QTest::newRow(file.name.constData()) << file.bytes << file.word;
     const QTemporaryDir maker;
-    QTest::newRow("tiled tiff") << tiledTiff(maker.filePath(u"a"_s)) << QString();
+    QTest::newRow("tiled tiff") << tiled_tiff(maker.filePath(u"a"_s)) << QString();
     for (const int compression : {COMPRESSION_ADOBE_DEFLATE, COMPRESSION_LZW, COMPRESSION_PACKBITS}) {
-        TiffPage page = grey_tiff_page(patternedPage({61, 40}, 8));
+        TiffPage page = grey_tiff_page(patterned_page({61, 40}, 8));
         page.compression = compression;
         page.rowsPerStrip = 1;
         write_tiff(maker.filePath(u"b"_s), {page});
@@ -130,7 +130,7 @@ void tst_dirty_memory::addWholeFiles()
             QTest::addRow("grey tiff by %d and %s", compression, qPrintable(word))
                 << file_bytes(maker.filePath(u"b"_s)) << word;
     }
-    TiffPage fax = bilevel_tiff_page(patternedPage({61, 40}, 1));
+    TiffPage fax = bilevel_tiff_page(patterned_page({61, 40}, 1));
     fax.compression = COMPRESSION_CCITTFAX3;
     write_tiff(maker.filePath(u"c"_s), {fax});
     QTest::newRow("fax") << file_bytes(maker.filePath(u"c"_s)) << QString();
@@ -141,7 +141,7 @@ void tst_dirty_memory::fileGivesTheSamePagesTwice_data()
 {
     addWholeFiles();
     for (const char *format : {"bmp", "jpg", "png", "ppm", "tif", "webp"}) {
-        const QByteArray bytes = encoded(patternedPage(LargeSize), format);
+        const QByteArray bytes = encoded(patterned_page(LargeSize), format);
         for (const int percent : {100, 99, 50})
             QTest::addRow("%d %% of a large %s", percent, format)
                 << bytes.first(bytes.size() * percent / 100) << QString();

@@ -18,7 +18,7 @@ int counted(QByteArray meminfo, int mask)
     return count_free_space(stream.get(), mask);
 }
 
-QByteArray sampleMeminfo()
+QByteArray sample_meminfo()
 {
     return "MemTotal:         500000 kB\n"
            "MemFree:          100000 kB\n"
@@ -84,7 +84,7 @@ void tst_headroom::totalIsTheSumOfTheMaskedLines()
     QFETCH(const int, mask);
     QFETCH(const int, kilobytes);
 
-    QCOMPARE(counted(sampleMeminfo(), mask), kilobytes);
+    QCOMPARE(counted(sample_meminfo(), mask), kilobytes);
 }
 
 void tst_headroom::workedExampleGivesItsLimit()

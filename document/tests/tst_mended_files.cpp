@@ -107,7 +107,7 @@ void tst_mended_files::fileIsShownAsItIsMeant()
     const ImageDocument document(directory.filePath(u"file"_s), word);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), page));
+    QVERIFY(compare_pictures(document.page(1), page));
 }
 
 void tst_mended_files::usualFileIsLeftAsItIs_data()
@@ -116,7 +116,7 @@ void tst_mended_files::usualFileIsLeftAsItIs_data()
 
     for (const char *format : {"bmp", "gif", "ico", "jpg", "png", "tif", "ppm", "wbmp", "webp", "xbm", "xpm"}) {
         for (const int depth : {1, 8, 32}) {
-            const QImage page = patternedPage({13, 7}, depth);
+            const QImage page = patterned_page({13, 7}, depth);
             QTest::addRow("%s of depth %d", format, depth)
                 << (qstrcmp(format, "gif") == 0 ? small_gif() : encoded(page, format));
         }
@@ -125,7 +125,7 @@ void tst_mended_files::usualFileIsLeftAsItIs_data()
     QTest::newRow("png of 16 bits") << png_file(1, 16, PngColor, QByteArray(7, '\0'));
     QTest::newRow("png of 8 bits with a clear colour")
         << png_file(1, 8, PngColor, QByteArray(4, '\0'), "tRNS", QByteArray(6, '\0'));
-    QTest::newRow("animated webp that covers its canvas") << animated_webp(solidPage({8, 6}, red), 0, 0, false);
+    QTest::newRow("animated webp that covers its canvas") << animated_webp(solid_page({8, 6}, red), 0, 0, false);
     QTest::newRow("two bytes") << QByteArray("BM");
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("signature of a png") << QByteArray("\x89PNG\r\n\x1a\n");
@@ -172,7 +172,7 @@ void tst_mended_files::partOfACanvasThatNoPictureCoversIsClear()
 {
     QFETCH(const bool, tellsAlpha);
     QFETCH(const QPoint, place);
-    const QImage picture = solidPage({4, 3}, red);
+    const QImage picture = solid_page({4, 3}, red);
     const QTemporaryDir directory;
     write_file(directory.filePath(u"file"_s), animated_webp(picture, place.x(), place.y(), tellsAlpha));
 
@@ -185,7 +185,7 @@ void tst_mended_files::partOfACanvasThatNoPictureCoversIsClear()
         for (int x = 0; x < picture.width(); ++x)
             expected.setPixel(place + QPoint(x, y), red);
     }
-    QVERIFY(comparePictures(document.page(1), expected));
+    QVERIFY(compare_pictures(document.page(1), expected));
 }
 
 QTEST_GUILESS_MAIN(tst_mended_files)

@@ -29,7 +29,7 @@ QImage noise(QSize size, QImage::Format format)
     return std::move(image).convertToFormat(format);
 }
 
-QByteArray jpegOf(const QImage &image, bool progressive)
+QByteArray jpeg_of(const QImage &image, bool progressive)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -42,7 +42,7 @@ QByteArray jpegOf(const QImage &image, bool progressive)
 }
 
 /// Where the scans of a JPEG file begin.
-QList<qsizetype> scansOf(const QByteArray &jpeg)
+QList<qsizetype> scans_of(const QByteArray &jpeg)
 {
     QList<qsizetype> scans;
     const QByteArrayView startOfScan("\xff\xda\0", 3);
@@ -84,11 +84,11 @@ void tst_missing_ends::addFiles()
 
     const QImage color = noise({37, 27}, QImage::Format_RGB32);
     const QImage grey = noise({37, 27}, QImage::Format_Grayscale8);
-    QTest::newRow("jpeg") << jpegOf(color, false) << 2;
-    QTest::newRow("grey jpeg") << jpegOf(grey, false) << 2;
-    QTest::newRow("progressive jpeg") << jpegOf(color, true) << 2;
-    QTest::newRow("grey progressive jpeg") << jpegOf(grey, true) << 2;
-    QTest::newRow("jpeg of one colour") << jpegOf(solidPage({61, 47}, 0xffc86432), false) << 2;
+    QTest::newRow("jpeg") << jpeg_of(color, false) << 2;
+    QTest::newRow("grey jpeg") << jpeg_of(grey, false) << 2;
+    QTest::newRow("progressive jpeg") << jpeg_of(color, true) << 2;
+    QTest::newRow("grey progressive jpeg") << jpeg_of(grey, true) << 2;
+    QTest::newRow("jpeg of one colour") << jpeg_of(solid_page({61, 47}, 0xffc86432), false) << 2;
     QTest::newRow("gif") << small_gif() << 2;
 }
 
@@ -113,7 +113,7 @@ void tst_missing_ends::fileThatLacksItsEndAloneIsShown()
     QVERIFY(!whole.isNull());
 
     for (int missing = 1; missing <= endBytes; ++missing)
-        QVERIFY(comparePictures(pageOf(bytes.chopped(missing)), whole));
+        QVERIFY(compare_pictures(pageOf(bytes.chopped(missing)), whole));
 }
 
 void tst_missing_ends::fileThatEndsEarlierIsShownWholeOrNotAtAll_data()
@@ -128,7 +128,7 @@ void tst_missing_ends::fileThatEndsEarlierIsShownWholeOrNotAtAll()
 
     for (qsizetype length = bytes.size() - 3; length >= 0; length -= length > bytes.size() - 20 ? 1 : 153) {
         const QImage page = pageOf(bytes.first(length));
-        QVERIFY(page.isNull() || comparePictures(page, whole));
+        QVERIFY(page.isNull() || compare_pictures(page, whole));
     }
 }
 
@@ -147,7 +147,7 @@ void tst_missing_ends::lostEndIsNotTakenForPixels()
 {
     QFETCH(const bool, progressive);
     QFETCH(const char, filler);
-    const QByteArray bytes = jpegOf(noise({37, 27}, QImage::Format_RGB32), progressive);
+    const QByteArray bytes = jpeg_of(noise({37, 27}, QImage::Format_RGB32), progressive);
 
     for (const int lost : {3, 10, 100, 300}) {
         const QByteArray filled = bytes.chopped(lost) + QByteArray(4096, filler);
@@ -157,8 +157,8 @@ void tst_missing_ends::lostEndIsNotTakenForPixels()
 
 void tst_missing_ends::earlierScansAloneAreNotShown()
 {
-    const QByteArray bytes = jpegOf(noise({37, 27}, QImage::Format_RGB32), true);
-    const QList<qsizetype> scans = scansOf(bytes);
+    const QByteArray bytes = jpeg_of(noise({37, 27}, QImage::Format_RGB32), true);
+    const QList<qsizetype> scans = scans_of(bytes);
     QVERIFY(scans.size() > 2);
 
     // Before the tables of the scan: the one before it is whole.
@@ -191,14 +191,14 @@ void tst_missing_ends::codesOfAnotherProgramAreCounted()
     const QImage whole = pageOf(bytes);
     QCOMPARE(whole.size(), QSize(199, 151));
 
-    QVERIFY(comparePictures(pageOf(bytes.chopped(2)), whole));
+    QVERIFY(compare_pictures(pageOf(bytes.chopped(2)), whole));
     for (const int missing : {8, 40, 100}) // the last block holds the code of the end and some bits of padding
         QVERIFY(pageOf(bytes.chopped(missing)).isNull());
 }
 
 void tst_missing_ends::coefficientsThatNoMachineHoldsAreRefusedAtOnce()
 {
-    QByteArray bytes = jpegOf(noise({16, 16}, QImage::Format_RGB32), true);
+    QByteArray bytes = jpeg_of(noise({16, 16}, QImage::Format_RGB32), true);
     const qsizetype frame = bytes.indexOf(QByteArrayView("\xff\xc2", 2));
     QVERIFY(frame > 0);
     bytes.replace(frame + 5, 4, QByteArray("\xff\xdc\xff\xdc", 4)); // 65500 by 65500 pixels

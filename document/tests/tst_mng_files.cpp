@@ -21,10 +21,10 @@ QByteArray sides(QSize size)
 /// The chunks of a PNG between its signature and its end, which is a picture of an MNG file.
 QByteArray picture(QSize size)
 {
-    return encoded(solidPage(size, Blue), "png").sliced(8);
+    return encoded(solid_page(size, Blue), "png").sliced(8);
 }
 
-QByteArray mngOf(const QByteArray &chunks)
+QByteArray mng_of(const QByteArray &chunks)
 {
     return "\x8aMNG\r\n\x1a\n" + png_chunk("MHDR", sides(Canvas) + QByteArray(20, '\0')) + chunks
         + png_chunk("MEND", {});
@@ -69,8 +69,8 @@ void tst_mng_files::pictureWithinItsCanvasIsShown_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QSize>("size");
 
-    QTest::newRow("smaller") << mngOf(picture({10, 20})) << QSize(10, 20);
-    QTest::newRow("of its size") << mngOf(picture(Canvas)) << Canvas;
+    QTest::newRow("smaller") << mng_of(picture({10, 20})) << QSize(10, 20);
+    QTest::newRow("of its size") << mng_of(picture(Canvas)) << Canvas;
 }
 
 void tst_mng_files::pictureWithinItsCanvasIsShown()
@@ -92,19 +92,19 @@ void tst_mng_files::pictureThatIsTooLargeIsRefusedAtOnce_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("one column more") << mngOf(picture(Canvas + QSize(1, 0)));
-    QTest::newRow("one row more") << mngOf(picture(Canvas + QSize(0, 1)));
-    QTest::newRow("large") << mngOf(promise({20'000, 20'000}));
-    QTest::newRow("as large as can be") << mngOf(promise({0x7fffffff, 0x7fffffff}));
-    QTest::newRow("behind one that fits") << mngOf(picture(Canvas) + promise({20'000, 20'000}));
+    QTest::newRow("one column more") << mng_of(picture(Canvas + QSize(1, 0)));
+    QTest::newRow("one row more") << mng_of(picture(Canvas + QSize(0, 1)));
+    QTest::newRow("large") << mng_of(promise({20'000, 20'000}));
+    QTest::newRow("as large as can be") << mng_of(promise({0x7fffffff, 0x7fffffff}));
+    QTest::newRow("behind one that fits") << mng_of(picture(Canvas) + promise({20'000, 20'000}));
     QTest::newRow("without pixels of its own")
-        << mngOf(png_chunk("BASI", sides({20'000, 20'000}) + QByteArray("\x08\x02\0\0\0\0\0\0\0\0\0\0\0\1", 14))
-                 + png_chunk("IEND", {}));
-    QTest::newRow("made larger") << mngOf(picture(Canvas) + enlargement(20'000));
-    QTest::newRow("changed to a larger one") << mngOf(
+        << mng_of(png_chunk("BASI", sides({20'000, 20'000}) + QByteArray("\x08\x02\0\0\0\0\0\0\0\0\0\0\0\1", 14))
+                  + png_chunk("IEND", {}));
+    QTest::newRow("made larger") << mng_of(picture(Canvas) + enlargement(20'000));
+    QTest::newRow("changed to a larger one") << mng_of(
         picture(Canvas) + png_chunk("DHDR", QByteArray("\0\1\1\0", 4) + sides({20'000, 20'000}) + sides({0, 0})));
     QTest::newRow("of a canvas without pixels")
-        << mngOf(picture({10, 20})).replace(16, 8, sides({0, 0})); // its check sum is not right either
+        << mng_of(picture({10, 20})).replace(16, 8, sides({0, 0})); // its check sum is not right either
 }
 
 void tst_mng_files::pictureThatIsTooLargeIsRefusedAtOnce()

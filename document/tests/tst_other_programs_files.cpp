@@ -50,7 +50,7 @@ void tst_other_programs_files::init()
 {
     directory.emplace();
     QVERIFY(directory->isValid());
-    QVERIFY(patternedPage(PictureSize).save(path(u"picture.ppm"_s)));
+    QVERIFY(patterned_page(PictureSize).save(path(u"picture.ppm"_s)));
 }
 
 void tst_other_programs_files::imageMagickSeesWhatWeSaved_data()
@@ -73,7 +73,7 @@ void tst_other_programs_files::imageMagickSeesWhatWeSaved()
     QFETCH(const int, depth);
     QFETCH(const bool, keepsAll);
     const QString word = QString::fromLatin1(QTest::currentDataTag()).section(u':', 0, 0);
-    const QImage page = patternedPage(PictureSize, depth);
+    const QImage page = patterned_page(PictureSize, depth);
     ImageDocument document({}, {});
     QVERIFY(document.addPage(page));
     const QString file = path(u"a."_s + word);
@@ -87,9 +87,9 @@ void tst_other_programs_files::imageMagickSeesWhatWeSaved()
 
 void tst_other_programs_files::imageMagickSeesAllPagesOfOurTiff()
 {
-    const QImage bits = patternedPage(PictureSize, 1);
-    const QImage indices = patternedPage(PictureSize, 8);
-    const QImage colors = patternedPage(PictureSize, 32);
+    const QImage bits = patterned_page(PictureSize, 1);
+    const QImage indices = patterned_page(PictureSize, 8);
+    const QImage colors = patterned_page(PictureSize, 32);
     QVERIFY(save_as_tiff(path(u"a.tif"_s), {bits, indices, colors, bits}));
 
     QCOMPARE(output_of(IdentifyProgram, {u"-format"_s, u"%m %wx%h %z\n"_s, path(u"a.tif"_s)}),
@@ -103,7 +103,7 @@ void tst_other_programs_files::imageMagickSeesAllPagesOfOurTiff()
 
 void tst_other_programs_files::imageMagickSeesTheResolutionOfOurTiff()
 {
-    QImage page = patternedPage(PictureSize);
+    QImage page = patterned_page(PictureSize);
     page.setDotsPerMeterX(11811);
     page.setDotsPerMeterY(5906);
     QVERIFY(save_as_tiff(path(u"a.tif"_s), {page}));

@@ -85,7 +85,7 @@ void tst_other_programs_tiff::init()
 {
     directory.emplace();
     QVERIFY(directory->isValid());
-    QVERIFY(patternedPage(PictureSize).save(path(u"picture.ppm"_s)));
+    QVERIFY(patterned_page(PictureSize).save(path(u"picture.ppm"_s)));
 }
 
 void tst_other_programs_tiff::colourTiffIsRead_data()
@@ -112,7 +112,7 @@ void tst_other_programs_tiff::colourTiffIsRead()
     const ImageDocument document(path(u"a.tif"_s), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), patternedPage(PictureSize)));
+    QVERIFY(compare_pictures(document.page(1), patterned_page(PictureSize)));
 }
 
 void tst_other_programs_tiff::greyTiffIsReadAsItsBytes_data()
@@ -146,7 +146,7 @@ void tst_other_programs_tiff::greyTiffIsReadAsItsBytes()
     const ImageDocument document(path(u"a.tif"_s), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), indexed_page(bytes)));
+    QVERIFY(compare_pictures(document.page(1), indexed_page(bytes)));
 }
 
 void tst_other_programs_tiff::blackAndWhiteTiffIsReadAsItsBits_data()
@@ -179,7 +179,7 @@ void tst_other_programs_tiff::blackAndWhiteTiffIsReadAsItsBits()
     const ImageDocument document(path(u"a.tif"_s), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), bit_page(greys, lowIsWhite ? '\0' : '\xff')));
+    QVERIFY(compare_pictures(document.page(1), bit_page(greys, lowIsWhite ? '\0' : '\xff')));
 }
 
 void tst_other_programs_tiff::paletteTiffIsReadAsItsIndices()
@@ -194,7 +194,7 @@ void tst_other_programs_tiff::paletteTiffIsReadAsItsIndices()
     const ImageDocument document(path(u"a.tif"_s), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), indexed_page(indices)));
+    QVERIFY(compare_pictures(document.page(1), indexed_page(indices)));
     // The plug-in's word keeps the colours.
     QVERIFY(colors_of(ImageDocument(path(u"a.tif"_s), u"tiff"_s).page(1)) == colors_for_imagemagick(path(u"a.tif"_s)));
 }
@@ -229,7 +229,7 @@ void tst_other_programs_tiff::tiffWithoutAResolutionIsRefusedByTheCodecAlone()
 
     const ImageDocument byToolkit(path(u"a.tif"_s), {});
     QCOMPARE(byToolkit.pageCount(), 1U);
-    QVERIFY(comparePictures(byToolkit.page(1), patternedPage(PictureSize)));
+    QVERIFY(compare_pictures(byToolkit.page(1), patterned_page(PictureSize)));
 }
 
 void tst_other_programs_tiff::tiffThatLostATagIsRefused_data()
@@ -278,12 +278,12 @@ void tst_other_programs_tiff::filesOfTheTiffToolsAreRead()
     convertTo(path(u"a.tif"_s));
     (void)output_of(program, options + QStringList{path(u"a.tif"_s), path(u"b.tif"_s)});
     const QImage expected =
-        depth == 32 ? patternedPage(PictureSize) : indexed_page(greys_for_imagemagick(path(u"b.tif"_s)));
+        depth == 32 ? patterned_page(PictureSize) : indexed_page(greys_for_imagemagick(path(u"b.tif"_s)));
 
     const ImageDocument document(path(u"b.tif"_s), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), expected));
+    QVERIFY(compare_pictures(document.page(1), expected));
 }
 
 QTEST_GUILESS_MAIN(tst_other_programs_tiff)

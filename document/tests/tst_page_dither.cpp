@@ -30,9 +30,9 @@ private slots:
     void blackAndWhiteEqualsTheToolkitsToTheBit()
     {
         QFETCH(const ColorOf, colorOf);
-        for (const QSize size : smallSizes()) {
+        for (const QSize size : small_sizes()) {
             for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
-                const QImage page = pageOf(size, format, colorOf);
+                const QImage page = page_of(size, format, colorOf);
                 for (const QImage::Format result : {QImage::Format_Mono, QImage::Format_MonoLSB})
                     QCOMPARE(dithered_page(page, result), page.convertToFormat(result));
             }
@@ -41,14 +41,14 @@ private slots:
 
     void largePageEqualsTheToolkitsToTheBit()
     {
-        const QImage page = randomPage(random, QSize(1237, 803), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(1237, 803), QImage::Format_RGB32);
 
         QCOMPARE(dithered_page(page, QImage::Format_Mono), page.convertToFormat(QImage::Format_Mono));
     }
 
     void resolutionAndTextsStay()
     {
-        QImage page = randomPage(random, QSize(9, 9), QImage::Format_RGB32);
+        QImage page = random_page(random, QSize(9, 9), QImage::Format_RGB32);
         page.setDotsPerMeterX(11811);
         page.setDotsPerMeterY(5906);
         page.setText(QStringLiteral("Author"), QStringLiteral("somebody"));
@@ -62,7 +62,7 @@ private slots:
     }
 
 private:
-    QImage pageOf(QSize size, QImage::Format format, const ColorOf &colorOf)
+    QImage page_of(QSize size, QImage::Format format, const ColorOf &colorOf)
     {
         QImage page(size, format);
         for (int y = 0; y < size.height(); ++y) {

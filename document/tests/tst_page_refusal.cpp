@@ -15,21 +15,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Whether the toolkit gives a page back at its size.
-bool comesBackAtItsSize(QSize size, const char *word)
+bool comes_back_at_its_size(QSize size, const char *word)
 {
-    QByteArray bytes = encoded(solidPage(size, 0xff336699), word);
+    QByteArray bytes = encoded(solid_page(size, 0xff336699), word);
     QBuffer buffer(&bytes);
     return QImageReader(&buffer, word).read().size() == size;
 }
 
-bool canBeWrittenByTheToolkit(const QImage &page, const char *word)
+bool can_be_written_by_the_toolkit(const QImage &page, const char *word)
 {
     QBuffer buffer;
     return buffer.open(QIODevice::WriteOnly) && page.save(&buffer, word);
 }
 
 /// Keywords that end with their number, so that none is met twice.
-QString keywordWith(const QString &text, int number)
+QString keyword_with(const QString &text, int number)
 {
     return text + QString::number(number);
 }
@@ -57,9 +57,9 @@ private slots:
             sizes.append({side, side});
 
         for (const QSize size : std::as_const(sizes)) {
-            const QString refusal = page_refusal(solidPage(size, 0xff336699), QString::fromLatin1(word));
+            const QString refusal = page_refusal(solid_page(size, 0xff336699), QString::fromLatin1(word));
 
-            QCOMPARE(refusal.isEmpty(), comesBackAtItsSize(size, word.constData()));
+            QCOMPARE(refusal.isEmpty(), comes_back_at_its_size(size, word.constData()));
         }
     }
 
@@ -69,7 +69,7 @@ private slots:
         const QString path = directory.filePath(u"a.ico"_s);
         write_file(path, "earlier");
         ImageDocument document({}, {});
-        QVERIFY(document.addPage(patternedPage({300, 200})));
+        QVERIFY(document.addPage(patterned_page({300, 200})));
 
         QVERIFY(!document.save(path, u"ico"_s));
 
@@ -128,18 +128,18 @@ private slots:
         QFETCH(const QString, keyword);
         const QTemporaryDir directory;
         const QString path = directory.filePath(u"a.png"_s);
-        QImage page = patternedPage({9, 5}, 8);
+        QImage page = patterned_page({9, 5}, 8);
         page.setDotsPerMeterX(11811);
         page.setText(u"Title"_s, u"scan"_s);
         page.setText(keyword, u"text"_s);
-        QVERIFY(!canBeWrittenByTheToolkit(page, "PNG"));
+        QVERIFY(!can_be_written_by_the_toolkit(page, "PNG"));
         ImageDocument document({}, {});
         QVERIFY(document.addPage(page));
 
         QVERIFY2(document.save(path, u"PNG"_s), qPrintable(document.lastError));
 
         const QImage readBack(path);
-        QVERIFY(comparePictures(readBack, page));
+        QVERIFY(compare_pictures(readBack, page));
         QCOMPARE(readBack.textKeys(), QStringList{u"Title"_s});
         QCOMPARE(readBack.text(u"Title"_s), u"scan"_s);
         QCOMPARE(readBack.dotsPerMeterX(), 11811);
@@ -153,16 +153,16 @@ private slots:
             texts.append(QString(QChar(code)));
         for (int code = 0xa1; code <= 0xff; ++code)
             texts.append(QString(QChar(code)));
-        QImage page = patternedPage({9, 5});
+        QImage page = patterned_page({9, 5});
         for (int i = 0; i < texts.size(); ++i)
-            page.setText(keywordWith(texts.at(i), i), u"text"_s);
+            page.setText(keyword_with(texts.at(i), i), u"text"_s);
 
         QCOMPARE(without_bad_texts(page, u"png"_s).textKeys(), page.textKeys());
     }
 
     void otherFormatsKeepTheirTexts()
     {
-        QImage page = patternedPage({9, 5});
+        QImage page = patterned_page({9, 5});
         page.setText(u" "_s, u"text"_s);
 
         QCOMPARE(without_bad_texts(page, u"tif"_s).textKeys(), QStringList{u" "_s});

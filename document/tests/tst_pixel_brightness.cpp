@@ -9,7 +9,7 @@
 
 namespace {
 
-QRgb plainBrightness(QRgb word, int percent)
+QRgb plain_brightness(QRgb word, int percent)
 {
     const QColor color(word);
     const QColor changed = percent > 0 ? color.lighter(100 + percent) : color.darker(100 - percent);
@@ -18,7 +18,7 @@ QRgb plainBrightness(QRgb word, int percent)
 
 /// The percentages that are tried over all colours: all 200 if the environment asks for them, as
 /// scripts/test-brightness does.
-QList<int> triedPercentages()
+QList<int> tried_percentages()
 {
     if (!qEnvironmentVariableIsSet("IM_TEST_ALL_FACTORS"))
         return {-100, -73, -50, -37, -10, -1, 1, 10, 35, 50, 77, 100};
@@ -29,12 +29,12 @@ QList<int> triedPercentages()
 }
 
 /// Every 61st colour, in changing order; each one if the environment asks for it, as .ci/run does.
-quint32 colorStep()
+quint32 color_step()
 {
     return qEnvironmentVariableIsSet("IM_TEST_ALL_COLORS") ? 1 : 61;
 }
 
-QList<QRgb> randomWords(qsizetype count)
+QList<QRgb> random_words(qsizetype count)
 {
     QRandomGenerator random(6);
     QList<QRgb> words(count);
@@ -53,14 +53,14 @@ private slots:
     void allColorsEqualQColor_data()
     {
         QTest::addColumn<int>("percent");
-        for (const int percent : triedPercentages())
+        for (const int percent : tried_percentages())
             QTest::addRow("%d percent", percent) << percent;
     }
 
     void allColorsEqualQColor()
     {
         QFETCH(int, percent);
-        const quint32 step = colorStep();
+        const quint32 step = color_step();
         std::vector<QRgb> words;
         words.reserve((1U << 24) / step + 1);
         for (quint32 color = 0; color < 1U << 24; color += step)
@@ -70,8 +70,9 @@ private slots:
         brighten_many_words(words, result, percent);
 
         for (std::size_t i = 0; i < words.size(); ++i) {
-            if (result[i] != plainBrightness(words[i], percent))
-                QCOMPARE(QByteArray::number(result[i], 16), QByteArray::number(plainBrightness(words[i], percent), 16));
+            if (result[i] != plain_brightness(words[i], percent))
+                QCOMPARE(QByteArray::number(result[i], 16),
+                         QByteArray::number(plain_brightness(words[i], percent), 16));
         }
     }
 
@@ -85,11 +86,11 @@ private slots:
     void anyNumberOfWordsEqualsQColor()
     {
         QFETCH(qsizetype, count);
-        const QList<QRgb> words = randomWords(count);
+        const QList<QRgb> words = random_words(count);
         for (const int percent : {-60, 20}) {
             QList<QRgb> expected;
             for (const QRgb word : words)
-                expected.append(plainBrightness(word, percent));
+                expected.append(plain_brightness(word, percent));
             QList<QRgb> result(count);
             QList<QRgb> resultOfMany(count);
 

@@ -15,7 +15,7 @@
 namespace {
 
 /// The rule, one word after the other.
-ChannelBounds plainBounds(const QList<QRgb> &words, int shift)
+ChannelBounds plain_bounds(const QList<QRgb> &words, int shift)
 {
     ChannelBounds bounds;
     for (const QRgb word : words) {
@@ -29,7 +29,7 @@ ChannelBounds plainBounds(const QList<QRgb> &words, int shift)
 }
 
 /// The arithmetic of one channel, written out.
-QRgb plainValue(QRgb word, int shift, ChannelBounds bounds, int percent)
+QRgb plain_value(QRgb word, int shift, ChannelBounds bounds, int percent)
 {
     const int range = bounds.maximum - bounds.minimum + 1;
     const int above = static_cast<int>(word >> shift & 0xff) - bounds.minimum;
@@ -41,13 +41,13 @@ QRgb plainValue(QRgb word, int shift, ChannelBounds bounds, int percent)
     return static_cast<QRgb>(value < 0 ? 0 : value > 255 ? 255 : value) << shift;
 }
 
-QList<QRgb> plainContrast(const QList<QRgb> &words, int percent)
+QList<QRgb> plain_contrast(const QList<QRgb> &words, int percent)
 {
     QList<QRgb> result;
     for (const QRgb word : words) {
         QRgb changed = word & 0xff000000;
         for (const int shift : {16, 8, 0})
-            changed |= plainValue(word, shift, plainBounds(words, shift), percent);
+            changed |= plain_value(word, shift, plain_bounds(words, shift), percent);
         result.append(changed);
     }
     return result;
@@ -68,7 +68,7 @@ QList<QRgb> reds(std::initializer_list<QRgb> values)
     return words;
 }
 
-QList<int> redsOf(const QList<QRgb> &words)
+QList<int> reds_of(const QList<QRgb> &words)
 {
     QList<int> values;
     for (const QRgb word : words)
@@ -77,7 +77,7 @@ QList<int> redsOf(const QList<QRgb> &words)
 }
 
 /// The signal that ends a process which runs contrast over a picture; 0 if it ends by itself.
-int signalThatEndsContrastOf(const QImage &image)
+int signal_that_ends_contrast_of(const QImage &image)
 {
     const pid_t child = fork();
     if (child == 0) {
@@ -136,7 +136,7 @@ private slots:
                 word = (level + (round % 3 == 0 ? 0 : random.bounded(256 - level))) * 0x010101U;
             }
             for (const int shift : {16, 8, 0})
-                QCOMPARE(channel_bounds(words, shift), plainBounds(words, shift));
+                QCOMPARE(channel_bounds(words, shift), plain_bounds(words, shift));
         }
     }
 
@@ -149,7 +149,7 @@ private slots:
             QList<QRgb> words(40);
             for (QRgb &word : words)
                 word = random.generate();
-            QCOMPARE(contrasted(words, percent), plainContrast(words, percent));
+            QCOMPARE(contrasted(words, percent), plain_contrast(words, percent));
         }
     }
 
@@ -173,31 +173,31 @@ private slots:
             words.append(random.generate() & 0xff000000U);
             words.last() |= QRgb(floor) << 16 | QRgb(floor + random.bounded(3)) << 8 | QRgb(200 - floor / 2);
         }
-        const ChannelBounds red = plainBounds(words, 16);
-        const ChannelBounds green = plainBounds(words, 8);
-        const ChannelBounds blue = plainBounds(words, 0);
+        const ChannelBounds red = plain_bounds(words, 16);
+        const ChannelBounds green = plain_bounds(words, 8);
+        const ChannelBounds blue = plain_bounds(words, 0);
 
         const QList<QRgb> result = contrasted(words, 40);
 
         for (int i = 0; i < count; ++i) {
             const QRgb word = words.at(i);
-            const QRgb expected = (word & 0xff000000U) | plainValue(word, 16, red, 40) | plainValue(word, 8, green, 40)
-                | plainValue(word, 0, blue, 40);
+            const QRgb expected = (word & 0xff000000U) | plain_value(word, 16, red, 40)
+                | plain_value(word, 8, green, 40) | plain_value(word, 0, blue, 40);
             QVERIFY2(result.at(i) == expected, qPrintable(QString::number(i)));
         }
     }
 
     void raisingStretchesFromTheLowestValue()
     {
-        QCOMPARE(redsOf(contrasted(reds({10, 105, 200}), 100)), (QList<int>{0, 254, 255}));
+        QCOMPARE(reds_of(contrasted(reds({10, 105, 200}), 100)), (QList<int>{0, 254, 255}));
     }
 
     void loweringToTheLastEndsAt127()
     {
-        QCOMPARE(redsOf(contrasted(reds({10, 105, 200}), -100)), (QList<int>{0, 63, 127}));
+        QCOMPARE(reds_of(contrasted(reds({10, 105, 200}), -100)), (QList<int>{0, 63, 127}));
     }
 
-    void fallingRedsAllBecomeZero() { QCOMPARE(redsOf(contrasted(reds({200, 10}), 100)), (QList<int>{0, 0})); }
+    void fallingRedsAllBecomeZero() { QCOMPARE(reds_of(contrasted(reds({200, 10}), 100)), (QList<int>{0, 0})); }
 
     void alphaStays()
     {
@@ -223,7 +223,7 @@ private slots:
         QImage image(1, 1, QImage::Format_RGB32);
         image.fill(color);
 
-        QCOMPARE(signalThatEndsContrastOf(image), SIGFPE);
+        QCOMPARE(signal_that_ends_contrast_of(image), SIGFPE);
     }
 
     void aTableOfASingleOneEndsTheProcessByDivisionByZero()
@@ -232,7 +232,7 @@ private slots:
         image.setColorTable({qRgb(1, 50, 50)});
         image.fill(0);
 
-        QCOMPARE(signalThatEndsContrastOf(image), SIGFPE);
+        QCOMPARE(signal_that_ends_contrast_of(image), SIGFPE);
     }
 
     void twoPixelsOfOneDoNotEndTheProcess()
@@ -240,7 +240,7 @@ private slots:
         QImage image(2, 1, QImage::Format_RGB32);
         image.fill(qRgb(1, 1, 1));
 
-        QCOMPARE(signalThatEndsContrastOf(image), 0);
+        QCOMPARE(signal_that_ends_contrast_of(image), 0);
     }
 };
 

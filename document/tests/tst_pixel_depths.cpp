@@ -9,7 +9,7 @@
 namespace {
 
 /// Black and white pixel by pixel, as it is defined.
-QImage plainMono(const QImage &page)
+QImage plain_mono(const QImage &page)
 {
     QImage mono(page.size(), QImage::Format_Mono);
     mono.setColorTable({0xffffffff, 0xff000000});
@@ -25,7 +25,7 @@ QImage plainMono(const QImage &page)
 /// The colour at a place of a page, counted along its lines, from a random number.
 using ColorOf = QRgb (*)(int place, quint32 noise);
 
-QImage onePixel(QRgb color)
+QImage one_pixel(QRgb color)
 {
     QImage page(1, 1, QImage::Format_RGB32);
     page.fill(color);
@@ -44,32 +44,32 @@ private slots:
     void monoEqualsItsDefinition_data()
     {
         QTest::addColumn<QImage::Format>("format");
-        for (const QImage::Format format : pageFormats()) {
+        for (const QImage::Format format : page_formats()) {
             if (format != QImage::Format_Indexed8)
-                QTest::newRow(formatName(format)) << format;
+                QTest::newRow(format_name(format)) << format;
         }
     }
 
     void monoEqualsItsDefinition()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
 
             const QImage mono = toMono(page);
 
             QCOMPARE(mono.format(), QImage::Format_Mono);
-            QCOMPARE(mono, plainMono(page));
+            QCOMPARE(mono, plain_mono(page));
             QCOMPARE(mono.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000}));
         }
     }
 
-    void anAverageOf129IsWhite() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 129))).pixelIndex(0, 0), 0); }
-    void aSumOf386IsBlack() { QCOMPARE(toMono(onePixel(qRgb(129, 129, 128))).pixelIndex(0, 0), 1); }
+    void anAverageOf129IsWhite() { QCOMPARE(toMono(one_pixel(qRgb(129, 129, 129))).pixelIndex(0, 0), 0); }
+    void aSumOf386IsBlack() { QCOMPARE(toMono(one_pixel(qRgb(129, 129, 128))).pixelIndex(0, 0), 1); }
 
     void monoKeepsResolutionAndTexts()
     {
-        QImage page = onePixel(0xffffffff);
+        QImage page = one_pixel(0xffffffff);
         page.setDotsPerMeterX(11811);
         page.setDotsPerMeterY(5906);
         page.setText(QStringLiteral("Title"), QStringLiteral("scan"));
@@ -84,14 +84,14 @@ private slots:
     void theOwnDepthLeavesAPageAsItIs_data()
     {
         QTest::addColumn<QImage::Format>("format");
-        for (const QImage::Format format : pageFormats())
-            QTest::newRow(formatName(format)) << format;
+        for (const QImage::Format format : page_formats())
+            QTest::newRow(format_name(format)) << format;
     }
 
     void theOwnDepthLeavesAPageAsItIs()
     {
         QFETCH(QImage::Format, format);
-        const QImage page = randomPage(random, QSize(9, 5), format);
+        const QImage page = random_page(random, QSize(9, 5), format);
 
         const QImage result = converted_to_depth(page, page.depth());
 
@@ -104,7 +104,7 @@ private slots:
         QTest::addColumn<QImage::Format>("format");
         QTest::addColumn<QList<QRgb>>("table");
         for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
-            const char *const name = formatName(format);
+            const char *const name = format_name(format);
             QTest::addRow("%s, odd colours", name) << format << QList<QRgb>{0xff804020, 0xff0102f3};
             QTest::addRow("%s, colours with alpha", name) << format << QList<QRgb>{0x10804020, 0x000102f3};
             QTest::addRow("%s, one colour", name) << format << QList<QRgb>{0xff804020};
@@ -116,8 +116,8 @@ private slots:
     {
         QFETCH(QImage::Format, format);
         QFETCH(QList<QRgb>, table);
-        for (const QSize size : smallSizes()) {
-            QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            QImage page = random_page(random, size, format);
             page.setColorTable(table);
 
             const QImage result = converted_to_depth(page, 32);
@@ -129,7 +129,7 @@ private slots:
 
     void depth32OfAnIndexedPageShowsItsColors()
     {
-        const QImage page = randomPage(random, QSize(31, 17), QImage::Format_Indexed8);
+        const QImage page = random_page(random, QSize(31, 17), QImage::Format_Indexed8);
 
         const QImage result = converted_to_depth(page, 32);
 
@@ -152,7 +152,7 @@ private slots:
 
     void depth8OfManyColorsHas256Entries()
     {
-        const QImage page = randomPage(random, QSize(40, 40), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(40, 40), QImage::Format_RGB32);
 
         const QImage result = converted_to_depth(page, 8);
 
@@ -179,7 +179,7 @@ private slots:
     void depth8OfAColorPageEqualsTheToolkits()
     {
         QFETCH(const ColorOf, colorOf);
-        for (const QSize size : smallSizes() + QList{QSize(1000, 20), QSize(20, 1000)}) {
+        for (const QSize size : small_sizes() + QList{QSize(1000, 20), QSize(20, 1000)}) {
             QImage page(size, QImage::Format_RGB32);
             for (int y = 0; y < size.height(); ++y) {
                 auto *const words = reinterpret_cast<QRgb *>(page.scanLine(y));
@@ -199,7 +199,7 @@ private slots:
 
     void depth8OfABitPageKeepsItsTwoColors()
     {
-        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_MonoLSB);
+        const QImage page = random_page(random, QSize(20, 10), QImage::Format_MonoLSB);
 
         const QImage result = converted_to_depth(page, 8);
 
@@ -211,7 +211,7 @@ private slots:
 
     void depth1HasItsLowBitFirstAndWhiteAsColor0()
     {
-        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(20, 10), QImage::Format_RGB32);
 
         const QImage result = converted_to_depth(page, 1);
 
@@ -220,7 +220,7 @@ private slots:
         QCOMPARE(result.color(1), 0xff000000);
     }
 
-    void anUnknownDepthGivesNoPage() { QVERIFY(converted_to_depth(onePixel(0xffffffff), 16).isNull()); }
+    void anUnknownDepthGivesNoPage() { QVERIFY(converted_to_depth(one_pixel(0xffffffff), 16).isNull()); }
 
     void multipliedSize_data()
     {
@@ -269,7 +269,7 @@ private slots:
         QFETCH(QImage::Format, format);
         QFETCH(QRgb, alpha);
         QFETCH(QImage::Format, expected);
-        QImage page = randomPage(random, QSize(20, 10), format);
+        QImage page = random_page(random, QSize(20, 10), format);
         if (page.colorCount() > 0)
             page.setColor(0, (page.color(0) & 0x00ffffff) | alpha);
 
@@ -282,13 +282,13 @@ private slots:
 
     void theOwnSizeLeavesAPageAsItIs()
     {
-        const QImage page = randomPage(random, QSize(20, 10), QImage::Format_Indexed8);
+        const QImage page = random_page(random, QSize(20, 10), QImage::Format_Indexed8);
 
         QCOMPARE(smoothly_scaled(page, page.size()), page);
         QCOMPARE(smoothly_scaled(page, page.size()).format(), QImage::Format_Indexed8);
     }
 
-    void anEmptySizeGivesNoPage() { QVERIFY(smoothly_scaled(onePixel(0xffffffff), QSize(0, 5)).isNull()); }
+    void anEmptySizeGivesNoPage() { QVERIFY(smoothly_scaled(one_pixel(0xffffffff), QSize(0, 5)).isNull()); }
 };
 
 QTEST_GUILESS_MAIN(TestPixelDepths)

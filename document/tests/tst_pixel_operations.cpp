@@ -7,7 +7,7 @@
 
 namespace {
 
-QImage indexedPage(const QList<QRgb> &table)
+QImage indexed_page(const QList<QRgb> &table)
 {
     QImage image(2, 1, QImage::Format_Indexed8);
     image.setColorTable(table);
@@ -29,10 +29,10 @@ private slots:
         QTest::addColumn<ImageTransform>("transform");
         QTest::addColumn<QImage>("source");
         QTest::addColumn<QImage>("expected");
-        for (const QImage::Format format : pageFormats()) {
-            const QImage page = randomPage(random, QSize(13, 6), format);
+        for (const QImage::Format format : page_formats()) {
+            const QImage page = random_page(random, QSize(13, 6), format);
             const auto add = [&](const char *name, ImageTransform transform, const QImage &expected) {
-                QTest::addRow("%s, %s", name, formatName(format)) << transform << page << expected;
+                QTest::addRow("%s, %s", name, format_name(format)) << transform << page << expected;
             };
             QImage negative = page;
             negative.invertPixels(QImage::InvertRgb);
@@ -90,7 +90,7 @@ private slots:
     {
         DiagnosticLines lines;
         const int percent = 0;
-        const QImage page = randomPage(random, QSize(5, 4), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(5, 4), QImage::Format_RGB32);
         QImage brightened;
         QImage contrasted;
 
@@ -118,7 +118,7 @@ private slots:
         QFETCH(ImageTransform, transform);
         QFETCH(int, percent);
         QFETCH(int, end);
-        const QImage page = randomPage(random, QSize(30, 20), QImage::Format_ARGB32);
+        const QImage page = random_page(random, QSize(30, 20), QImage::Format_ARGB32);
         QImage beyond;
         QImage atEnd;
 
@@ -133,13 +133,13 @@ private slots:
     {
         QTest::addColumn<QImage::Format>("format");
         for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB, QImage::Format_Indexed8})
-            QTest::newRow(formatName(format)) << format;
+            QTest::newRow(format_name(format)) << format;
     }
 
     void indexedPicturesKeepTheirLook()
     {
         QFETCH(QImage::Format, format);
-        const QImage page = randomPage(random, QSize(9, 9), format);
+        const QImage page = random_page(random, QSize(9, 9), format);
         const int percent = 60;
         QImage brightened;
         QImage contrasted;
@@ -155,7 +155,7 @@ private slots:
 
     void aPictureWithoutColorsStaysAsItIs()
     {
-        const QImage page = indexedPage({});
+        const QImage page = indexed_page({});
         const int percent = 60;
         QImage result;
 
@@ -165,7 +165,7 @@ private slots:
 
     void paletteOfBlackAndWhiteIsExchanged()
     {
-        QImage image = indexedPage({0xff000000, 0xffffffff});
+        QImage image = indexed_page({0xff000000, 0xffffffff});
 
         patch_palette(image);
 
@@ -175,7 +175,7 @@ private slots:
 
     void paletteOfWhiteAndBlackStays()
     {
-        QImage image = indexedPage({0xffffffff, 0xff000000});
+        QImage image = indexed_page({0xffffffff, 0xff000000});
 
         patch_palette(image);
 
@@ -184,7 +184,7 @@ private slots:
 
     void firstColorsGoWhereWhiteAndBlackWere()
     {
-        QImage image = indexedPage({0xff111111, 0xff222222, 0xff000000, 0xff333333, 0xffffffff});
+        QImage image = indexed_page({0xff111111, 0xff222222, 0xff000000, 0xff333333, 0xffffffff});
 
         patch_palette(image);
 
@@ -193,7 +193,7 @@ private slots:
 
     void theLastBlackAndWhiteCount()
     {
-        QImage image = indexedPage({0xff111111, 0xff000000, 0xffffffff, 0xff000000, 0xffffffff});
+        QImage image = indexed_page({0xff111111, 0xff000000, 0xffffffff, 0xff000000, 0xffffffff});
 
         patch_palette(image);
 
@@ -203,7 +203,7 @@ private slots:
     void aPaletteWithoutWhiteStaysAndIsReported()
     {
         DiagnosticLines lines;
-        QImage image = indexedPage({0xff000000, 0xff00a0b0});
+        QImage image = indexed_page({0xff000000, 0xff00a0b0});
 
         patch_palette(image);
 
@@ -216,7 +216,7 @@ private slots:
     void entriesOfATableWithAlphaHaveEightDigits()
     {
         DiagnosticLines lines;
-        QImage image = indexedPage({0x00000012});
+        QImage image = indexed_page({0x00000012});
 
         patch_palette(image);
 

@@ -15,7 +15,7 @@ namespace {
 
 using Operation = std::function<bool(ImageDocument &)>;
 
-QImage scaledByWayOf32Bits(const QImage &page, QSize size)
+QImage scaled_by_way_of32_bits(const QImage &page, QSize size)
 {
     return toMono(
         page.convertToFormat(QImage::Format_RGB32).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -51,8 +51,8 @@ class TestPixelPages : public QObject
     static void addFormats()
     {
         QTest::addColumn<QImage::Format>("format");
-        for (const QImage::Format format : pageFormats())
-            QTest::newRow(formatName(format)) << format;
+        for (const QImage::Format format : page_formats())
+            QTest::newRow(format_name(format)) << format;
     }
 
 private slots:
@@ -60,8 +60,8 @@ private slots:
     void flipsAndHalfTurnKeepFormatAndPalette()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             const QImage down = changed(page, [](ImageDocument &d) { return d.flip_vertically(1); });
             QCOMPARE(down, page.mirrored(false, true));
             QCOMPARE(down.colorTable(), page.colorTable());
@@ -77,8 +77,8 @@ private slots:
         QFETCH(QImage::Format, format);
         const QTransform counterClockwise(0, -1, 1, 0, 0, 0);
         const QTransform clockwise(0, 1, -1, 0, 0, 0);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             QImage left = page.transformed(counterClockwise);
             QImage right = page.transformed(clockwise);
             if (page.depth() == 1) {
@@ -94,7 +94,7 @@ private slots:
 
     void aTurnedBitPageIsBlackAndWhiteWhateverItsPaletteWas()
     {
-        QImage page = randomPage(random, QSize(9, 4), QImage::Format_MonoLSB);
+        QImage page = random_page(random, QSize(9, 4), QImage::Format_MonoLSB);
         page.setColorTable({0xff202020, 0xff303030});
 
         const QImage result = changed(page, [](ImageDocument &d) { return d.rotate_90(1); });
@@ -108,7 +108,7 @@ private slots:
     void onlyQuarterTurnsExchangeTheResolutions()
     {
         QFETCH(QImage::Format, format);
-        QImage page = randomPage(random, QSize(9, 4), format);
+        QImage page = random_page(random, QSize(9, 4), format);
         page.setDotsPerMeterX(7874); // 200 dots to the inch
         page.setDotsPerMeterY(3937);
         const auto resolutionAfter = [&page](const Operation &operation) {
@@ -144,7 +144,7 @@ private slots:
 
     void color255Stays()
     {
-        const QImage page = randomPage(random, QSize(5, 4), QImage::Format_Indexed8);
+        const QImage page = random_page(random, QSize(5, 4), QImage::Format_Indexed8);
 
         QCOMPARE(changed(page, [](ImageDocument &d) { return d.rotate_270(1); }).color(255), page.color(255));
     }
@@ -153,7 +153,7 @@ private slots:
     void invertEqualsTheToolkits()
     {
         QFETCH(QImage::Format, format);
-        const QImage page = randomPage(random, QSize(21, 9), format);
+        const QImage page = random_page(random, QSize(21, 9), format);
         QImage expected = page;
         expected.invertPixels(QImage::InvertRgb);
 
@@ -163,7 +163,7 @@ private slots:
 
     void invertLeavesCopiesOfThePageAlone()
     {
-        const QImage page = randomPage(random, QSize(21, 9), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(21, 9), QImage::Format_RGB32);
         const QImage before = page.copy();
 
         (void)changed(page, [](ImageDocument &d) { return d.invert(1); });
@@ -174,7 +174,7 @@ private slots:
     void invertWorksInPlaceWhereNobodyShares()
     {
         ImageDocument document({}, {});
-        QVERIFY(document.addPage(randomPage(random, QSize(21, 9), QImage::Format_RGB32)));
+        QVERIFY(document.addPage(random_page(random, QSize(21, 9), QImage::Format_RGB32)));
         const uchar *const memory = std::as_const(document).page(1).constBits();
 
         QVERIFY(document.invert(1));
@@ -185,14 +185,14 @@ private slots:
     void brightnessEqualsQColorPixelByPixel()
     {
         for (const int percent : {-500, -100, -37, -1, 1, 37, 100, 500}) {
-            const QImage page = randomPage(random, QSize(33, 21), QImage::Format_ARGB32);
+            const QImage page = random_page(random, QSize(33, 21), QImage::Format_ARGB32);
 
             const QImage result = changed(page, [percent](ImageDocument &d) { return d.brightness(1, percent); });
 
             QCOMPARE(result.size(), page.size());
             for (int y = 0; y < page.height(); ++y) {
                 for (int x = 0; x < page.width(); ++x)
-                    QCOMPARE(valueAt(result, x, y), brightened(valueAt(page, x, y), percent));
+                    QCOMPARE(value_at(result, x, y), brightened(value_at(page, x, y), percent));
             }
         }
     }
@@ -214,7 +214,7 @@ private slots:
 
     void percentagesBeyondTheEndsActAsTheEnds()
     {
-        const QImage page = randomPage(random, QSize(12, 9), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(12, 9), QImage::Format_RGB32);
         for (const int end : {-100, 100}) {
             const QImage atEnd = changed(page, [end](ImageDocument &d) { return d.contrast(1, end); });
             QVERIFY(!atEnd.isNull());
@@ -225,7 +225,7 @@ private slots:
     void zeroPercentSucceedsAndDoesNotMarkTheDocument()
     {
         ImageDocument document({}, {});
-        QVERIFY(document.addPage(randomPage(random, QSize(5, 5), QImage::Format_RGB32)));
+        QVERIFY(document.addPage(random_page(random, QSize(5, 5), QImage::Format_RGB32)));
         document.setModified(false);
         const QSignalSpy changes(&document, &ImageDocument::modifiedStateChanged);
 
@@ -239,7 +239,7 @@ private slots:
     void brightnessAndContrastMarkIndexedPagesAndChangeNothing()
     {
         for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8}) {
-            const QImage page = randomPage(random, QSize(8, 8), format);
+            const QImage page = random_page(random, QSize(8, 8), format);
             QCOMPARE(changed(page, [](ImageDocument &d) { return d.brightness(1, 50); }), page);
             QCOMPARE(changed(page, [](ImageDocument &d) { return d.contrast(1, 50); }), page);
         }
@@ -247,7 +247,7 @@ private slots:
 
     void scaleTakesTheLastPixelsIndex()
     {
-        const QImage page = randomPage(random, QSize(100, 50), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(100, 50), QImage::Format_RGB32);
 
         const QImage result = changed(page, [](ImageDocument &d) { return d.scale(1, 2.0, 2.0); });
 
@@ -265,13 +265,13 @@ private slots:
     void scaleOfABitPageEqualsTheWayOver32Bits()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             const QSize scaled((size.width() - 1) * 3 / 2 + 1, (size.height() - 1) / 2 + 1);
 
             const QImage result = changed(page, [](ImageDocument &d) { return d.scale(1, 1.5, 0.5); });
 
-            QCOMPARE(result, scaledByWayOf32Bits(page, scaled));
+            QCOMPARE(result, scaled_by_way_of32_bits(page, scaled));
         }
     }
 
@@ -292,7 +292,7 @@ private slots:
     void scaleBeyondAllSizesFailsAndChangesNothing()
     {
         ImageDocument document({}, {});
-        const QImage page = randomPage(random, QSize(5, 5), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(5, 5), QImage::Format_RGB32);
         QVERIFY(document.addPage(page));
         document.setModified(false);
 
@@ -305,7 +305,7 @@ private slots:
     void resizeGivesTheSizeIn32Bits()
     {
         for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32}) {
-            const QImage page = randomPage(random, QSize(30, 20), format);
+            const QImage page = random_page(random, QSize(30, 20), format);
             const QImage result = changed(page, [](ImageDocument &d) { return d.resize(1, 17, 41); });
             QCOMPARE(result.size(), QSize(17, 41));
             QCOMPARE(result.format(), QImage::Format_RGB32);
@@ -315,7 +315,7 @@ private slots:
     void resizeToNothingFailsAndChangesNothing()
     {
         ImageDocument document({}, {});
-        const QImage page = randomPage(random, QSize(5, 5), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(5, 5), QImage::Format_RGB32);
         QVERIFY(document.addPage(page));
         document.setModified(false);
 
@@ -328,7 +328,7 @@ private slots:
 
     void depthOperationsGiveTheirDepth()
     {
-        const QImage page = randomPage(random, QSize(30, 20), QImage::Format_ARGB32);
+        const QImage page = random_page(random, QSize(30, 20), QImage::Format_ARGB32);
 
         QCOMPARE(changed(page, [](ImageDocument &d) { return d.depth_1_bit(1); }).format(), QImage::Format_MonoLSB);
         QCOMPARE(changed(page, [](ImageDocument &d) { return d.depth_8_bit(1); }).format(), QImage::Format_Indexed8);
@@ -338,8 +338,8 @@ private slots:
     void operationsTakeTheNamedPageOnly()
     {
         ImageDocument document({}, {});
-        const QImage first = randomPage(random, QSize(6, 3), QImage::Format_RGB32);
-        const QImage second = randomPage(random, QSize(6, 3), QImage::Format_RGB32);
+        const QImage first = random_page(random, QSize(6, 3), QImage::Format_RGB32);
+        const QImage second = random_page(random, QSize(6, 3), QImage::Format_RGB32);
         QVERIFY(document.addPage(first));
         QVERIFY(document.addPage(second));
 

@@ -10,12 +10,12 @@ namespace {
 using Place = std::function<QPoint(QPoint, QSize)>;
 
 /// Whether each pixel of the result is the one of the source that @p place tells, all else being equal.
-bool isRearranged(const QImage &source, const QImage &result, const Place &place)
+bool is_rearranged(const QImage &source, const QImage &result, const Place &place)
 {
     for (int y = 0; y < result.height(); ++y) {
         for (int x = 0; x < result.width(); ++x) {
             const QPoint from = place({x, y}, source.size());
-            if (valueAt(result, x, y) != valueAt(source, from.x(), from.y()))
+            if (value_at(result, x, y) != value_at(source, from.x(), from.y()))
                 return false;
         }
     }
@@ -33,8 +33,8 @@ class TestPixelTurns : public QObject
     void addFormats()
     {
         QTest::addColumn<QImage::Format>("format");
-        for (const QImage::Format format : pageFormats())
-            QTest::newRow(formatName(format)) << format;
+        for (const QImage::Format format : page_formats())
+            QTest::newRow(format_name(format)) << format;
     }
 
 private slots:
@@ -42,14 +42,14 @@ private slots:
     void counterClockwiseBringsTheLastColumnToTheTop()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
 
             const QImage result = turned(page, QuarterTurn::CounterClockwise);
 
             QCOMPARE(result.size(), size.transposed());
-            QVERIFY(isRearranged(page, result,
-                                 [](QPoint to, QSize from) { return QPoint(from.width() - 1 - to.y(), to.x()); }));
+            QVERIFY(is_rearranged(page, result,
+                                  [](QPoint to, QSize from) { return QPoint(from.width() - 1 - to.y(), to.x()); }));
         }
     }
 
@@ -57,14 +57,14 @@ private slots:
     void clockwiseBringsTheFirstColumnToTheTopReversed()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
 
             const QImage result = turned(page, QuarterTurn::Clockwise);
 
             QCOMPARE(result.size(), size.transposed());
-            QVERIFY(isRearranged(page, result,
-                                 [](QPoint to, QSize from) { return QPoint(to.y(), from.height() - 1 - to.x()); }));
+            QVERIFY(is_rearranged(page, result,
+                                  [](QPoint to, QSize from) { return QPoint(to.y(), from.height() - 1 - to.x()); }));
         }
     }
 
@@ -74,8 +74,8 @@ private slots:
         QFETCH(QImage::Format, format);
         const QTransform counterClockwise(0, -1, 1, 0, 0, 0);
         const QTransform clockwise(0, 1, -1, 0, 0, 0);
-        for (const QSize size : smallSizes()) {
-            QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            QImage page = random_page(random, size, format);
             page.setText(QStringLiteral("Title"), QStringLiteral("scan"));
 
             const QImage left = turned(page, QuarterTurn::CounterClockwise);
@@ -90,7 +90,7 @@ private slots:
     void aTurnExchangesTheResolutionsAndAMirrorKeepsThem()
     {
         QFETCH(QImage::Format, format);
-        QImage page = randomPage(random, QSize(5, 3), format);
+        QImage page = random_page(random, QSize(5, 3), format);
         page.setDotsPerMeterX(7874);
         page.setDotsPerMeterY(3937);
 
@@ -106,8 +106,8 @@ private slots:
     void fourTurnsGiveThePageBack()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             for (const QuarterTurn turn : {QuarterTurn::CounterClockwise, QuarterTurn::Clockwise})
                 QCOMPARE(turned(turned(turned(turned(page, turn), turn), turn), turn), page);
         }
@@ -117,12 +117,12 @@ private slots:
     void mirrorsEqualTheToolkitsAndGiveThePageBackTwice()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             for (const auto &[horizontally, vertically] : {std::pair{true, false}, {false, true}, {true, true}}) {
                 const QImage result = mirrored(page, horizontally, vertically);
 
-                QVERIFY(isRearranged(page, result, [h = horizontally, v = vertically](QPoint to, QSize from) {
+                QVERIFY(is_rearranged(page, result, [h = horizontally, v = vertically](QPoint to, QSize from) {
                     return QPoint(h ? from.width() - 1 - to.x() : to.x(), v ? from.height() - 1 - to.y() : to.y());
                 }));
                 QCOMPARE(result, page.mirrored(horizontally, vertically));
@@ -135,8 +135,8 @@ private slots:
     void invertedEqualsTheToolkitsAndGivesThePageBackTwice()
     {
         QFETCH(QImage::Format, format);
-        for (const QSize size : smallSizes()) {
-            const QImage page = randomPage(random, size, format);
+        for (const QSize size : small_sizes()) {
+            const QImage page = random_page(random, size, format);
             QImage expected = page;
             expected.invertPixels(QImage::InvertRgb);
 
@@ -149,7 +149,7 @@ private slots:
 
     void aPooledPageTurnsLikeASmallOne()
     {
-        const QImage page = randomPage(random, QSize(701, 403), QImage::Format_RGB32);
+        const QImage page = random_page(random, QSize(701, 403), QImage::Format_RGB32);
 
         QCOMPARE(turned(page, QuarterTurn::Clockwise), page.transformed(QTransform(0, 1, -1, 0, 0, 0)));
     }

@@ -56,7 +56,7 @@ QImage grey16(const QList<quint16> &values)
     return image;
 }
 
-void addColumns()
+void add_columns()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("word");
@@ -108,12 +108,12 @@ void tst_readable_files::loadAndCompare()
     const ImageDocument document(directory.filePath(u"file"_s), word);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), page));
+    QVERIFY(compare_pictures(document.page(1), page));
 }
 
 void tst_readable_files::png_data()
 {
-    addColumns();
+    add_columns();
     const QByteArray grey("\0\0\x80\xff", 4); // no filter, then three pixels
     row("grey, 8 bits") << png_file(3, 8, PngGrey, grey) << QString() << indexed(greys(256), {0, 128, 255});
     row("grey, 16 bits, cut to the high ones")
@@ -144,7 +144,7 @@ void tst_readable_files::png_data()
 
 void tst_readable_files::bmp_data()
 {
-    addColumns();
+    add_columns();
     row("1 bit") << bmp_file(3, 1, 1, {red, blue}, QByteArray("\x40\0\0\0", 4)) << QString()
                  << indexed({red, blue}, {0, 1, 0}, QImage::Format_Mono);
     row("4 bits") << bmp_file(3, 1, 4, {blue, red, white}, QByteArray("\x21\0\0\0", 4)) << QString()
@@ -164,7 +164,7 @@ void tst_readable_files::bmp_data()
 
 void tst_readable_files::portableAnymap_data()
 {
-    addColumns();
+    add_columns();
     const QImage bits = indexed({white, black}, {1, 0, 1}, QImage::Format_Mono);
     row("bitmap as text") << QByteArray("P1\n3 1\n1 0 1\n") << QString() << bits;
     row("bitmap") << QByteArray("P4\n3 1\n\xa0") << QString() << bits;
@@ -233,7 +233,7 @@ void tst_readable_files::tiff()
     const ImageDocument document(directory.filePath(u"file"_s), {});
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), page));
+    QVERIFY(compare_pictures(document.page(1), page));
 }
 
 void tst_readable_files::wideTiffSamples_data()
@@ -284,7 +284,7 @@ void tst_readable_files::wideTiffSamples()
         const ImageDocument document(directory.filePath(u"file"_s), word);
 
         QCOMPARE(document.pageCount(), 1U);
-        QVERIFY(comparePictures(document.page(1), expected));
+        QVERIFY(compare_pictures(document.page(1), expected));
         QCOMPARE(document.page(1).dotsPerMeterX(), 11811);
     }
     QVERIFY(ImageDocument(directory.filePath(u"file"_s), u"png"_s).isEmpty());
@@ -292,7 +292,7 @@ void tst_readable_files::wideTiffSamples()
 
 void tst_readable_files::otherFormats_data()
 {
-    addColumns();
+    add_columns();
     const QByteArray bits = "#define a_width 3\n#define a_height 1\nstatic char a_bits[] = {\n 0x05};\n";
     row("xbm") << bits << QString() << indexed({white, black}, {1, 0, 1}, QImage::Format_MonoLSB);
     const QByteArray text =
@@ -315,8 +315,8 @@ void tst_readable_files::jpeg_data()
     QTest::addColumn<QImage::Format>("format");
     QTest::addColumn<QRgb>("color");
 
-    const QImage grey = solidPage({16, 16}, 0xff808080, QImage::Format_Grayscale8);
-    const QImage color = solidPage({16, 16}, 0xffc86432);
+    const QImage grey = solid_page({16, 16}, 0xff808080, QImage::Format_Grayscale8);
+    const QImage color = solid_page({16, 16}, 0xffc86432);
     row("grey") << encoded(grey, "jpg") << QImage::Format_Indexed8 << 0xff808080;
     row("colour") << encoded(color, "jpg") << QImage::Format_RGB32 << 0xffc86432;
     row("four inks") << file_bytes(QStringLiteral(IM_TEST_DATA "/four_inks.jpg")) << QImage::Format_RGB32 << 0xffc86432;
@@ -363,7 +363,7 @@ void tst_readable_files::pageOfEveryFormatIsOneOfThePageFormats()
     QFETCH(const int, depth);
     const QTemporaryDir directory;
     const QString name = directory.filePath(u"a."_s + QString::fromLatin1(format));
-    write_file(name, encoded(patternedPage({32, 32}, depth), format.constData()));
+    write_file(name, encoded(patterned_page({32, 32}, depth), format.constData()));
 
     const ImageDocument document(name, {});
 

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// 200 sizes with every remainder of a row's padding, some of them long.
-QList<QSize> manySizes()
+QList<QSize> many_sizes()
 {
     QList<QSize> sizes;
     for (int i = 0; i < 190; ++i)
@@ -30,7 +30,7 @@ QList<QSize> manySizes()
 }
 
 /// The forms in which pages come.
-void addPageForms()
+void add_page_forms()
 {
     QTest::addColumn<QImage::Format>("format");
     QTest::addColumn<int>("colorCount");
@@ -45,7 +45,7 @@ void addPageForms()
 }
 
 /// Forms that no page has, or whose file does not come back as the page that it was.
-void addOddForms()
+void add_odd_forms()
 {
     QTest::addColumn<QImage::Format>("format");
     QTest::addColumn<int>("colorCount");
@@ -71,15 +71,15 @@ class tst_snapshot_file : public QObject
 private slots:
     void init();
 
-    void fileIsThatOfTheToolkitByteForByte_data() { addPageForms(); }
+    void fileIsThatOfTheToolkitByteForByte_data() { add_page_forms(); }
     void fileIsThatOfTheToolkitByteForByte();
-    void pageReadBackIsThatOfTheToolkit_data() { addPageForms(); }
+    void pageReadBackIsThatOfTheToolkit_data() { add_page_forms(); }
     void pageReadBackIsThatOfTheToolkit();
     void pagesOfSeveralBlocksAreTheToolkitsToo_data();
     void pagesOfSeveralBlocksAreTheToolkitsToo();
     void resolutionIsKept_data();
     void resolutionIsKept();
-    void oddFormsAreLeftToTheToolkit_data() { addOddForms(); }
+    void oddFormsAreLeftToTheToolkit_data() { add_odd_forms(); }
     void oddFormsAreLeftToTheToolkit();
     void pageOfOneBitWithoutColoursIsWrittenAsByTheToolkit();
     void pageOfOneBitComesBackWithTheLighterColourFirst_data();
@@ -113,10 +113,10 @@ void tst_snapshot_file::fileIsThatOfTheToolkitByteForByte()
     QFETCH(const int, colorCount);
     QRandomGenerator random(Seed);
 
-    const QList<QSize> sizes = manySizes();
+    const QList<QSize> sizes = many_sizes();
     QCOMPARE(sizes.size(), 200);
     for (const QSize size : sizes) {
-        const QImage page = randomPage(size, format, colorCount, random);
+        const QImage page = random_page(size, format, colorCount, random);
         QFile::remove(m_path);
 
         QVERIFY(write_snapshot(m_path, page));
@@ -132,14 +132,15 @@ void tst_snapshot_file::pageReadBackIsThatOfTheToolkit()
     QFETCH(const int, colorCount);
     QRandomGenerator random(Seed);
 
-    for (const QSize size : manySizes()) {
-        const QByteArray bytes = encoded(randomPage(size, format, colorCount, random), "BMP");
+    for (const QSize size : many_sizes()) {
+        const QByteArray bytes = encoded(random_page(size, format, colorCount, random), "BMP");
         put_file(m_path, bytes);
 
         const QImage page = read_snapshot(m_path);
 
         QVERIFY(!page.isNull());
-        QVERIFY2(isSamePage(page, toolkitPage(bytes)), qPrintable(u"%1 by %2"_s.arg(size.width()).arg(size.height())));
+        QVERIFY2(is_same_page(page, toolkit_page(bytes)),
+                 qPrintable(u"%1 by %2"_s.arg(size.width()).arg(size.height())));
     }
 }
 
@@ -163,13 +164,13 @@ void tst_snapshot_file::pagesOfSeveralBlocksAreTheToolkitsToo()
     QFETCH(const QImage::Format, format);
     QFETCH(const int, colorCount);
     QRandomGenerator random(Seed);
-    const QImage page = randomPage(size, format, colorCount, random);
+    const QImage page = random_page(size, format, colorCount, random);
     const QByteArray bytes = encoded(page, "BMP");
 
     QVERIFY(write_snapshot(m_path, page));
 
     QVERIFY(file_bytes(m_path) == bytes);
-    QVERIFY(isSamePage(read_snapshot(m_path), toolkitPage(bytes)));
+    QVERIFY(is_same_page(read_snapshot(m_path), toolkit_page(bytes)));
 }
 
 void tst_snapshot_file::resolutionIsKept_data()
@@ -186,7 +187,7 @@ void tst_snapshot_file::resolutionIsKept()
     QFETCH(const int, x);
     QFETCH(const int, y);
     for (const int depth : {1, 8, 32}) {
-        QImage page = patternedPage({7, 5}, depth);
+        QImage page = patterned_page({7, 5}, depth);
         page.setDotsPerMeterX(x);
         page.setDotsPerMeterY(y);
 
@@ -205,20 +206,20 @@ void tst_snapshot_file::oddFormsAreLeftToTheToolkit()
     QFETCH(const QImage::Format, format);
     QFETCH(const int, colorCount);
     QRandomGenerator random(Seed);
-    const QImage image = randomPage({13, 6}, format, colorCount, random);
+    const QImage image = random_page({13, 6}, format, colorCount, random);
 
     QVERIFY(write_snapshot(m_path, image));
 
     const QByteArray bytes = encoded(image, "BMP");
     QCOMPARE(file_bytes(m_path), bytes);
-    QVERIFY(isSamePage(read_snapshot(m_path), toolkitPage(bytes)));
+    QVERIFY(is_same_page(read_snapshot(m_path), toolkit_page(bytes)));
 }
 
 void tst_snapshot_file::pageOfOneBitWithoutColoursIsWrittenAsByTheToolkit()
 {
     QRandomGenerator random(Seed);
     for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
-        const QImage page = randomPage({13, 6}, format, 0, random);
+        const QImage page = random_page({13, 6}, format, 0, random);
         QFile::remove(m_path);
 
         QVERIFY(write_snapshot(m_path, page));
@@ -245,7 +246,7 @@ void tst_snapshot_file::pageOfOneBitComesBackWithTheLighterColourFirst()
     QFETCH(const QRgb, color0);
     QFETCH(const QRgb, color1);
     QFETCH(const bool, exchanged);
-    QImage page = patternedPage({9, 4}, 1);
+    QImage page = patterned_page({9, 4}, 1);
     page.setColorTable({color0, color1});
     QVERIFY(write_snapshot(m_path, page));
 
@@ -255,19 +256,19 @@ void tst_snapshot_file::pageOfOneBitComesBackWithTheLighterColourFirst()
     QCOMPARE(readBack.colorTable(), exchanged ? QList<QRgb>({color1, color0}) : QList<QRgb>({color0, color1}));
     QCOMPARE(readBack.pixelIndex(0, 0), exchanged ? 0 : 1); // (0,0) is set in the pattern
     QCOMPARE(readBack.pixel(0, 0), color1);
-    QVERIFY(isSamePage(readBack, toolkitPage(file_bytes(m_path))));
+    QVERIFY(is_same_page(readBack, toolkit_page(file_bytes(m_path))));
 }
 
 void tst_snapshot_file::rowsOfUnusualLengthAreLeftToTheToolkit()
 {
-    const QImage whole = patternedPage({40, 9}, 8);
+    const QImage whole = patterned_page({40, 9}, 8);
     QImage left(whole.constBits(), 13, 9, whole.bytesPerLine(), QImage::Format_Indexed8);
     left.setColorTable(whole.colorTable());
 
     QVERIFY(write_snapshot(m_path, left));
 
     QCOMPARE(file_bytes(m_path), encoded(left, "BMP"));
-    QVERIFY(comparePictures(read_snapshot(m_path), whole.copy(0, 0, 13, 9)));
+    QVERIFY(compare_pictures(read_snapshot(m_path), whole.copy(0, 0, 13, 9)));
 }
 
 void tst_snapshot_file::nameThatIsTakenIsLeftAlone_data()
@@ -298,7 +299,7 @@ void tst_snapshot_file::nameThatIsTakenIsLeftAlone()
     }
 
     bool isTaken = false;
-    QVERIFY(!write_snapshot(m_path, patternedPage({5, 4}), &isTaken));
+    QVERIFY(!write_snapshot(m_path, patterned_page({5, 4}), &isTaken));
 
     QVERIFY(isTaken);
     if (kind == u"file"_s || kind == u"link to a file"_s)
@@ -306,13 +307,13 @@ void tst_snapshot_file::nameThatIsTakenIsLeftAlone()
     if (kind == u"link to nothing"_s)
         QVERIFY(!QFile::exists(other));
     QVERIFY(::remove(name.constData()) == 0);
-    QVERIFY(write_snapshot(m_path, patternedPage({5, 4}), &isTaken));
+    QVERIFY(write_snapshot(m_path, patterned_page({5, 4}), &isTaken));
     QVERIFY(!isTaken);
 }
 
 void tst_snapshot_file::pageReadBackTakesItsMemoryFromThePool()
 {
-    const QImage source = patternedPage({400, 300});
+    const QImage source = patterned_page({400, 300});
     QVERIFY(source.sizeInBytes() >= SmallestPooledBytes);
     QVERIFY(write_snapshot(m_path, source));
     QImage page = read_snapshot(m_path);
@@ -334,20 +335,20 @@ void tst_snapshot_file::nullImageMakesNoFile()
 
 void tst_snapshot_file::directoryThatIsNotThereIsAFailure()
 {
-    QVERIFY(!write_snapshot(m_directory.filePath("missing/page.bmp"_L1), patternedPage({5, 4})));
-    QVERIFY(!write_snapshot(m_directory.path(), patternedPage({5, 4})));
+    QVERIFY(!write_snapshot(m_directory.filePath("missing/page.bmp"_L1), patterned_page({5, 4})));
+    QVERIFY(!write_snapshot(m_directory.path(), patterned_page({5, 4})));
 }
 
 void tst_snapshot_file::fullDiskIsAFailure_data()
 {
     QTest::addColumn<QImage>("image");
 
-    QTest::newRow("small page, 1 bit") << patternedPage({5, 4}, 1);
-    QTest::newRow("small page, 8 bits") << patternedPage({5, 4}, 8);
-    QTest::newRow("small page, 32 bits") << patternedPage({5, 4}, 32);
-    QTest::newRow("several blocks") << patternedPage({1000, 900}, 32);
-    QTest::newRow("the toolkit's own, small") << patternedPage({5, 4}).convertToFormat(QImage::Format_RGB888);
-    QTest::newRow("the toolkit's own, large") << patternedPage({500, 400}).convertToFormat(QImage::Format_RGB888);
+    QTest::newRow("small page, 1 bit") << patterned_page({5, 4}, 1);
+    QTest::newRow("small page, 8 bits") << patterned_page({5, 4}, 8);
+    QTest::newRow("small page, 32 bits") << patterned_page({5, 4}, 32);
+    QTest::newRow("several blocks") << patterned_page({1000, 900}, 32);
+    QTest::newRow("the toolkit's own, small") << patterned_page({5, 4}).convertToFormat(QImage::Format_RGB888);
+    QTest::newRow("the toolkit's own, large") << patterned_page({500, 400}).convertToFormat(QImage::Format_RGB888);
 }
 
 void tst_snapshot_file::fullDiskIsAFailure()
@@ -363,7 +364,7 @@ void tst_snapshot_file::fullDiskIsAFailure()
 
 void tst_snapshot_file::partlyWrittenFileStays()
 {
-    const QImage page = patternedPage({100, 100});
+    const QImage page = patterned_page({100, 100});
     {
         const FileSizeLimit limit(20'000);
         QVERIFY(!write_snapshot(m_path, page));

@@ -53,10 +53,10 @@ void tst_snapshot_file_damage::fileCutAnywhereIsAFailure_data()
 
     QRandomGenerator random(Seed);
     const QSize size(13, 5);
-    QTest::newRow("1 bit") << encoded(randomPage(size, QImage::Format_Mono, 2, random), "BMP");
-    QTest::newRow("4 bits") << encoded(randomPage(size, QImage::Format_Indexed8, 7, random), "BMP");
-    QTest::newRow("8 bits") << encoded(randomPage(size, QImage::Format_Indexed8, 30, random), "BMP");
-    QTest::newRow("24 bits") << encoded(randomPage(size, QImage::Format_RGB32, 0, random), "BMP");
+    QTest::newRow("1 bit") << encoded(random_page(size, QImage::Format_Mono, 2, random), "BMP");
+    QTest::newRow("4 bits") << encoded(random_page(size, QImage::Format_Indexed8, 7, random), "BMP");
+    QTest::newRow("8 bits") << encoded(random_page(size, QImage::Format_Indexed8, 30, random), "BMP");
+    QTest::newRow("24 bits") << encoded(random_page(size, QImage::Format_RGB32, 0, random), "BMP");
 }
 
 void tst_snapshot_file_damage::fileCutAnywhereIsAFailure()
@@ -80,7 +80,7 @@ void tst_snapshot_file_damage::whatIsNoBmpFileIsAFailure_data()
     QTest::newRow("text") << QByteArray(1000, 'a');
     QTest::newRow("text that begins well") << "BM" + QByteArray(1000, 'a');
     QTest::newRow("zeros") << QByteArray(1000, '\0');
-    QTest::newRow("PNG") << encoded(patternedPage({20, 20}), "PNG");
+    QTest::newRow("PNG") << encoded(patterned_page({20, 20}), "PNG");
 }
 
 void tst_snapshot_file_damage::whatIsNoBmpFileIsAFailure()
@@ -101,7 +101,7 @@ void tst_snapshot_file_damage::whatIsNoFileIsAFailure()
 void tst_snapshot_file_damage::linkIsAFailureWhateverItNames()
 {
     const QString other = m_directory.filePath("other.bmp"_L1);
-    put_file(other, encoded(patternedPage({3, 2}), "BMP"));
+    put_file(other, encoded(patterned_page({3, 2}), "BMP"));
     QVERIFY(!read_snapshot(other).isNull());
     QVERIFY(QFile::link(other, m_path));
 
@@ -112,7 +112,7 @@ void tst_snapshot_file_damage::fileOfAnotherUserIsAFailure()
 {
     if (::geteuid() != 0)
         QSKIP("only root gives files away");
-    put_file(m_path, encoded(patternedPage({3, 2}), "BMP"));
+    put_file(m_path, encoded(patterned_page({3, 2}), "BMP"));
     QCOMPARE(::chown(QFile::encodeName(m_path).constData(), 12345, 0), 0);
 
     QVERIFY(read_snapshot(m_path).isNull());
@@ -129,7 +129,7 @@ void tst_snapshot_file_damage::foreignBmpFilesAreReadAsTheToolkitReadsThem_data(
 {
     QTest::addColumn<QByteArray>("file");
 
-    const QByteArray own = encoded(patternedPage({3, 2}), "BMP");
+    const QByteArray own = encoded(patterned_page({3, 2}), "BMP");
     QTest::newRow("more behind the pixels") << own + "and more";
     QTest::newRow("from the top") << bmp_file(2, -2, 24, {}, QByteArray("abcdef\0\0ghijkl\0\0", 16));
     QTest::newRow("other resolution fields") << bmp_file(2, 2, 24, {}, QByteArray("abcdef\0\0ghijkl\0\0", 16));
@@ -148,7 +148,7 @@ void tst_snapshot_file_damage::foreignBmpFilesAreReadAsTheToolkitReadsThem()
     const QImage page = read_snapshot(m_path);
 
     QVERIFY(!page.isNull());
-    QVERIFY(isSamePage(page, toolkitPage(file)));
+    QVERIFY(is_same_page(page, toolkit_page(file)));
 }
 
 void tst_snapshot_file_damage::damagedHeaderGivesNothingThatTheToolkitDoesNotRead_data()
@@ -172,18 +172,18 @@ void tst_snapshot_file_damage::damagedHeaderGivesNothingThatTheToolkitDoesNotRea
             // A file that cannot be complete is refused, even if the toolkit makes something of it.
             if (page.isNull())
                 continue;
-            const QImage expected = with_positive_resolution(toolkitPage(damaged)); // as every page has it
+            const QImage expected = with_positive_resolution(toolkit_page(damaged)); // as every page has it
             QCOMPARE(page.size(), expected.size());
             // Where runs of pixels are announced and none come, the toolkit's own pixels are by chance.
             if (i != CompressionAt)
-                QVERIFY2(isSamePage(page, expected), qPrintable(u"byte %1 is %2"_s.arg(i).arg(value)));
+                QVERIFY2(is_same_page(page, expected), qPrintable(u"byte %1 is %2"_s.arg(i).arg(value)));
         }
     }
 }
 
 void tst_snapshot_file_damage::sizeThatOverflowsIsAFailure()
 {
-    QByteArray file = encoded(patternedPage({3, 2}), "BMP");
+    QByteArray file = encoded(patterned_page({3, 2}), "BMP");
     for (const qint64 side : {0x7fffffffLL, 0x40000000LL, 0x10000LL, -0x80000000LL}) {
         file.replace(18, 8, little32(side) + little32(side));
         put_file(m_path, file);

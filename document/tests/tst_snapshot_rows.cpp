@@ -10,7 +10,7 @@ namespace {
 using Bytes = std::vector<uchar>;
 using Words = std::vector<QRgb>;
 
-Words randomWords(std::size_t count, QRandomGenerator &random)
+Words random_words(std::size_t count, QRandomGenerator &random)
 {
     Words words(count);
     for (QRgb &word : words)
@@ -18,7 +18,7 @@ Words randomWords(std::size_t count, QRandomGenerator &random)
     return words;
 }
 
-Bytes randomBytes(std::size_t count, QRandomGenerator &random)
+Bytes random_bytes(std::size_t count, QRandomGenerator &random)
 {
     Bytes bytes(count);
     for (uchar &byte : bytes)
@@ -56,7 +56,7 @@ void tst_snapshot_rows::everyWidthPacksLikePixelByPixel()
 {
     QRandomGenerator random(1);
     for (std::size_t width = 1; width < 70; ++width) {
-        const Words words = randomWords(width, random);
+        const Words words = random_words(width, random);
         Bytes expected;
         for (const QRgb word : words) {
             expected.push_back(static_cast<uchar>(qBlue(word)));
@@ -75,7 +75,7 @@ void tst_snapshot_rows::everyWidthUnpacksLikePixelByPixel()
 {
     QRandomGenerator random(2);
     for (std::size_t width = 1; width < 70; ++width) {
-        const Bytes bytes = randomBytes(3 * width, random);
+        const Bytes bytes = random_bytes(3 * width, random);
         Words expected;
         for (std::size_t i = 0; i < bytes.size(); i += 3)
             expected.push_back(qRgb(bytes[i + 2], bytes[i + 1], bytes[i]));

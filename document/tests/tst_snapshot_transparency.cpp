@@ -24,9 +24,9 @@ quint32 number_at(const QByteArray &bytes, qsizetype at)
 }
 
 /// A page with a colour table, some of its colours transparent.
-QImage tablePage(QImage::Format format, int colorCount, QRandomGenerator &random)
+QImage table_page(QImage::Format format, int colorCount, QRandomGenerator &random)
 {
-    QImage page = randomPage({13, 6}, format, colorCount, random);
+    QImage page = random_page({13, 6}, format, colorCount, random);
     QList<QRgb> table = page.colorTable();
     for (qsizetype i = 0; i < table.size(); ++i)
         table[i] = (table[i] & RGB_MASK) | static_cast<QRgb>(i * 85 % 256) << 24; // alpha 0, 85, 170, 255 ...
@@ -62,7 +62,7 @@ private slots:
     {
         QFETCH(const QSize, size);
         QRandomGenerator random(Seed);
-        QImage page = randomPage(size, QImage::Format_ARGB32, 0, random);
+        QImage page = random_page(size, QImage::Format_ARGB32, 0, random);
         page.setPixel(0, 0, 0x00123456); // the colour of what is not seen stays as well
         page.setDotsPerMeterX(11811);
         page.setDotsPerMeterY(5906);
@@ -71,7 +71,7 @@ private slots:
 
         const QImage readBack = read_snapshot(m_path);
         QCOMPARE(readBack.format(), QImage::Format_ARGB32);
-        QVERIFY(isSamePage(readBack, page));
+        QVERIFY(is_same_page(readBack, page));
         QVERIFY(readBack == page);
         QCOMPARE(readBack.pixel(0, 0), 0x00123456U);
     }
@@ -79,7 +79,7 @@ private slots:
     void theToolkitReadsTheSame()
     {
         QRandomGenerator random(Seed);
-        QImage page = randomPage({37, 21}, QImage::Format_ARGB32, 0, random);
+        QImage page = random_page({37, 21}, QImage::Format_ARGB32, 0, random);
         page.setPixel(3, 3, 0x00123456);
         page.setDotsPerMeterX(11811);
 
@@ -88,7 +88,7 @@ private slots:
         QImage readBack;
         QVERIFY(readBack.load(m_path, "BMP"));
         QCOMPARE(readBack.format(), QImage::Format_ARGB32);
-        QVERIFY(isSamePage(readBack, page));
+        QVERIFY(is_same_page(readBack, page));
         QVERIFY(readBack == page);
     }
 
@@ -127,7 +127,7 @@ private slots:
     void onePixelThatIsNotOpaqueMakesTheDifference()
     {
         QFETCH(const QPoint, place);
-        QImage page = patternedPage({17, 9}).convertToFormat(QImage::Format_ARGB32);
+        QImage page = patterned_page({17, 9}).convertToFormat(QImage::Format_ARGB32);
         QVERIFY(write_snapshot(m_path, page));
         QCOMPARE(file_bytes(m_path), encoded(page, "BMP")); // that of the toolkit
         QVERIFY(QFile::remove(m_path));
@@ -164,7 +164,7 @@ private slots:
         QFETCH(const QImage::Format, format);
         QFETCH(const int, colorCount);
         QRandomGenerator random(Seed);
-        const QImage page = tablePage(format, colorCount, random);
+        const QImage page = table_page(format, colorCount, random);
 
         QVERIFY(write_snapshot(m_path, page));
 
@@ -173,7 +173,7 @@ private slots:
             QCOMPARE(number_at(bytes, 54 + 4 * i), page.color(i));
         const QImage readBack = read_snapshot(m_path);
         QCOMPARE(readBack.format(), format);
-        QVERIFY(comparePictures(readBack, page));
+        QVERIFY(compare_pictures(readBack, page));
         if (format == QImage::Format_Indexed8)
             QCOMPARE(readBack.colorTable(), page.colorTable());
     }
@@ -191,7 +191,7 @@ private slots:
 
     void pageOfOneBitKeepsItsAlphaWithItsColours()
     {
-        QImage page = patternedPage({9, 4}, 1);
+        QImage page = patterned_page({9, 4}, 1);
         page.setColorTable({0xff000000, 0x40ffffff}); // the darker one first: they will be exchanged
 
         QVERIFY(write_snapshot(m_path, page));
@@ -217,7 +217,7 @@ private slots:
 
     void rowsOfUnusualLengthKeepTheAlphaOfTheirTable()
     {
-        const QImage whole = patternedPage({40, 9}, 8);
+        const QImage whole = patterned_page({40, 9}, 8);
         QImage left(whole.constBits(), 13, 9, whole.bytesPerLine(), QImage::Format_Indexed8);
         QList<QRgb> table = whole.colorTable();
         table[1] = 0x20ff0000;
@@ -226,7 +226,7 @@ private slots:
         QVERIFY(write_snapshot(m_path, left));
 
         QCOMPARE(read_snapshot(m_path).color(1), 0x20ff0000U);
-        QVERIFY(comparePictures(read_snapshot(m_path), left.copy()));
+        QVERIFY(compare_pictures(read_snapshot(m_path), left.copy()));
     }
 
     void fourthByteOfOtherFilesIsNoAlpha()
@@ -240,7 +240,7 @@ private slots:
     {
         QRandomGenerator random(Seed);
         for (const QImage &page :
-             {randomPage({5, 3}, QImage::Format_ARGB32, 0, random), tablePage(QImage::Format_Indexed8, 20, random)}) {
+             {random_page({5, 3}, QImage::Format_ARGB32, 0, random), table_page(QImage::Format_Indexed8, 20, random)}) {
             QFile::remove(m_path);
             QVERIFY(write_snapshot(m_path, page));
             const QByteArray bytes = file_bytes(m_path);

@@ -21,7 +21,7 @@ namespace {
 
 using FileStatus = struct stat;
 
-FileStatus statusOf(const QString &path)
+FileStatus status_of(const QString &path)
 {
     FileStatus status{};
     if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
@@ -30,7 +30,7 @@ FileStatus statusOf(const QString &path)
 }
 
 /// Writes some bytes, or all but the last and then gives up.
-auto bytesOf(const QByteArray &bytes, bool isWhole = true)
+auto bytes_of(const QByteArray &bytes, bool isWhole = true)
 {
     return [=](TargetFile &file) {
         const qsizetype count = isWhole ? bytes.size() : bytes.size() - 1;
@@ -40,7 +40,7 @@ auto bytesOf(const QByteArray &bytes, bool isWhole = true)
 
 TargetOutcome write(const QString &path, const QByteArray &bytes)
 {
-    return write_target(path, bytesOf(bytes));
+    return write_target(path, bytes_of(bytes));
 }
 
 /// A mask that takes nothing away or some rights, for a while.
@@ -56,7 +56,7 @@ private:
 };
 
 /// An access list in the form of the file system: owner, one other user, group, the most they all get, others.
-QByteArray accessList()
+QByteArray access_list()
 {
     const auto entry = [](int tag, int rights, qint64 id) { return little16(tag) + little16(rights) + little32(id); };
     return little32(2) + entry(0x01, 6, -1) + entry(0x02, 4, 12345) + entry(0x04, 4, -1) + entry(0x10, 4, -1)
@@ -70,7 +70,7 @@ QByteArray attribute(const QString &path, const char *name)
     return size < 0 ? QByteArray() : value.first(size);
 }
 
-bool setAttribute(const QString &path, const char *name, const QByteArray &value)
+bool set_attribute(const QString &path, const char *name, const QByteArray &value)
 {
     return ::setxattr(QFile::encodeName(path).constData(), name, value.constData(),
                       static_cast<std::size_t>(value.size()), 0)
@@ -104,7 +104,7 @@ private slots:
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
-        QCOMPARE(statusOf(path(u"a"_s)).st_mode & 07777, 0640U);
+        QCOMPARE(status_of(path(u"a"_s)).st_mode & 07777, 0640U);
         QCOMPARE(names(), QStringList{u"a"_s});
     }
 
@@ -130,7 +130,7 @@ private slots:
         write_file(path(u"a"_s), "earlier");
 
         for (const QString &name : {u"a"_s, u"b"_s}) {
-            const TargetOutcome outcome = write_target(path(name), bytesOf("new", false));
+            const TargetOutcome outcome = write_target(path(name), bytes_of("new", false));
 
             QCOMPARE(outcome.step, TargetOutcome::NotWritten);
             QCOMPARE(outcome.reason, QString());
@@ -185,38 +185,38 @@ private slots:
     {
         QFETCH(const mode_t, mode);
         write_file(path(u"a"_s), "earlier");
-        QVERIFY(setAttribute(path(u"a"_s), "user.comment", "a scan"));
+        QVERIFY(set_attribute(path(u"a"_s), "user.comment", "a scan"));
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), mode), 0);
-        const FileStatus before = statusOf(path(u"a"_s));
+        const FileStatus before = status_of(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
-        QCOMPARE(statusOf(path(u"a"_s)).st_mode, before.st_mode);
-        QVERIFY(statusOf(path(u"a"_s)).st_ino != before.st_ino); // it is another file
+        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
+        QVERIFY(status_of(path(u"a"_s)).st_ino != before.st_ino); // it is another file
         QCOMPARE(attribute(path(u"a"_s), "user.comment"), "a scan");
     }
 
     void accessListStays()
     {
         write_file(path(u"a"_s), "earlier");
-        QVERIFY(setAttribute(path(u"a"_s), "system.posix_acl_access", accessList()));
+        QVERIFY(set_attribute(path(u"a"_s), "system.posix_acl_access", access_list()));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
-        QCOMPARE(attribute(path(u"a"_s), "system.posix_acl_access"), accessList());
+        QCOMPARE(attribute(path(u"a"_s), "system.posix_acl_access"), access_list());
     }
 
     void fileWithoutAnAccessListGetsNoneFromItsDirectory()
     {
         write_file(path(u"a"_s), "earlier");
-        const FileStatus before = statusOf(path(u"a"_s));
-        QVERIFY(setAttribute(directory->path(), "system.posix_acl_default", accessList()));
+        const FileStatus before = status_of(path(u"a"_s));
+        QVERIFY(set_attribute(directory->path(), "system.posix_acl_default", access_list()));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(attribute(path(u"a"_s), "system.posix_acl_access"), QByteArray());
-        QCOMPARE(statusOf(path(u"a"_s)).st_mode, before.st_mode);
+        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
     }
 
     void linkIsFollowed_data()
@@ -238,8 +238,8 @@ private slots:
 
         QCOMPARE(write(path(u"link2"_s), "new").step, TargetOutcome::Done);
 
-        QVERIFY(S_ISLNK(statusOf(path(u"link"_s)).st_mode));
-        QVERIFY(S_ISLNK(statusOf(path(u"link2"_s)).st_mode));
+        QVERIFY(S_ISLNK(status_of(path(u"link"_s)).st_mode));
+        QVERIFY(S_ISLNK(status_of(path(u"link2"_s)).st_mode));
         QCOMPARE(file_bytes(path(u"far/a"_s)), "new");
         QCOMPARE(QDir(path(u"far"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{u"a"_s});
     }
@@ -259,13 +259,13 @@ private slots:
     {
         write_file(path(u"a"_s), "earlier, and longer");
         QCOMPARE(::link(qPrintable(path(u"a"_s)), qPrintable(path(u"other"_s))), 0);
-        const FileStatus before = statusOf(path(u"a"_s));
+        const FileStatus before = status_of(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
         QCOMPARE(file_bytes(path(u"other"_s)), "new");
-        QCOMPARE(statusOf(path(u"a"_s)).st_ino, before.st_ino);
+        QCOMPARE(status_of(path(u"a"_s)).st_ino, before.st_ino);
         QCOMPARE(names(), (QStringList{u"a"_s, u"other"_s}));
     }
 
@@ -274,7 +274,7 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QCOMPARE(::link(qPrintable(path(u"a"_s)), qPrintable(path(u"other"_s))), 0);
 
-        QCOMPARE(write_target(path(u"a"_s), bytesOf("new", false)).step, TargetOutcome::NotWritten);
+        QCOMPARE(write_target(path(u"a"_s), bytes_of("new", false)).step, TargetOutcome::NotWritten);
 
         QCOMPARE(file_bytes(path(u"other"_s)), "earlier");
     }
@@ -297,7 +297,7 @@ private slots:
         QCOMPARE(write(path(u"link"_s), "new").step, TargetOutcome::NotPlain);
         QCOMPARE(write(u"/dev/null"_s, "new").step, TargetOutcome::NotPlain);
 
-        QCOMPARE(statusOf(path(u"a"_s)).st_mode & S_IFMT, kind);
+        QCOMPARE(status_of(path(u"a"_s)).st_mode & S_IFMT, kind);
     }
 
     void directoryIsNotOpened()

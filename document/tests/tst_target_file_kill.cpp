@@ -24,7 +24,7 @@ namespace {
 /// How many steps of a save this process may still do; below 0 it may do all.
 int stepsLeft = -1;
 
-void doStep()
+void do_step()
 {
     if (stepsLeft == 0)
         ::raise(SIGKILL);
@@ -41,7 +41,7 @@ constexpr std::size_t PieceBytes = 1024;
 
 extern "C" ssize_t pwrite64(int fd, const void *bytes, size_t count, off64_t position)
 {
-    doStep();
+    do_step();
     const size_t piece = stepsLeft < 0 ? count : std::min(count, PieceBytes);
     return ::syscall(SYS_pwrite64, fd, bytes, piece, position);
 }
@@ -53,13 +53,13 @@ extern "C" ssize_t pwrite(int fd, const void *bytes, size_t count, off_t positio
 
 extern "C" int rename(const char *from, const char *to) noexcept
 {
-    doStep();
+    do_step();
     return static_cast<int>(::syscall(SYS_rename, from, to));
 }
 
 extern "C" int fsync(int fd)
 {
-    doStep();
+    do_step();
     // Power cuts are not made here, and the disk of the machine is slow.
     return stepsLeft < 0 ? static_cast<int>(::syscall(SYS_fsync, fd)) : 0;
 }
@@ -76,7 +76,7 @@ QImage noise(int side)
 
 /// Saves in a process of its own, which is killed before it does the step behind @p steps.
 /// @return whether it was
-bool isKilledBehind(int steps, ImageDocument &document, const QString &path, const QString &word)
+bool is_killed_behind(int steps, ImageDocument &document, const QString &path, const QString &word)
 {
     const pid_t child = ::fork();
     if (child == 0) {
@@ -91,7 +91,7 @@ bool isKilledBehind(int steps, ImageDocument &document, const QString &path, con
 }
 
 /// Removes what killed processes left, and answers how many files that were.
-qsizetype removeDrafts(const QString &path)
+qsizetype remove_drafts(const QString &path)
 {
     QDir directory(path);
     const QStringList names = directory.entryList({u".imagemanager-*"_s}, QDir::Files | QDir::Hidden);
@@ -125,13 +125,13 @@ private slots:
         const QStringList pagesBefore = told_pages(path);
 
         int kills = 0;
-        for (; isKilledBehind(kills, document, path, u"tif"_s) && file_bytes(path) == earlier; ++kills)
-            removeDrafts(directory.path());
+        for (; is_killed_behind(kills, document, path, u"tif"_s) && file_bytes(path) == earlier; ++kills)
+            remove_drafts(directory.path());
 
         QVERIFY(kills > 150);
         QVERIFY(file_bytes(path) != earlier); // once it is there, the new file is whole
         QCOMPARE(told_pages(path).mid(2), pagesBefore.mid(2));
-        QVERIFY(comparePictures(ImageDocument(path, u"tif"_s).page(1), document.page(1)));
+        QVERIFY(compare_pictures(ImageDocument(path, u"tif"_s).page(1), document.page(1)));
         QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
     }
 
@@ -166,13 +166,13 @@ private slots:
         const QByteArray earlier = exists ? "earlier" : "";
 
         int kills = 0;
-        for (bool isWhole = false; isKilledBehind(kills, document, path, word); ++kills) {
+        for (bool isWhole = false; is_killed_behind(kills, document, path, word); ++kills) {
             const bool isThere = QFile::exists(path);
             const QByteArray bytes = isThere ? file_bytes(path) : QByteArray();
             isWhole = isWhole || bytes == whole;
             QVERIFY2(isWhole ? bytes == whole : bytes == earlier && isThere == exists, qPrintable(u"%1"_s.arg(kills)));
             // What the killed process was writing lies beside, and nothing else.
-            QCOMPARE(removeDrafts(directory.path()), isWhole ? 0 : 1);
+            QCOMPARE(remove_drafts(directory.path()), isWhole ? 0 : 1);
         }
 
         QFETCH(const int, leastKills);

@@ -24,7 +24,7 @@ using FileStatus = struct stat;
 
 constexpr qint64 MiB = qint64{1024} * 1024;
 
-FileStatus statusOf(const QString &path)
+FileStatus status_of(const QString &path)
 {
     FileStatus status{};
     if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
@@ -40,7 +40,7 @@ TargetOutcome write(const QString &path, const QByteArray &bytes)
 
 /// Saves as a user who may do no more than others, in a process of that user's own.
 /// @return the step that the outcome names; -1 if the process broke off
-int stepForAnotherUser(const QString &path, const QByteArray &bytes)
+int step_for_another_user(const QString &path, const QByteArray &bytes)
 {
     const pid_t child = ::fork();
     if (child == 0)
@@ -91,13 +91,13 @@ private slots:
     {
         write_file(path(u"a"_s), "earlier, and longer");
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0666), 0);
-        const FileStatus before = statusOf(path(u"a"_s));
+        const FileStatus before = status_of(path(u"a"_s));
 
-        QCOMPARE(stepForAnotherUser(path(u"a"_s), "new"), int{TargetOutcome::Done});
+        QCOMPARE(step_for_another_user(path(u"a"_s), "new"), int{TargetOutcome::Done});
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
-        QCOMPARE(statusOf(path(u"a"_s)).st_uid, before.st_uid);
-        QCOMPARE(statusOf(path(u"a"_s)).st_mode, before.st_mode);
+        QCOMPARE(status_of(path(u"a"_s)).st_uid, before.st_uid);
+        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
         QCOMPARE(names(), QStringList{u"a"_s});
     }
 
@@ -108,11 +108,11 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QCOMPARE(::chown(qPrintable(path(u"a"_s)), 12345, 23456), 0);
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0640), 0);
-        const FileStatus before = statusOf(path(u"a"_s));
+        const FileStatus before = status_of(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
-        const FileStatus after = statusOf(path(u"a"_s));
+        const FileStatus after = status_of(path(u"a"_s));
         QVERIFY(after.st_ino != before.st_ino);
         QCOMPARE(after.st_uid, 12345U);
         QCOMPARE(after.st_gid, 23456U);
@@ -125,8 +125,8 @@ private slots:
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0666), 0);
         QCOMPARE(::chmod(qPrintable(directory->path()), 0555), 0);
 
-        QCOMPARE(stepForAnotherUser(path(u"a"_s), "new"), int{TargetOutcome::Done});
-        QCOMPARE(stepForAnotherUser(path(u"b"_s), "new"), int{TargetOutcome::NotOpened});
+        QCOMPARE(step_for_another_user(path(u"a"_s), "new"), int{TargetOutcome::Done});
+        QCOMPARE(step_for_another_user(path(u"b"_s), "new"), int{TargetOutcome::NotOpened});
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
         QCOMPARE(names(), QStringList{u"a"_s});
@@ -138,7 +138,7 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0644), 0);
 
-        QCOMPARE(stepForAnotherUser(path(u"a"_s), "new"), int{TargetOutcome::NotOpened});
+        QCOMPARE(step_for_another_user(path(u"a"_s), "new"), int{TargetOutcome::NotOpened});
 
         QCOMPARE(file_bytes(path(u"a"_s)), "earlier");
     }
@@ -168,7 +168,7 @@ private slots:
         QCOMPARE(outcome.step, TargetOutcome::NotWritten);
         QCOMPARE(outcome.reason, u"No space left on device"_s);
         QVERIFY(file_bytes(name) == earlier);
-        QVERIFY(statusOf(name).st_blocks * 512 < MiB + MiB / 10); // and no room that it does not need
+        QVERIFY(status_of(name).st_blocks * 512 < MiB + MiB / 10); // and no room that it does not need
         QCOMPARE(QDir(QFile::decodeName(disk.path())).entryList(QDir::Files | QDir::Hidden), QStringList{u"a"_s});
     }
 

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Overwrites the value of a tag's entry in the first directory of a file of the low byte first.
-void patchTag(const QString &path, int tag, qint64 value)
+void patch_tag(const QString &path, int tag, qint64 value)
 {
     QByteArray bytes = file_bytes(path);
     const auto number = [&bytes](qsizetype at, int count) {
@@ -76,7 +76,7 @@ void tst_tiff_damage::cleanup()
 
 void tst_tiff_damage::brokenSecondDirectoryKeepsTheFirstPage()
 {
-    const TiffPage good = rgb_tiff_page(patternedPage({9, 9}));
+    const TiffPage good = rgb_tiff_page(patterned_page({9, 9}));
     TiffPage bad = good;
     bad.withoutTag = TIFFTAG_RESOLUTIONUNIT;
     write_tiff(path(), {good, bad, good});
@@ -85,13 +85,14 @@ void tst_tiff_damage::brokenSecondDirectoryKeepsTheFirstPage()
     QVERIFY(!document.load(path(), u"TIFF"_s));
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), patternedPage({9, 9})));
+    QVERIFY(compare_pictures(document.page(1), patterned_page({9, 9})));
     QVERIFY(document.isModified());
 }
 
 void tst_tiff_damage::fileCutAtEachKilobyteKeepsItsWholePages()
 {
-    const QList<QImage> pages{patternedPage({100, 60}, 32), patternedPage({101, 61}, 8), patternedPage({222, 99}, 1)};
+    const QList<QImage> pages{patterned_page({100, 60}, 32), patterned_page({101, 61}, 8),
+                              patterned_page({222, 99}, 1)};
     QVERIFY(save_as_tiff(path(), pages));
 
     for (qint64 bytes = QFile(path()).size() - 1; bytes > 0; bytes -= 1024) {
@@ -100,13 +101,13 @@ void tst_tiff_damage::fileCutAtEachKilobyteKeepsItsWholePages()
         QVERIFY(!document.load(path(), u"TIFF"_s));
         QVERIFY(document.pageCount() < 3);
         for (uint pi = 1; pi <= document.pageCount(); ++pi)
-            QVERIFY(comparePictures(document.page(pi), as_read_back(pages.at(pi - 1))));
+            QVERIFY(compare_pictures(document.page(pi), as_read_back(pages.at(pi - 1))));
     }
 }
 
 void tst_tiff_damage::loopOfDirectoriesEnds()
 {
-    QVERIFY(save_as_tiff(path(), {patternedPage({9, 9})}));
+    QVERIFY(save_as_tiff(path(), {patterned_page({9, 9})}));
     QByteArray bytes = file_bytes(path());
     const QByteArray firstDirectory = bytes.sliced(4, 4);
     const qsizetype start =
@@ -142,9 +143,9 @@ void tst_tiff_damage::claimedSideThatDoesNotFitIsRefused()
     QFETCH(const qint64, width);
     QFETCH(const qint64, height);
     for (const int depth : {32, 8, 1}) {
-        QVERIFY(save_as_tiff(path(), {patternedPage({64, 48}, depth)}));
-        patchTag(path(), TIFFTAG_IMAGEWIDTH, width);
-        patchTag(path(), TIFFTAG_IMAGELENGTH, height);
+        QVERIFY(save_as_tiff(path(), {patterned_page({64, 48}, depth)}));
+        patch_tag(path(), TIFFTAG_IMAGEWIDTH, width);
+        patch_tag(path(), TIFFTAG_IMAGELENGTH, height);
         restart_peak_memory();
         const qint64 before = peak_memory_bytes();
         QElapsedTimer timer;
@@ -162,8 +163,8 @@ void tst_tiff_damage::claimedSideThatDoesNotFitIsRefused()
 void tst_tiff_damage::rowsOutsideTheFileAreRefused()
 {
     for (const int depth : {32, 8, 1}) {
-        QVERIFY(save_as_tiff(path(), {patternedPage({64, 48}, depth)}));
-        patchTag(path(), TIFFTAG_STRIPOFFSETS, 0x70000000);
+        QVERIFY(save_as_tiff(path(), {patterned_page({64, 48}, depth)}));
+        patch_tag(path(), TIFFTAG_STRIPOFFSETS, 0x70000000);
 
         QVERIFY(ImageDocument(path(), u"TIFF"_s).isEmpty());
     }
@@ -190,7 +191,7 @@ void tst_tiff_damage::pageIsHeldOnceWhileItIsReadAndWritten_data()
 void tst_tiff_damage::pageIsHeldOnceWhileItIsReadAndWritten()
 {
     QFETCH(const QImage::Format, format);
-    const QImage page = solidPage({6000, 4000}, 0xff808080, format);
+    const QImage page = solid_page({6000, 4000}, 0xff808080, format);
     restart_peak_memory();
     const qint64 before = peak_memory_bytes();
 

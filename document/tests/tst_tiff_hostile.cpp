@@ -29,7 +29,7 @@ qint64 number(const QByteArray &bytes, qsizetype at, int count)
 }
 
 /// Where the entries of the directories of a file of the low byte first say where the next one lies.
-QList<qsizetype> linksOf(const QByteArray &bytes)
+QList<qsizetype> links_of(const QByteArray &bytes)
 {
     QList<qsizetype> links{4};
     for (qint64 at = number(bytes, 4, 4); at != 0; at = number(bytes, links.last(), 4))
@@ -38,7 +38,7 @@ QList<qsizetype> linksOf(const QByteArray &bytes)
 }
 
 /// Where the entry of a tag in the first directory begins.
-qsizetype entryOf(const QByteArray &bytes, int tag)
+qsizetype entry_of(const QByteArray &bytes, int tag)
 {
     const qint64 directory = number(bytes, 4, 4);
     for (qint64 i = 0; i < number(bytes, directory, 2); ++i) {
@@ -49,11 +49,11 @@ qsizetype entryOf(const QByteArray &bytes, int tag)
     qFatal("no such tag");
 }
 
-QList<TiffPage> compressedPages(int compression)
+QList<TiffPage> compressed_pages(int compression)
 {
     const bool isFax = compression == COMPRESSION_CCITTFAX4;
     TiffPage page =
-        isFax ? bilevel_tiff_page(patternedPage({301, 200}, 1)) : grey_tiff_page(patternedPage({201, 150}, 8));
+        isFax ? bilevel_tiff_page(patterned_page({301, 200}, 1)) : grey_tiff_page(patterned_page({201, 150}, 8));
     page.compression = compression;
     return {page, page, page};
 }
@@ -85,7 +85,7 @@ private slots:
     void compressedFileCutAnywhereGivesWholePagesOrNone()
     {
         QFETCH(const int, compression);
-        write_tiff(path(), compressedPages(compression));
+        write_tiff(path(), compressed_pages(compression));
         const ImageDocument whole(path(), u"TIFF"_s);
         QCOMPARE(whole.pageCount(), 3U);
 
@@ -96,7 +96,7 @@ private slots:
             QVERIFY(!document.load(path(), u"TIFF"_s));
             QVERIFY(document.pageCount() < 3);
             if (document.pageCount() > 0)
-                QVERIFY(comparePictures(document.page(1), whole.page(1)));
+                QVERIFY(compare_pictures(document.page(1), whole.page(1)));
         }
     }
 
@@ -122,10 +122,10 @@ private slots:
         QFETCH(const int, link);
         QFETCH(const qint64, target);
         QFETCH(const uint, pages);
-        const QImage page = patternedPage({100, 80}, 8);
+        const QImage page = patterned_page({100, 80}, 8);
         QVERIFY(save_as_tiff(path(), {page, page, page}));
         QByteArray bytes = file_bytes(path());
-        const QList<qsizetype> links = linksOf(bytes);
+        const QList<qsizetype> links = links_of(bytes);
         const qint64 place = target < 0 ? number(bytes, links.at(-target - 1), 4) : target;
         write_file(path(), bytes.replace(links.at(link), 4, little32(place)));
         ImageDocument document({}, {});
@@ -134,7 +134,7 @@ private slots:
 
         QCOMPARE(document.pageCount(), pages);
         for (uint pi = 1; pi <= pages; ++pi)
-            QVERIFY(comparePictures(document.page(pi), as_read_back(page)));
+            QVERIFY(compare_pictures(document.page(pi), as_read_back(page)));
     }
 
     void tagsOfNonsenseAreRefusedAtOnce_data()
@@ -160,9 +160,9 @@ private slots:
         QFETCH(const int, tag);
         QFETCH(const qint64, value);
         const int depth = QByteArray(QTest::currentDataTag()).split(':').first().toInt();
-        QVERIFY(save_as_tiff(path(), {patternedPage({64, 48}, depth)}));
+        QVERIFY(save_as_tiff(path(), {patterned_page({64, 48}, depth)}));
         QByteArray bytes = file_bytes(path());
-        const qsizetype entry = entryOf(bytes, tag);
+        const qsizetype entry = entry_of(bytes, tag);
         constexpr int longType = 4;
         write_file(path(), bytes.replace(entry + 2, 10, little16(longType) + little32(1) + little32(value)));
         QElapsedTimer timer;
@@ -185,10 +185,10 @@ private slots:
     {
         QFETCH(const qint64, claimed);
         for (const int depth : {1, 8, 32}) {
-            const QImage page = patternedPage({64, 48}, depth);
+            const QImage page = patterned_page({64, 48}, depth);
             QVERIFY(save_as_tiff(path(), {page}));
             QByteArray bytes = file_bytes(path());
-            const qsizetype entry = entryOf(bytes, TIFFTAG_STRIPBYTECOUNTS);
+            const qsizetype entry = entry_of(bytes, TIFFTAG_STRIPBYTECOUNTS);
             write_file(path(), bytes.replace(entry + 2, 10, little16(4) + little32(1) + little32(claimed)));
             restart_peak_memory();
             const qint64 before = peak_memory_bytes();
@@ -197,7 +197,7 @@ private slots:
 
             // The rows are all there, so the page may be shown; it must not cost what the file claims.
             if (!document.isEmpty())
-                QVERIFY(comparePictures(document.page(1), as_read_back(page)));
+                QVERIFY(compare_pictures(document.page(1), as_read_back(page)));
             QVERIFY2(peak_memory_bytes() - before < 20'000'000 * MeasureAllowance,
                      qPrintable(QString::number(peak_memory_bytes() - before)));
         }
@@ -205,8 +205,8 @@ private slots:
 
     void changedBytesNeverEndTheProcess()
     {
-        QList<TiffPage> pages = compressedPages(COMPRESSION_LZW) + compressedPages(COMPRESSION_CCITTFAX4);
-        pages.append(rgb_tiff_page(patternedPage({50, 40})));
+        QList<TiffPage> pages = compressed_pages(COMPRESSION_LZW) + compressed_pages(COMPRESSION_CCITTFAX4);
+        pages.append(rgb_tiff_page(patterned_page({50, 40})));
         write_tiff(path(), pages);
         const QByteArray good = file_bytes(path());
         const qsizetype pixelsEnd = number(good, 4, 4);
@@ -228,7 +228,7 @@ private slots:
     void bitsBehindTheLastPixelOfARowAreZero()
     {
         // The bytes of a 1-bit page are taken with the low bit first, so such bits are pixels.
-        const QImage image = patternedPage({3001, 1000}, 1);
+        const QImage image = patterned_page({3001, 1000}, 1);
         TiffPage page = bilevel_tiff_page(image);
         page.compression = COMPRESSION_CCITTFAX4;
         write_tiff(path(), {page});
@@ -242,7 +242,7 @@ private slots:
         QImage expected = image.copy();
         for (int y = 0; y < expected.height(); ++y)
             expected.scanLine(y)[3001 / 8] &= 0x80;
-        QVERIFY(comparePictures(document.page(1), as_read_back(expected)));
+        QVERIFY(compare_pictures(document.page(1), as_read_back(expected)));
     }
 
     void manyPagesAreHeldOnceWhileTheyAreRead_data()
@@ -265,10 +265,10 @@ private slots:
         constexpr int pageCount = 10;
         {
             const QSize size = depth == 1 ? QSize(4000, 4000) : QSize(1500, 1000);
-            const QImage image = solidPage(size, 0xff808080,
-                                           depth == 32      ? QImage::Format_RGB32
-                                               : depth == 8 ? QImage::Format_Indexed8
-                                                            : QImage::Format_Mono);
+            const QImage image = solid_page(size, 0xff808080,
+                                            depth == 32      ? QImage::Format_RGB32
+                                                : depth == 8 ? QImage::Format_Indexed8
+                                                             : QImage::Format_Mono);
             TiffPage page = depth == 32 ? rgb_tiff_page(image)
                 : depth == 8            ? grey_tiff_page(image)
                                         : bilevel_tiff_page(image);

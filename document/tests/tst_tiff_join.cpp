@@ -121,7 +121,7 @@ private:
     /// A new page of one colour.
     [[nodiscard]] QString newPage() const
     {
-        if (!patternedPage({30, 20}).save(path(u"page.tif"_s)))
+        if (!patterned_page({30, 20}).save(path(u"page.tif"_s)))
             qFatal("cannot save the page");
         return path(u"page.tif"_s);
     }
@@ -218,7 +218,7 @@ void tst_tiff_join::firstPageIsReplacedAndAllOthersStay()
     QCOMPARE(after.size(), before.size());
     QCOMPARE(after.at(0), before.at(0)); // byte order and kind
     QCOMPARE(after.mid(2), before.mid(2));
-    QCOMPARE(QImage(target), patternedPage({30, 20}).convertToFormat(QImage(target).format()));
+    QCOMPARE(QImage(target), patterned_page({30, 20}).convertToFormat(QImage(target).format()));
     for (const QString &warning : tiffinfo_warnings(target))
         QVERIFY2(tiffinfo_warnings(source).contains(warning), qPrintable(warning));
 }

@@ -24,7 +24,7 @@ constexpr QSize PageSize(301, 222);
 void write_rgb_file(const QString &path, const std::function<void(TIFF *)> &setTags)
 {
     const TiffHandle tif = open_tiff(path, "w");
-    const QImage page = patternedPage(PageSize).convertToFormat(QImage::Format_RGB888);
+    const QImage page = patterned_page(PageSize).convertToFormat(QImage::Format_RGB888);
     TIFFSetField(tif.get(), TIFFTAG_IMAGEWIDTH, page.width());
     TIFFSetField(tif.get(), TIFFTAG_IMAGELENGTH, page.height());
     TIFFSetField(tif.get(), TIFFTAG_SAMPLESPERPIXEL, 3);

@@ -60,19 +60,19 @@ void tst_tiff_reading::cleanup()
 
 void tst_tiff_reading::pagesOfAllDepthsComeBackInOrder()
 {
-    const QList<QImage> pages{patternedPage({33, 9}, 1), patternedPage({20, 30}, 8), patternedPage({7, 5}, 32)};
+    const QList<QImage> pages{patterned_page({33, 9}, 1), patterned_page({20, 30}, 8), patterned_page({7, 5}, 32)};
     QVERIFY(save_as_tiff(path(), pages));
 
     const ImageDocument document(path(), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 3U);
     for (uint pi = 1; pi <= 3; ++pi)
-        QVERIFY(comparePictures(document.page(pi), as_read_back(pages.at(pi - 1))));
+        QVERIFY(compare_pictures(document.page(pi), as_read_back(pages.at(pi - 1))));
 }
 
 void tst_tiff_reading::colourTableOfAnEightBitPageIsNotReadBack()
 {
-    const QImage page = patternedPage({20, 30}, 8);
+    const QImage page = patterned_page({20, 30}, 8);
     QVERIFY(save_as_tiff(path(), {page}));
 
     const ImageDocument document(path(), u"TIFF"_s);
@@ -85,7 +85,7 @@ void tst_tiff_reading::colourTableOfAnEightBitPageIsNotReadBack()
 
 void tst_tiff_reading::resolutionIsNotReadBack()
 {
-    QImage page = patternedPage({5, 5});
+    QImage page = patterned_page({5, 5});
     page.setDotsPerMeterX(11811);
     page.setDotsPerMeterY(5906);
     QVERIFY(save_as_tiff(path(), {page}));
@@ -99,13 +99,13 @@ void tst_tiff_reading::resolutionIsNotReadBack()
 
 void tst_tiff_reading::lowBitFirstPageComesBackAsItWas()
 {
-    QImage page = patternedPage({33, 9}, 1).convertToFormat(QImage::Format_MonoLSB);
+    QImage page = patterned_page({33, 9}, 1).convertToFormat(QImage::Format_MonoLSB);
     page.setColorTable({0xff000000, 0xffffffff});
     QVERIFY(save_as_tiff(path(), {page}));
 
     const ImageDocument document(path(), u"TIFF"_s);
 
-    QVERIFY(comparePictures(document.page(1), page));
+    QVERIFY(compare_pictures(document.page(1), page));
 }
 
 void tst_tiff_reading::highBitFirstPageComesBackMirroredInItsBytes()
@@ -144,7 +144,7 @@ void tst_tiff_reading::pageWithoutATagIsRefused()
 {
     QFETCH(const quint32, tag);
     QFETCH(const QString, mode);
-    TiffPage page = bilevel_tiff_page(patternedPage({16, 4}, 1));
+    TiffPage page = bilevel_tiff_page(patterned_page({16, 4}, 1));
     page.withoutTag = tag;
     write_tiff(path(), {page}, mode.toLatin1().constData());
     // The library writes both resolutions or none: one of them gets another number, which means nothing.
@@ -181,7 +181,7 @@ void tst_tiff_reading::resolutionOfNothingIsTaken()
     QFETCH(const QString, mode);
     QFETCH(const double, x);
     QFETCH(const double, y);
-    const QImage image = patternedPage({16, 4});
+    const QImage image = patterned_page({16, 4});
     TiffPage page = rgb_tiff_page(image);
     page.dotsPerInch = x;
     page.linesPerInch = y;
@@ -190,8 +190,8 @@ void tst_tiff_reading::resolutionOfNothingIsTaken()
     const ImageDocument document(path(), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 2U);
-    QVERIFY(comparePictures(document.page(1), image));
-    QVERIFY(comparePictures(document.page(2), image));
+    QVERIFY(compare_pictures(document.page(1), image));
+    QVERIFY(compare_pictures(document.page(2), image));
 }
 
 void tst_tiff_reading::tagsThatAreReadButNotLookedAt_data()
@@ -210,7 +210,7 @@ void tst_tiff_reading::tagsThatAreReadButNotLookedAt()
 {
     QFETCH(const int, compression);
     QFETCH(const QString, mode);
-    const QImage image = patternedPage({50, 40});
+    const QImage image = patterned_page({50, 40});
     TiffPage page = rgb_tiff_page(image);
     page.compression = compression;
     write_tiff(path(), {page, page}, mode.toLatin1().constData());
@@ -218,13 +218,13 @@ void tst_tiff_reading::tagsThatAreReadButNotLookedAt()
     const ImageDocument document(path(), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 2U);
-    QVERIFY(comparePictures(document.page(1), image));
-    QVERIFY(comparePictures(document.page(2), image));
+    QVERIFY(compare_pictures(document.page(1), image));
+    QVERIFY(compare_pictures(document.page(2), image));
 }
 
 void tst_tiff_reading::paletteFileKeepsItsIndicesButNotItsColours()
 {
-    const QImage image = patternedPage({50, 40}, 8);
+    const QImage image = patterned_page({50, 40}, 8);
     TiffPage page = grey_tiff_page(image);
     page.photometric = PHOTOMETRIC_PALETTE;
     page.reds = page.greens = page.blues = QList<quint16>(256, 0x8080);
@@ -233,7 +233,7 @@ void tst_tiff_reading::paletteFileKeepsItsIndicesButNotItsColours()
     const ImageDocument document(path(), u"TIFF"_s);
 
     QCOMPARE(document.pageCount(), 1U);
-    QVERIFY(comparePictures(document.page(1), as_read_back(image)));
+    QVERIFY(compare_pictures(document.page(1), as_read_back(image)));
 }
 
 void tst_tiff_reading::paletteWithFewColoursHasATableOfItsCount()
@@ -354,7 +354,7 @@ void tst_tiff_reading::foreignFileIsRead()
 {
     QFETCH(const QStringList, options);
     QFETCH(const int, depth);
-    const QImage image = patternedPage({104, 37}, depth); // whole bytes: no bits behind the last pixel
+    const QImage image = patterned_page({104, 37}, depth); // whole bytes: no bits behind the last pixel
     const TiffPage page = depth == 32 ? rgb_tiff_page(image)
         : depth == 8                  ? grey_tiff_page(image)
                                       : bilevel_tiff_page(image);
@@ -365,8 +365,8 @@ void tst_tiff_reading::foreignFileIsRead()
 
     // The library hands rows out with the high bit first, whatever their order in the file.
     QCOMPARE(document.pageCount(), 2U);
-    QVERIFY(comparePictures(document.page(1), as_read_back(image)));
-    QVERIFY(comparePictures(document.page(2), as_read_back(image)));
+    QVERIFY(compare_pictures(document.page(1), as_read_back(image)));
+    QVERIFY(compare_pictures(document.page(2), as_read_back(image)));
 }
 
 QTEST_GUILESS_MAIN(tst_tiff_reading)

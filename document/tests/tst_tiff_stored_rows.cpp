@@ -18,7 +18,7 @@ namespace {
 constexpr int RowsOfStrip = 7;
 
 /// Writes a page in strips of a few rows, in the order that is given.
-void writeStrips(const QString &path, const QImage &page, const QList<int> &order, int fillOrder = FILLORDER_MSB2LSB)
+void write_strips(const QString &path, const QImage &page, const QList<int> &order, int fillOrder = FILLORDER_MSB2LSB)
 {
     const TiffHandle tif = open_tiff(path, "w");
     TIFFSetField(tif.get(), TIFFTAG_COMPRESSION, COMPRESSION_NONE);
@@ -43,7 +43,7 @@ void writeStrips(const QString &path, const QImage &page, const QList<int> &orde
 }
 
 /// The numbers of the strips of a page.
-QList<int> stripsOf(const QImage &page)
+QList<int> strips_of(const QImage &page)
 {
     QList<int> strips;
     for (int y = 0; y < page.height(); y += RowsOfStrip)
@@ -51,7 +51,7 @@ QList<int> stripsOf(const QImage &page)
     return strips;
 }
 
-std::optional<qint64> startIn(const QString &path, const QImage &page)
+std::optional<qint64> start_in(const QString &path, const QImage &page)
 {
     const TiffHandle tif = open_tiff(path, "rm");
     return start_of_stored_rows(tif.get(), page.height(), (page.width() * page.depth() + 7) / 8);
@@ -74,11 +74,11 @@ private slots:
     void pagesOfAllSizesAreReadAsTheyWere()
     {
         QRandomGenerator random(3);
-        for (const QSize size : smallSizes() + QList<QSize>{{2000, 1500}, {1999, 701}}) {
+        for (const QSize size : small_sizes() + QList<QSize>{{2000, 1500}, {1999, 701}}) {
             for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8}) {
-                const QImage page = randomPage(random, size, format);
+                const QImage page = random_page(random, size, format);
                 QVERIFY(save_as_tiff(path(), {page}));
-                QVERIFY(startIn(path(), page).has_value());
+                QVERIFY(start_in(path(), page).has_value());
 
                 const ImageDocument document(path(), u"TIFF"_s);
 
@@ -90,9 +90,9 @@ private slots:
     void stripsThatFollowEachOtherAreReadAtOnce()
     {
         for (const int depth : {1, 8}) {
-            const QImage page = patternedPage({61, 40}, depth);
-            writeStrips(path(), page, stripsOf(page));
-            QVERIFY(startIn(path(), page).has_value());
+            const QImage page = patterned_page({61, 40}, depth);
+            write_strips(path(), page, strips_of(page));
+            QVERIFY(start_in(path(), page).has_value());
 
             QCOMPARE(plain_rows_of(ImageDocument(path(), u"TIFF"_s).page(1)), plain_rows_of(page));
         }
@@ -101,11 +101,11 @@ private slots:
     void stripsInAnotherOrderAreLeftToTheLibrary()
     {
         for (const int depth : {1, 8}) {
-            const QImage page = patternedPage({61, 40}, depth);
-            QList<int> strips = stripsOf(page);
+            const QImage page = patterned_page({61, 40}, depth);
+            QList<int> strips = strips_of(page);
             strips.swapItemsAt(1, 3);
-            writeStrips(path(), page, strips);
-            QVERIFY(!startIn(path(), page).has_value());
+            write_strips(path(), page, strips);
+            QVERIFY(!start_in(path(), page).has_value());
 
             QCOMPARE(plain_rows_of(ImageDocument(path(), u"TIFF"_s).page(1)), plain_rows_of(page));
         }
@@ -113,27 +113,27 @@ private slots:
 
     void rowsWithTheLowBitFirstAreLeftToTheLibrary()
     {
-        const QImage page = patternedPage({61, 40}, 1);
-        writeStrips(path(), page, stripsOf(page), FILLORDER_LSB2MSB);
-        QVERIFY(!startIn(path(), page).has_value());
+        const QImage page = patterned_page({61, 40}, 1);
+        write_strips(path(), page, strips_of(page), FILLORDER_LSB2MSB);
+        QVERIFY(!start_in(path(), page).has_value());
 
         QCOMPARE(plain_rows_of(ImageDocument(path(), u"TIFF"_s).page(1)), plain_rows_of(page));
     }
 
     void compressedRowsAreLeftToTheLibrary()
     {
-        const QImage image = patternedPage({61, 40}, 8);
+        const QImage image = patterned_page({61, 40}, 8);
         TiffPage page = grey_tiff_page(image);
         page.compression = COMPRESSION_LZW;
         write_tiff(path(), {page});
 
-        QVERIFY(!startIn(path(), image).has_value());
+        QVERIFY(!start_in(path(), image).has_value());
     }
 
     void rowsThatAreNotAllPromisedAreRefused()
     {
-        const QImage page = patternedPage({61, 40}, 8);
-        writeStrips(path(), page, stripsOf(page));
+        const QImage page = patterned_page({61, 40}, 8);
+        write_strips(path(), page, strips_of(page));
         const TiffHandle tif = open_tiff(path(), "rm");
 
         QVERIFY(!start_of_stored_rows(tif.get(), page.height() + 1, page.width()).has_value());
@@ -142,7 +142,7 @@ private slots:
 
     void rowsBehindTheEndOfTheFileAreAFailure()
     {
-        const QImage page = patternedPage({61, 40}, 8);
+        const QImage page = patterned_page({61, 40}, 8);
         QVERIFY(save_as_tiff(path(), {page}));
         QFile file(path());
         QVERIFY(file.open(QIODevice::ReadOnly));

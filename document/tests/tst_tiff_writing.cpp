@@ -16,26 +16,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The value of a tag, or one that no test expects.
-quint32 longTag(TIFF *tif, quint32 tag)
+quint32 long_tag(TIFF *tif, quint32 tag)
 {
     quint32 value = 0;
     return TIFFGetField(tif, tag, &value) == 1 ? value : 0xdeadbeef;
 }
 
-quint32 shortTag(TIFF *tif, quint32 tag)
+quint32 short_tag(TIFF *tif, quint32 tag)
 {
     quint16 value = 0;
     return TIFFGetField(tif, tag, &value) == 1 ? value : 0xdeadbeef;
 }
 
-float realTag(TIFF *tif, quint32 tag)
+float real_tag(TIFF *tif, quint32 tag)
 {
     float value = 0;
     return TIFFGetField(tif, tag, &value) == 1 ? value : -1;
 }
 
 /// The file that a plain loop over the rows writes, with the library's own buffer and closing.
-void writePlainly(const QString &path, const QList<QImage> &pages)
+void write_plainly(const QString &path, const QList<QImage> &pages)
 {
     TIFF *const tif = TIFFOpen(QFile::encodeName(path).constData(), "w");
     for (const QImage &page : pages) {
@@ -115,45 +115,45 @@ void tst_tiff_writing::pageIsWrittenWithTenTags()
 {
     QFETCH(const int, depth);
 
-    QVERIFY(save_as_tiff(path(), {patternedPage({33, 9}, depth)}));
+    QVERIFY(save_as_tiff(path(), {patterned_page({33, 9}, depth)}));
 
     const TiffHandle tif = open_tiff(path(), "r");
     QVERIFY(tif);
-    QCOMPARE(shortTag(tif.get(), TIFFTAG_COMPRESSION), 1U);
-    QCOMPARE(longTag(tif.get(), TIFFTAG_IMAGEWIDTH), 33U);
-    QCOMPARE(longTag(tif.get(), TIFFTAG_IMAGELENGTH), 9U);
-    QTEST(shortTag(tif.get(), TIFFTAG_SAMPLESPERPIXEL), "samples");
-    QTEST(shortTag(tif.get(), TIFFTAG_BITSPERSAMPLE), "bits");
-    QTEST(shortTag(tif.get(), TIFFTAG_PHOTOMETRIC), "photometric");
-    QCOMPARE(shortTag(tif.get(), TIFFTAG_PLANARCONFIG), 1U);
-    QCOMPARE(shortTag(tif.get(), TIFFTAG_RESOLUTIONUNIT), 3U);
+    QCOMPARE(short_tag(tif.get(), TIFFTAG_COMPRESSION), 1U);
+    QCOMPARE(long_tag(tif.get(), TIFFTAG_IMAGEWIDTH), 33U);
+    QCOMPARE(long_tag(tif.get(), TIFFTAG_IMAGELENGTH), 9U);
+    QTEST(short_tag(tif.get(), TIFFTAG_SAMPLESPERPIXEL), "samples");
+    QTEST(short_tag(tif.get(), TIFFTAG_BITSPERSAMPLE), "bits");
+    QTEST(short_tag(tif.get(), TIFFTAG_PHOTOMETRIC), "photometric");
+    QCOMPARE(short_tag(tif.get(), TIFFTAG_PLANARCONFIG), 1U);
+    QCOMPARE(short_tag(tif.get(), TIFFTAG_RESOLUTIONUNIT), 3U);
     // Neither a colour map nor a bit order is ever written.
     quint16 *map = nullptr;
     QCOMPARE(TIFFGetField(tif.get(), TIFFTAG_COLORMAP, &map, &map, &map), 0);
-    QCOMPARE(shortTag(tif.get(), TIFFTAG_FILLORDER), 0xdeadbeef);
+    QCOMPARE(short_tag(tif.get(), TIFFTAG_FILLORDER), 0xdeadbeef);
     QCOMPARE(TIFFLastDirectory(tif.get()), 1);
 }
 
 void tst_tiff_writing::resolutionIsWrittenPerCentimetre()
 {
-    QImage page = patternedPage({5, 5});
+    QImage page = patterned_page({5, 5});
     page.setDotsPerMeterX(11811);
     page.setDotsPerMeterY(5906);
 
     QVERIFY(save_as_tiff(path(), {page}));
 
     const TiffHandle tif = open_tiff(path(), "r");
-    QCOMPARE(realTag(tif.get(), TIFFTAG_XRESOLUTION), 118.11F);
-    QCOMPARE(realTag(tif.get(), TIFFTAG_YRESOLUTION), 59.06F);
+    QCOMPARE(real_tag(tif.get(), TIFFTAG_XRESOLUTION), 118.11F);
+    QCOMPARE(real_tag(tif.get(), TIFFTAG_YRESOLUTION), 59.06F);
 }
 
 void tst_tiff_writing::rowsAreWrittenAsTheyStand_data()
 {
     QTest::addColumn<QImage>("page");
 
-    QTest::newRow("depth 8") << patternedPage({33, 9}, 8);
-    QTest::newRow("high bit first") << patternedPage({33, 9}, 1);
-    QTest::newRow("low bit first") << patternedPage({33, 9}, 1).convertToFormat(QImage::Format_MonoLSB);
+    QTest::newRow("depth 8") << patterned_page({33, 9}, 8);
+    QTest::newRow("high bit first") << patterned_page({33, 9}, 1);
+    QTest::newRow("low bit first") << patterned_page({33, 9}, 1).convertToFormat(QImage::Format_MonoLSB);
 }
 
 void tst_tiff_writing::rowsAreWrittenAsTheyStand()
@@ -189,18 +189,18 @@ void tst_tiff_writing::fileEqualsThatOfThePlainWay_data()
 
     // The larger ones take several fillings of the write buffer.
     for (const int depth : {32, 8, 1}) {
-        QTest::addRow("one pixel of depth %d", depth) << QList<QImage>{patternedPage({1, 1}, depth)};
-        QTest::addRow("depth %d", depth) << QList<QImage>{patternedPage({1001, 777}, depth)};
+        QTest::addRow("one pixel of depth %d", depth) << QList<QImage>{patterned_page({1, 1}, depth)};
+        QTest::addRow("depth %d", depth) << QList<QImage>{patterned_page({1001, 777}, depth)};
     }
-    QTest::newRow("three pages") << QList<QImage>{patternedPage({701, 555}, 1), patternedPage({600, 801}, 8),
-                                                  patternedPage({499, 333}, 32)};
-    QTest::newRow("a row longer than the buffer") << QList<QImage>{patternedPage({100001, 3}, 32)};
+    QTest::newRow("three pages") << QList<QImage>{patterned_page({701, 555}, 1), patterned_page({600, 801}, 8),
+                                                  patterned_page({499, 333}, 32)};
+    QTest::newRow("a row longer than the buffer") << QList<QImage>{patterned_page({100001, 3}, 32)};
 }
 
 void tst_tiff_writing::fileEqualsThatOfThePlainWay()
 {
     QFETCH(const QList<QImage>, pages);
-    writePlainly(path(u"plain.tif"_s), pages);
+    write_plainly(path(u"plain.tif"_s), pages);
 
     QVERIFY(save_as_tiff(path(), pages));
 
@@ -228,13 +228,13 @@ void tst_tiff_writing::pageOfAnotherDepthIsRefused()
 
 void tst_tiff_writing::foreignProgramReadsTheFile()
 {
-    const QImage page = patternedPage({60, 40});
+    const QImage page = patterned_page({60, 40});
     QVERIFY(save_as_tiff(path(), {page, page}));
 
     QCOMPARE(QProcess::execute(u"tiffcp"_s, {u"-c"_s, u"lzw"_s, path(), path(u"copy.tif"_s)}), 0);
     QCOMPARE(QProcess::execute(u"tiffcmp"_s, {path(), path(u"copy.tif"_s)}), 0);
 
-    QVERIFY(comparePictures(QImage(path()), page)); // the plug-in, which is not ours either
+    QVERIFY(compare_pictures(QImage(path()), page)); // the plug-in, which is not ours either
 }
 
 QTEST_GUILESS_MAIN(tst_tiff_writing)

@@ -29,7 +29,7 @@ const QList<ImageFormat> knownImageFormats{
 
 namespace {
 
-QList<ImageFormat> dressedFormats(const QList<QByteArray> &supported, bool addTiff)
+QList<ImageFormat> dressed_formats(const QList<QByteArray> &supported, bool addTiff)
 {
     const QList<ImageFormat> named = mergeImageFormats(imageFormatsFromSupported(supported), knownImageFormats, false);
     return mergeImageFormat(named, tiffFormat, addTiff);
@@ -39,14 +39,14 @@ QList<ImageFormat> dressedFormats(const QList<QByteArray> &supported, bool addTi
 
 const QList<ImageFormat> &readableImageFormats()
 {
-    static const QList<ImageFormat> formats = dressedFormats(QImageReader::supportedImageFormats(), false);
+    static const QList<ImageFormat> formats = dressed_formats(QImageReader::supportedImageFormats(), false);
     return formats;
 }
 
 const QList<ImageFormat> &writableImageFormats()
 {
     // TIFF is always writable: the documents have a writer of their own for it.
-    static const QList<ImageFormat> formats = dressedFormats(QImageWriter::supportedImageFormats(), true);
+    static const QList<ImageFormat> formats = dressed_formats(QImageWriter::supportedImageFormats(), true);
     return formats;
 }
 

@@ -164,7 +164,7 @@ void tst_ImageFileDialog::existingNameIsTakenAfterYes()
     const ShownDialog dialog(home);
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
     type_name(dialog, name);
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
 
     press_accept(dialog);
 
@@ -184,7 +184,7 @@ void tst_ImageFileDialog::noLeavesTheDialogOpenForAnotherName()
     const ShownDialog dialog(home);
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
     type_name(dialog, u"old.png"_s);
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
     press_accept(dialog);
     QCOMPARE(accepted.count(), 0);
     QVERIFY(dialog.isVisible());

@@ -194,7 +194,7 @@ void tst_ImageFileDialog_filters::nameTooLongForItsSuffixIsLeftAlone()
     const TemporaryHome home;
     const ShownDialog dialog(home);
     type_name(dialog, name);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     choose_filter(dialog, jpegFilter);
 
@@ -213,7 +213,7 @@ void tst_ImageFileDialog_filters::fieldOfTheOldNameLimitsTheLength()
     choose_filter(dialog, jpegFilter);
     QCOMPARE(name_in(dialog), u"abcdef.jpg"_s);
     type_name(dialog, u"abcdefg"_s);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     choose_filter(dialog, pngFilter);
 

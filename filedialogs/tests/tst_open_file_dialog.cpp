@@ -200,7 +200,7 @@ void tst_open_file_dialog::nameThatDoesNotExistKeepsTheDialogOpen()
     QFETCH(const QString, name);
     const TemporaryHome home;
     const FileDialogUser user([&name](const FileDialogUser &at) {
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
         at.type(name);
         at.pressReturn();
         QVERIFY(at.isOpen());

@@ -22,7 +22,7 @@ private slots:
 
 void tst_plain_box::answersTheButtonPressed()
 {
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
 
     QCOMPARE(show_plain_box(QMessageBox::Warning, nullptr, u"Title"_s, u"Text"_s, QMessageBox::Yes | QMessageBox::No),
              QMessageBox::No);
@@ -51,7 +51,7 @@ void tst_plain_box::showsMarkupAsItStands()
 
 void tst_plain_box::returnPressesTheDefaultButton()
 {
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
 
     (void)show_plain_box(QMessageBox::Warning, nullptr, {}, u"Text"_s, QMessageBox::Yes | QMessageBox::No,
                          QMessageBox::No);

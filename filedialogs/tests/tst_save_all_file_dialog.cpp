@@ -17,12 +17,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QCheckBox *basenameBox(const FileDialogUser &at)
+QCheckBox *basename_box(const FileDialogUser &at)
 {
     return at.dialog().findChild<QCheckBox *>("useAsBasename"_L1);
 }
 
-QLabel *autosaveLabel(const FileDialogUser &at)
+QLabel *autosave_label(const FileDialogUser &at)
 {
     return at.dialog().findChild<QLabel *>("autosaveLabel"_L1);
 }
@@ -36,7 +36,7 @@ struct Answer
     bool bUseAsBase = false;
 };
 
-Answer saveAll(const FileDialogUser::Work &work, Answer given)
+Answer save_all(const FileDialogUser::Work &work, Answer given)
 {
     const FileDialogUser user(work);
     given.bChosen = save_all_file_dialog(given.path, given.format, given.bUseAsBase, nullptr);
@@ -84,7 +84,7 @@ void tst_save_all_file_dialog::initTestCase()
 void tst_save_all_file_dialog::showsAListUnderItsTitle()
 {
     const TemporaryHome home;
-    (void)saveAll(
+    (void)save_all(
         [](const FileDialogUser &at) {
             QCOMPARE(at.dialog().windowTitle(), u"Save All"_s);
             QCOMPARE(at.dialog().viewMode(), QFileDialog::List);
@@ -99,10 +99,10 @@ void tst_save_all_file_dialog::showsAListUnderItsTitle()
 void tst_save_all_file_dialog::asksForTheBasenameInARowBelow()
 {
     const TemporaryHome home;
-    (void)saveAll(
+    (void)save_all(
         [](const FileDialogUser &at) {
-            QCOMPARE(autosaveLabel(at)->text(), u"Autosave:"_s);
-            QCOMPARE(basenameBox(at)->text(), u"Use as basename for untitled images"_s);
+            QCOMPARE(autosave_label(at)->text(), u"Autosave:"_s);
+            QCOMPARE(basename_box(at)->text(), u"Use as basename for untitled images"_s);
             const auto *grid = qobject_cast<QGridLayout *>(at.dialog().layout());
             const auto rowOf = [grid](QWidget *widget) {
                 int row = -1;
@@ -112,10 +112,10 @@ void tst_save_all_file_dialog::asksForTheBasenameInARowBelow()
                 grid->getItemPosition(grid->indexOf(widget), &row, &column, &rows, &columns);
                 return row;
             };
-            QVERIFY(rowOf(autosaveLabel(at)) > rowOf(at.dialog().findChild<QWidget *>("fileTypeCombo"_L1)));
-            QCOMPARE(rowOf(basenameBox(at)), rowOf(autosaveLabel(at)));
-            QVERIFY(basenameBox(at)->isVisible());
-            QVERIFY(autosaveLabel(at)->x() < basenameBox(at)->x());
+            QVERIFY(rowOf(autosave_label(at)) > rowOf(at.dialog().findChild<QWidget *>("fileTypeCombo"_L1)));
+            QCOMPARE(rowOf(basename_box(at)), rowOf(autosave_label(at)));
+            QVERIFY(basename_box(at)->isVisible());
+            QVERIFY(autosave_label(at)->x() < basename_box(at)->x());
             at.cancel();
         },
         {});
@@ -125,7 +125,7 @@ void tst_save_all_file_dialog::offersMultipageTiffLast()
 {
     const TemporaryHome home;
     QStringList filters;
-    (void)saveAll(
+    (void)save_all(
         [&filters](const FileDialogUser &at) {
             filters = at.dialog().nameFilters();
             at.cancel();
@@ -142,18 +142,18 @@ void tst_save_all_file_dialog::offersMultipageTiffLast()
 void tst_save_all_file_dialog::basenameIsCheckedEachTime()
 {
     const TemporaryHome home;
-    (void)saveAll(
+    (void)save_all(
         [](const FileDialogUser &at) {
-            basenameBox(at)->click();
-            QVERIFY(!basenameBox(at)->isChecked());
+            basename_box(at)->click();
+            QVERIFY(!basename_box(at)->isChecked());
             at.accept();
         },
         {.path = u"Untitled"_s});
 
     bool checkedAgain = false;
-    (void)saveAll(
+    (void)save_all(
         [&checkedAgain](const FileDialogUser &at) {
-            checkedAgain = basenameBox(at)->isChecked();
+            checkedAgain = basename_box(at)->isChecked();
             at.cancel();
         },
         {.path = u"Untitled"_s, .bUseAsBase = false});
@@ -184,7 +184,7 @@ void tst_save_all_file_dialog::proposesFilterAndName()
     QFETCH(const QString, filter);
     QFETCH(const QString, name);
     const TemporaryHome home;
-    (void)saveAll(
+    (void)save_all(
         [&](const FileDialogUser &at) {
             QCOMPARE(at.filter(), filter);
             QCOMPARE(at.name(), name);
@@ -197,7 +197,7 @@ void tst_save_all_file_dialog::relativePathIsProposedAtHomeByItsNameAlone()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll([](const FileDialogUser &at) { at.accept(); }, {.path = u"some/where/scan.png"_s});
+    const Answer answer = save_all([](const FileDialogUser &at) { at.accept(); }, {.path = u"some/where/scan.png"_s});
 
     QVERIFY(answer.bChosen);
     QCOMPARE(answer.path, home.filePath(u"scan.png"_s));
@@ -209,7 +209,7 @@ void tst_save_all_file_dialog::absolutePathIsProposedInItsDirectory()
     const QTemporaryDir elsewhere;
 
     const Answer answer =
-        saveAll([](const FileDialogUser &at) { at.accept(); }, {.path = elsewhere.filePath(u"scan.png"_s)});
+        save_all([](const FileDialogUser &at) { at.accept(); }, {.path = elsewhere.filePath(u"scan.png"_s)});
 
     QVERIFY(answer.bChosen);
     QCOMPARE(answer.path, elsewhere.filePath(u"scan.png"_s));
@@ -220,7 +220,7 @@ void tst_save_all_file_dialog::cancelIsSilentAndLeavesTheAnswerAlone()
     const TemporaryHome home;
     const DiagnosticLines lines;
 
-    const Answer answer = saveAll([](const FileDialogUser &at) { at.cancel(); }, {.path = u"Untitled"_s});
+    const Answer answer = save_all([](const FileDialogUser &at) { at.cancel(); }, {.path = u"Untitled"_s});
 
     QVERIFY(!answer.bChosen);
     QVERIFY(!answer.bUseAsBase);
@@ -233,7 +233,7 @@ void tst_save_all_file_dialog::answersPathKeyAndCheckedBasename()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.chooseFilter(jpegFilter);
             at.accept();
@@ -250,9 +250,9 @@ void tst_save_all_file_dialog::uncheckedBasenameIsAnswered()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
-            basenameBox(at)->click();
+            basename_box(at)->click();
             at.accept();
         },
         {.path = u"Untitled"_s, .bUseAsBase = true});
@@ -265,7 +265,7 @@ void tst_save_all_file_dialog::multipageTiffIsAnsweredAsTheTableSpellsIt()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.chooseFilter(multipageFilter);
             at.accept();
@@ -281,7 +281,7 @@ void tst_save_all_file_dialog::tiffIsAnsweredAsTheRegistrySpellsIt()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll([](const FileDialogUser &at) { at.accept(); }, {.path = u"scan.tif"_s});
+    const Answer answer = save_all([](const FileDialogUser &at) { at.accept(); }, {.path = u"scan.tif"_s});
 
     QVERIFY(answer.bChosen);
     QCOMPARE(answer.format, tiff_plugin_expected() ? u"tif"_s : u"TIFF"_s);
@@ -291,7 +291,7 @@ void tst_save_all_file_dialog::anyFormatIsTakenWithoutATest()
 {
     const TemporaryHome home;
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.dialog().setFormats({allFilesFormat});
             at.accept();
@@ -306,10 +306,10 @@ void tst_save_all_file_dialog::existingNameIsAskedAboutTwice()
 {
     const TemporaryHome home;
     make_file(home.filePath(u"scan.png"_s));
-    const NextBox ours = answerNextBox(QMessageBox::Yes);
-    const NextBox toolkits = answerNextBox(QMessageBox::Yes);
+    const NextBox ours = answer_next_box(QMessageBox::Yes);
+    const NextBox toolkits = answer_next_box(QMessageBox::Yes);
 
-    const Answer answer = saveAll([](const FileDialogUser &at) { at.accept(); }, {.path = u"scan.png"_s});
+    const Answer answer = save_all([](const FileDialogUser &at) { at.accept(); }, {.path = u"scan.png"_s});
 
     QVERIFY(answer.bChosen);
     QCOMPARE(ours.title(), u"Save All"_s);
@@ -325,9 +325,9 @@ void tst_save_all_file_dialog::noToTheFirstQuestionLeavesTheDialogOpen()
 {
     const TemporaryHome home;
     make_file(home.filePath(u"scan.png"_s));
-    const NextBox ours = answerNextBox(QMessageBox::No);
+    const NextBox ours = answer_next_box(QMessageBox::No);
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.accept();
             QVERIFY(at.isOpen());
@@ -342,10 +342,10 @@ void tst_save_all_file_dialog::noToTheSecondQuestionLeavesTheDialogOpen()
 {
     const TemporaryHome home;
     make_file(home.filePath(u"scan.png"_s));
-    const NextBox ours = answerNextBox(QMessageBox::Yes);
-    const NextBox toolkits = answerNextBox(QMessageBox::No);
+    const NextBox ours = answer_next_box(QMessageBox::Yes);
+    const NextBox toolkits = answer_next_box(QMessageBox::No);
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.accept();
             QVERIFY(at.isOpen());
@@ -362,7 +362,7 @@ void tst_save_all_file_dialog::acceptingWithoutANameLeavesTheAnswerAlone()
     DiagnosticLines lines;
     lines.expect(u"save_file_dialog - no name selected"_s);
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.type({});
             at.forceAccept();
@@ -381,7 +381,7 @@ void tst_save_all_file_dialog::filterThatIsNoneOfOursHasNoFormat()
     DiagnosticLines lines;
     lines.expect(u"save_file_dialog - incorrect file type selected!"_s);
 
-    const Answer answer = saveAll(
+    const Answer answer = save_all(
         [](const FileDialogUser &at) {
             at.dialog().setNameFilter(u"Others (*.png)"_s);
             at.accept();

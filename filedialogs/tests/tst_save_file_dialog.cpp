@@ -133,7 +133,7 @@ void tst_save_file_dialog::existingNameIsAskedAboutOnce()
 {
     const TemporaryHome home;
     make_file(home.filePath(u"50 %1 & more.png"_s));
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
     const FileDialogUser user([](const FileDialogUser &at) { at.accept(); });
 
     QString path = home.filePath(u"50 %1 & more.png"_s);
@@ -151,7 +151,7 @@ void tst_save_file_dialog::noLeavesTheDialogOpenForAnotherName()
 {
     const TemporaryHome home;
     make_file(home.filePath(u"old.png"_s));
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
     const FileDialogUser user([](const FileDialogUser &at) {
         at.type(u"old.png"_s);
         at.pressReturn();
@@ -207,7 +207,7 @@ void tst_save_file_dialog::filterThatIsNoneOfOursHasNoFormat()
 void tst_save_file_dialog::formatThatNobodyWritesIsRefused()
 {
     const TemporaryHome home;
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
     const FileDialogUser user([](const FileDialogUser &at) {
         at.dialog().setFormats({{u"pcx"_s, u"PCX"_s, {u"pcx"_s}}});
         at.type(u"scan.pcx"_s);

@@ -25,7 +25,7 @@ struct Proposal
     QStringList filters;
 };
 
-Proposal proposalFor(QString path, QString format, const char *onlyFormat = nullptr)
+Proposal proposal_for(QString path, QString format, const char *onlyFormat = nullptr)
 {
     Proposal proposal;
     const FileDialogUser user([&proposal](const FileDialogUser &at) {
@@ -70,7 +70,7 @@ void tst_save_file_dialog_proposal::offersWritableFormatsAlone()
 {
     const TemporaryHome home;
 
-    const QStringList filters = proposalFor({}, {}).filters;
+    const QStringList filters = proposal_for({}, {}).filters;
 
     QStringList expected;
     for (const ImageFormat &writable : writableImageFormats())
@@ -83,7 +83,7 @@ void tst_save_file_dialog_proposal::onlyFormatIsOfferedAlone()
 {
     const TemporaryHome home;
 
-    const Proposal proposal = proposalFor({}, {}, "ppm");
+    const Proposal proposal = proposal_for({}, {}, "ppm");
 
     QCOMPARE(proposal.filters, QStringList(ppmFilter));
     QCOMPARE(proposal.filter, ppmFilter);
@@ -138,7 +138,7 @@ void tst_save_file_dialog_proposal::proposesFilterAndName()
     QFETCH(const QString, name);
     const TemporaryHome home;
 
-    const Proposal proposal = proposalFor(path, format);
+    const Proposal proposal = proposal_for(path, format);
 
     QCOMPARE(proposal.filter, filter);
     QCOMPARE(proposal.name, name);
@@ -166,7 +166,7 @@ void tst_save_file_dialog_proposal::everyTiffWordProposesTheTiffRowAndKeepsTheSu
     QFETCH(const QString, name);
     const TemporaryHome home;
 
-    const Proposal proposal = proposalFor(path, format);
+    const Proposal proposal = proposal_for(path, format);
 
     QCOMPARE(proposal.filter, tiffFilter);
     QCOMPARE(proposal.name, name);
@@ -194,7 +194,7 @@ void tst_save_file_dialog_proposal::relativePathIsProposedAtHomeByItsNameAlone()
 {
     const TemporaryHome home;
 
-    const Proposal proposal = proposalFor(u"some/where/scan.png"_s, {});
+    const Proposal proposal = proposal_for(u"some/where/scan.png"_s, {});
 
     QCOMPARE(proposal.name, u"scan.png"_s);
     QCOMPARE(proposal.directory, home.path());
@@ -205,7 +205,7 @@ void tst_save_file_dialog_proposal::absolutePathIsProposedInItsDirectory()
     const TemporaryHome home;
     const QTemporaryDir elsewhere;
 
-    const Proposal proposal = proposalFor(elsewhere.filePath(u"scan.jpeg"_s), {});
+    const Proposal proposal = proposal_for(elsewhere.filePath(u"scan.jpeg"_s), {});
 
     QCOMPARE(proposal.name, u"scan.jpg"_s);
     QCOMPARE(proposal.directory, elsewhere.path());
@@ -215,9 +215,9 @@ void tst_save_file_dialog_proposal::proposedNameTooLongIsTold()
 {
     const TemporaryHome home;
     const QString name(252, u'a');
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
-    const Proposal proposal = proposalFor(name, {});
+    const Proposal proposal = proposal_for(name, {});
 
     QCOMPARE(box.text(), u"Can't append '.png' extension, file name is too long."_s);
     QCOMPARE(proposal.name, name);

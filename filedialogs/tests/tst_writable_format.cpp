@@ -65,7 +65,7 @@ void tst_writable_format::formatWithoutAWriterIsRefused_data()
 void tst_writable_format::formatWithoutAWriterIsRefused()
 {
     QFETCH(const QString, key);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     QVERIFY(!confirm_writable_format(key, {"bmp"}));
 
@@ -84,7 +84,7 @@ void tst_writable_format::pseudoFormatIsRefusedEvenWithAWriter_data()
 void tst_writable_format::pseudoFormatIsRefusedEvenWithAWriter()
 {
     QFETCH(const QString, key);
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     QVERIFY(!confirm_writable_format(key, {key.toLatin1()}));
 

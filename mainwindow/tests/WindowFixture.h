@@ -59,7 +59,7 @@ public:
     [[nodiscard]] QString file(const QString &name, QSize size = QSize(64, 48)) const
     {
         QString path = home.filePath(name);
-        if (!patternedPage(size).save(path))
+        if (!patterned_page(size).save(path))
             qFatal("cannot write %s", qPrintable(path));
         return path;
     }

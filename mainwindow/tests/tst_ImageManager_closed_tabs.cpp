@@ -88,7 +88,7 @@ private slots:
         fixture.action(action)->trigger();
 
         QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
-        QVERIFY(comparePictures(page_of(fixture, 0), page));
+        QVERIFY(compare_pictures(page_of(fixture, 0), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -304,7 +304,7 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = fixture.file(u"early.png"_s);
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.window.processArgs({u"imagemanager"_s, u"/nowhere/at.all"_s}, {u"imagemanager:"_s + path});
 

@@ -36,7 +36,7 @@ private slots:
         QTest::addColumn<QString>("title");
         QTest::addColumn<QImage>("expected");
 
-        const QImage page = patternedPage(QSize(64, 48));
+        const QImage page = patterned_page(QSize(64, 48));
         QImage inverted = page;
         inverted.invertPixels();
         const QTransform counterClockwise(0, -1, 1, 0, 0, 0);
@@ -61,8 +61,8 @@ private slots:
 
         edit(fixture, QString::fromLatin1(QTest::currentDataTag()), title);
 
-        QVERIFY(comparePictures(page_of(fixture), expected));
-        QVERIFY(comparePictures(fixture.currentView()->imageItem()->pageImage(), expected));
+        QVERIFY(compare_pictures(page_of(fixture), expected));
+        QVERIFY(compare_pictures(fixture.currentView()->imageItem()->pageImage(), expected));
         QCOMPARE(fixture.currentView()->canvas()->size(), expected.size());
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
         QVERIFY(fixture.enabled(u"edit_undo"_s));
@@ -151,17 +151,17 @@ private slots:
 
         fixture.action(u"edit_undo"_s)->trigger();
         QCOMPARE(snapshots(fixture).size(), 3);
-        QVERIFY(comparePictures(page_of(fixture), second));
+        QVERIFY(compare_pictures(page_of(fixture), second));
         QCOMPARE(fixture.currentView()->canvas()->size(), second.size());
         QVERIFY(fixture.enabled(u"edit_redo"_s));
 
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture), third));
+        QVERIFY(compare_pictures(page_of(fixture), third));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
 
         fixture.action(u"edit_undo"_s)->trigger();
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(page_of(fixture), first));
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s}); // an undone document counts as changed
     }
@@ -193,7 +193,7 @@ private slots:
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         QCOMPARE(fixture.currentView()->canvas()->size(), QSize(64, 48));
         QCOMPARE(fixture.titles().at(1), u"b.png*"_s);
     }
@@ -220,7 +220,7 @@ private slots:
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -247,7 +247,7 @@ private slots:
         const TemporaryHome home;
         auto window = std::make_unique<ImageManager>();
         const QString path = home.filePath(u"a.png"_s);
-        QVERIFY(patternedPage(QSize(8, 8)).save(path));
+        QVERIFY(patterned_page(QSize(8, 8)).save(path));
         QVERIFY(window->load_file(path, {}, false));
         {
             const NextDialog dialog(accepted(u"Invert"_s));

@@ -76,8 +76,8 @@ private slots:
         garbage.close();
         const NextFileDialog dialog(
             [&garbage](QFileDialog &chooser) { NextFileDialog::accept(chooser, garbage.fileName()); });
-        const NextBox first = answerNextBox(QMessageBox::Ok);
-        const NextBox second = answerNextBox(QMessageBox::Ok);
+        const NextBox first = answer_next_box(QMessageBox::Ok);
+        const NextBox second = answer_next_box(QMessageBox::Ok);
 
         fixture.action(u"file_open"_s)->trigger();
 
@@ -91,7 +91,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         ImageDocument *const document = fixture.currentView()->document();
-        QVERIFY(document->setPage(1, patternedPage(QSize(30, 20))));
+        QVERIFY(document->setPage(1, patterned_page(QSize(30, 20))));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
 
         fixture.action(u"file_save"_s)->trigger();
@@ -134,7 +134,7 @@ private slots:
         ImageDocument *const document = fixture.currentView()->document();
         document->setModified(true);
         document->fileInfo.setFile(u"/nowhere/a%1.png"_s);
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.action(u"file_save"_s)->trigger();
 
@@ -199,7 +199,7 @@ private slots:
         QStringList formats;
         for (const QString &name : {u"a.png"_s, u"b.png"_s, u"c.png"_s}) {
             QVERIFY(fixture.open(name));
-            QVERIFY(fixture.currentView()->document()->addPage(patternedPage(QSize(20, 10))));
+            QVERIFY(fixture.currentView()->document()->addPage(patterned_page(QSize(20, 10))));
             formats.append(fixture.currentView()->document()->imgFormat());
         }
         const QString path = fixture.home.filePath(u"all.tiff"_s);
@@ -241,8 +241,8 @@ private slots:
         QFETCH(bool, closed);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a%1&b.png"_s));
-        QVERIFY(fixture.currentView()->document()->setPage(1, patternedPage(QSize(30, 20))));
-        const NextBox box = answerNextBox(answer);
+        QVERIFY(fixture.currentView()->document()->setPage(1, patterned_page(QSize(30, 20))));
+        const NextBox box = answer_next_box(answer);
 
         fixture.action(u"file_close"_s)->trigger();
 
@@ -259,7 +259,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.window.load_file(fixture.file(u"scan.png"_s), {}, true));
         fixture.currentView()->document()->setModified(true);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         fixture.action(u"file_close_all"_s)->trigger();
 
@@ -286,8 +286,8 @@ private slots:
             fixture.currentView()->document()->setModified(true);
         }
         fixture.tabs()->setCurrentIndex(0);
-        const NextBox first = answerNextBox(QMessageBox::No);
-        const NextBox second = answerNextBox(QMessageBox::Cancel);
+        const NextBox first = answer_next_box(QMessageBox::No);
+        const NextBox second = answer_next_box(QMessageBox::Cancel);
 
         write_window_setting(WindowSetting::Layout, u"earlier"_s);
 
@@ -305,8 +305,8 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         fixture.currentView()->document()->setModified(true);
         fixture.currentView()->document()->fileInfo.setFile(u"/nowhere/a.png"_s);
-        const NextBox question = answerNextBox(QMessageBox::Yes);
-        const NextBox failure = answerNextBox(QMessageBox::Ok);
+        const NextBox question = answer_next_box(QMessageBox::Yes);
+        const NextBox failure = answer_next_box(QMessageBox::Ok);
 
         QVERIFY(!fixture.window.close());
 

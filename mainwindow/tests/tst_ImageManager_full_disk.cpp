@@ -22,7 +22,7 @@ constexpr qint64 BlockBytes = 4096;
 constexpr QSize NoiseSize(512, 512); ///< noise of which no writer makes less than two blocks
 constexpr quint32 Seed = 7;
 
-QImage noisePage()
+QImage noise_page()
 {
     QImage page(NoiseSize, QImage::Format_RGB32);
     QRandomGenerator random(Seed);
@@ -92,7 +92,7 @@ QStringList snapshots(const WindowFixture &fixture)
     return fixture.home.filesIn(u"tmp"_s);
 }
 
-bool isAtRest(const WindowFixture &fixture)
+bool is_at_rest(const WindowFixture &fixture)
 {
     return fixture.window.isEnabled() && fixture.window.cursor().shape() == Qt::ArrowCursor;
 }
@@ -129,14 +129,14 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         ImageDocument *const document = fixture.currentView()->document();
         const bool isIcon = suffix == u"ico"_s || suffix == u"cur"_s; // which has no more than 256 by 256 pixels
-        QVERIFY(document->setPage(1, isIcon ? noisePage().copy(0, 0, 256, 256) : noisePage()));
+        QVERIFY(document->setPage(1, isIcon ? noise_page().copy(0, 0, 256, 256) : noise_page()));
         const Filler filler(disk, freeBlocks);
         const NextFileDialog dialog([&](QFileDialog &chooser) {
             chooser.selectNameFilter(filter);
             emit chooser.filterSelected(filter);
             NextFileDialog::accept(chooser, disk.filePath(u"b."_s + suffix));
         });
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         const ToolkitLeaks leaks;
         fixture.action(u"file_save_as"_s)->trigger();
@@ -148,7 +148,7 @@ private slots:
         QVERIFY(document->isModified());
         QCOMPARE(document->filePath(), fixture.home.filePath(u"a.png"_s));
         QCOMPARE(document->imgFormat(), u"png"_s);
-        QVERIFY(isAtRest(fixture));
+        QVERIFY(is_at_rest(fixture));
         QFile::remove(disk.filePath(u"b."_s + suffix));
     }
 
@@ -156,13 +156,13 @@ private slots:
     {
         const QString path = disk.filePath(u"own.png"_s);
         WindowFixture fixture;
-        QVERIFY(patternedPage(QSize(64, 48)).save(path));
+        QVERIFY(patterned_page(QSize(64, 48)).save(path));
         QVERIFY(fixture.window.load_file(path, {}, false));
-        QVERIFY(fixture.currentView()->document()->setPage(1, noisePage()));
+        QVERIFY(fixture.currentView()->document()->setPage(1, noise_page()));
         {
             const Filler filler(disk);
-            const NextBox question = answerNextBox(QMessageBox::Yes);
-            const NextBox failure = answerNextBox(QMessageBox::Ok);
+            const NextBox question = answer_next_box(QMessageBox::Yes);
+            const NextBox failure = answer_next_box(QMessageBox::Ok);
             const ToolkitLeaks leaks;
 
             QVERIFY(!fixture.window.close());
@@ -175,7 +175,7 @@ private slots:
         fixture.action(u"file_save"_s)->trigger();
 
         QCOMPARE(fixture.titles(), QStringList{u"own.png"_s});
-        QVERIFY(comparePictures(QImage(path).convertToFormat(QImage::Format_RGB32), noisePage()));
+        QVERIFY(compare_pictures(QImage(path).convertToFormat(QImage::Format_RGB32), noise_page()));
         QFile::remove(path);
     }
 
@@ -185,7 +185,7 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = page_of(fixture);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
 
         edit(fixture, u"rotate_180"_s);
 
@@ -193,11 +193,11 @@ private slots:
         QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
         QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No);
         QCOMPARE(box.defaultButton(), QMessageBox::Yes);
-        QVERIFY(comparePictures(page_of(fixture), page.mirrored(true, true)));
+        QVERIFY(compare_pictures(page_of(fixture), page.mirrored(true, true)));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
         QCOMPARE(snapshots(fixture), QStringList());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
-        QVERIFY(isAtRest(fixture));
+        QVERIFY(is_at_rest(fixture));
     }
 
     void withoutRoomNoChangesNothing()
@@ -208,15 +208,15 @@ private slots:
         const QImage page = page_of(fixture);
         const QStringList files = snapshots(fixture);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         edit(fixture, u"rotate_180"_s);
 
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         QCOMPARE(snapshots(fixture), files);
         QVERIFY(fixture.enabled(u"edit_undo"_s));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
-        QVERIFY(isAtRest(fixture));
+        QVERIFY(is_at_rest(fixture));
     }
 
     void undoWithoutRoomAndNoLosesTheNewestPage()
@@ -226,16 +226,16 @@ private slots:
         const QImage page = page_of(fixture);
         edit(fixture, u"image_invert"_s);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
 
         QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         // Redo only brings the same page again.
         QVERIFY(fixture.enabled(u"edit_redo"_s));
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
     }
 
     void suchAnUndoOfSeveralEditsGoesToTheNewestSnapshot()
@@ -246,12 +246,12 @@ private slots:
         const QImage beforeTheLast = page_of(fixture);
         edit(fixture, u"rotate_cw"_s);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
-        QVERIFY(comparePictures(page_of(fixture), beforeTheLast));
+        QVERIFY(compare_pictures(page_of(fixture), beforeTheLast));
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture), beforeTheLast));
+        QVERIFY(compare_pictures(page_of(fixture), beforeTheLast));
     }
 
     void anEditAfterSuchAnUndoDeletesTheWholeHistory()
@@ -262,7 +262,7 @@ private slots:
         edit(fixture, u"image_invert"_s);
         QCOMPARE(snapshots(fixture).size(), 2);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
         undo(fixture);
 
         edit(fixture, u"rotate_180"_s);
@@ -279,11 +279,11 @@ private slots:
         edit(fixture, u"image_invert"_s);
         edit(fixture, u"rotate_180"_s);
         const Filler filler(disk, 2);
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
 
         undo(fixture);
 
-        QVERIFY(comparePictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(page_of(fixture), first));
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
     }
 
@@ -293,17 +293,17 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = page_of(fixture);
         const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         edit(fixture, u"rotate_180"_s);
 
         QCOMPARE(box.title(), u"Warning"_s);
         QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
         QCOMPARE(box.buttons(), QMessageBox::Ok);
-        QVERIFY(comparePictures(page_of(fixture), page.mirrored(true, true)));
+        QVERIFY(compare_pictures(page_of(fixture), page.mirrored(true, true)));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
-        QVERIFY(isAtRest(fixture));
+        QVERIFY(is_at_rest(fixture));
     }
 
     void undoThatCannotSaveThePageGoesOneStateTooFar()
@@ -314,12 +314,12 @@ private slots:
         edit(fixture, u"image_invert"_s);
         edit(fixture, u"rotate_180"_s);
         const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         undo(fixture);
 
         QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
-        QVERIFY(comparePictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(page_of(fixture), first));
     }
 
 private:

@@ -53,7 +53,7 @@ void write_icon(const QString &path)
         const auto start = static_cast<quint32>(6 + 2 * 16 + pictures.size());
         QByteArray png;
         QBuffer buffer(&png);
-        if (!patternedPage({side, side}).save(&buffer, "png"))
+        if (!patterned_page({side, side}).save(&buffer, "png"))
             qFatal("cannot write a picture");
         for (const char byte : {side, side, '\0', '\0', '\1', '\0', '\x20', '\0'})
             icon += byte;
@@ -182,7 +182,7 @@ void tst_ImageManager_kept::fileThatChangedRaisesTheQuestionAndNoSavesNothing()
     invert(fixture);
     replace_by_copy(path);
     const QByteArray bytes = bytes_of(path);
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
 
     fixture.action(u"file_save"_s)->trigger();
 
@@ -200,7 +200,7 @@ void tst_ImageManager_kept::fileThatChangedIsSavedAfterYes()
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
     QVERIFY(QFile::remove(path));
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
 
     fixture.action(u"file_save"_s)->trigger();
 
@@ -217,7 +217,7 @@ void tst_ImageManager_kept::saveAsToANewNameAsksWhereThePagesHaveGone()
     QVERIFY(QFile::remove(open_kind(fixture, u"fax"_s, u"scan.tif"_s)));
     const QString copy = fixture.home.filePath(u"copy.tif"_s);
     const NextFileDialog dialog([&](QFileDialog &at) { NextFileDialog::accept(at, copy); });
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
 
     fixture.action(u"file_save_as"_s)->trigger();
 
@@ -232,7 +232,7 @@ void tst_ImageManager_kept::saveAsAfterTheReplaceQuestionAsksNoSecondOne()
     QVERIFY(QFile::remove(open_kind(fixture, u"fax"_s, u"scan.tif"_s)));
     const QString taken = fixture.file(u"taken.tif"_s);
     const NextFileDialog dialog([&](QFileDialog &at) { NextFileDialog::accept(at, taken); });
-    const NextBox replace = answerNextBox(QMessageBox::Yes);
+    const NextBox replace = answer_next_box(QMessageBox::Yes);
 
     fixture.action(u"file_save_as"_s)->trigger();
 
@@ -250,13 +250,13 @@ void tst_ImageManager_kept::saveOverAnIconOfSeveralSizesAsks()
     QVERIFY(fixture.window.load_file(path, {}, false));
     QCOMPARE(fixture.tabs()->tabToolTip(0), QString()); // they are no pages
     {
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
         fixture.action(u"file_save"_s)->trigger();
         QCOMPARE(box.text(), question_about(u"icon.ico"_s, 2));
     }
     QCOMPARE(bytes_of(path), bytes);
     {
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
         fixture.action(u"file_save"_s)->trigger();
     }
     QVERIFY(bytes_of(path) != bytes);
@@ -269,8 +269,8 @@ void tst_ImageManager_kept::closeWithoutTheLossStays()
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
     invert(fixture);
     replace_by_copy(path);
-    const NextBox save = answerNextBox(QMessageBox::Yes);
-    const NextBox loss = answerNextBox(QMessageBox::No);
+    const NextBox save = answer_next_box(QMessageBox::Yes);
+    const NextBox loss = answer_next_box(QMessageBox::No);
 
     QVERIFY(!fixture.window.close());
 
@@ -301,7 +301,7 @@ void tst_ImageManager_kept::markupInANameIsShown()
 {
     WindowFixture fixture;
     QVERIFY(QFile::remove(open_kind(fixture, u"two pages"_s, u"<b>%2.tif"_s)));
-    const NextBox box = answerNextBox(QMessageBox::No);
+    const NextBox box = answer_next_box(QMessageBox::No);
 
     fixture.action(u"file_save"_s)->trigger();
 
@@ -344,8 +344,8 @@ void tst_ImageManager_kept::saveAllIntoOneFileAsksForEachDocumentThatCannotBeKep
             at.selectNameFilter(u"Multipage TIFF (*.tiff *.tif)"_s);
             NextFileDialog::accept(at, all);
         });
-        const NextBox first = answerNextBox(QMessageBox::Yes);
-        const NextBox second = answerNextBox(lastAnswer);
+        const NextBox first = answer_next_box(QMessageBox::Yes);
+        const NextBox second = answer_next_box(lastAnswer);
         fixture.action(u"file_save_all"_s)->trigger();
         QCOMPARE(first.text(), question_about(u"fax.tif"_s, 20));
         QCOMPARE(second.text(), question_about(u"two.tif"_s, 2));
@@ -364,8 +364,8 @@ void tst_ImageManager_kept::severalOwnPagesAreSavedAsProposed()
     WindowFixture fixture;
     const QString path = fixture.home.filePath(u"own.TIFF"_s);
     ImageDocument pages({}, {});
-    QVERIFY(pages.addPage(patternedPage({30, 20})));
-    QVERIFY(pages.addPage(patternedPage({20, 30})));
+    QVERIFY(pages.addPage(patterned_page({30, 20})));
+    QVERIFY(pages.addPage(patterned_page({20, 30})));
     QVERIFY(pages.save(path, u"TIFF"_s));
     QVERIFY(fixture.window.load_file(path, u"TIFF"_s, false));
     const QString copy = fixture.home.filePath(u"copy.TIFF"_s);

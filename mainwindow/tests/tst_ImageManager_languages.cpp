@@ -36,7 +36,7 @@ private:
     std::vector<std::unique_ptr<QTranslator>> m_translators;
 };
 
-void addLanguages()
+void add_languages()
 {
     QTest::addColumn<QString>("language");
     for (const char *const language : {"de", "es", "fr", "ja", "pl"})
@@ -51,7 +51,7 @@ QChar mnemonic(const QString &text)
 }
 
 /// Texts of a menu or bar that have no mnemonic, or one that another text has as well.
-QStringList badMnemonics(const QWidget *place)
+QStringList bad_mnemonics(const QWidget *place)
 {
     QStringList bad;
     QString used;
@@ -74,27 +74,27 @@ class tst_ImageManager_languages : public QObject
     Q_OBJECT
 
 private slots:
-    void everyMenuTextHasAKeyOfItsOwn_data() { addLanguages(); }
+    void everyMenuTextHasAKeyOfItsOwn_data() { add_languages(); }
     void everyMenuTextHasAKeyOfItsOwn()
     {
         QFETCH(const QString, language);
         const Language spoken(language);
         const WindowFixture fixture;
 
-        QCOMPARE(badMnemonics(fixture.window.menuBar()), QStringList());
+        QCOMPARE(bad_mnemonics(fixture.window.menuBar()), QStringList());
         int count = 0;
         for (const QMenu *const menu : fixture.window.findChildren<QMenu *>()) {
             const QAction *const first = menu->actions().value(0);
             // The steps of the zoom are numbers, and the window's own pop-up is the toolkit's.
             if (!first || first->text() == "8:1"_L1 || first->text() == fixture.toolBar()->windowTitle())
                 continue;
-            QCOMPARE(badMnemonics(menu), QStringList());
+            QCOMPARE(bad_mnemonics(menu), QStringList());
             ++count;
         }
         QVERIFY(count >= 10); // four of the bar, five below these, and the tools
     }
 
-    void everyTextOfAnActionIsTranslated_data() { addLanguages(); }
+    void everyTextOfAnActionIsTranslated_data() { add_languages(); }
     void everyTextOfAnActionIsTranslated()
     {
         QFETCH(const QString, language);
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(largest->whatsThis(), u"<p>Zoom<p><p>Ändert die Vergrößerung des Bildes.</p>"_s);
     }
 
-    void shortcutsAreTheSameInEveryLanguage_data() { addLanguages(); }
+    void shortcutsAreTheSameInEveryLanguage_data() { add_languages(); }
     void shortcutsAreTheSameInEveryLanguage()
     {
         QFETCH(const QString, language);
@@ -176,7 +176,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         ImageDocument *const document = fixture.currentView()->document();
-        QVERIFY(document->addPage(patternedPage({10, 10})));
+        QVERIFY(document->addPage(patterned_page({10, 10})));
 
         QVERIFY(!document->save(fixture.home.filePath(u"b.png"_s), u"PNG"_s));
 
@@ -184,12 +184,12 @@ private slots:
                  u"Les images de plusieurs pages ne sont pas prises en charge par le format <PNG>"_s);
     }
 
-    void keyOfTheFormsButtonIsTheOneThatItShows_data() { addLanguages(); }
+    void keyOfTheFormsButtonIsTheOneThatItShows_data() { add_languages(); }
     void keyOfTheFormsButtonIsTheOneThatItShows()
     {
         QFETCH(const QString, language);
         const Language spoken(language);
-        const PropertiesDialog dialog(patternedPage({10, 10}), 1.0, nullptr);
+        const PropertiesDialog dialog(patterned_page({10, 10}), 1.0, nullptr);
 
         const auto *const button = dialog.findChild<QPushButton *>(u"buttonOk"_s);
         QCOMPARE(button->shortcut(), QKeySequence(u"Alt+"_s + mnemonic(button->text()).toUpper()));

@@ -22,7 +22,7 @@ StandInFile free_memory(const QByteArray &lines)
 }
 
 /// The largest factor that a scale command offers for the current page, in tenths; 0 without a dialog.
-int offeredTenths(const WindowFixture &fixture, const QString &action)
+int offered_tenths(const WindowFixture &fixture, const QString &action)
 {
     int tenths = 0;
     {
@@ -69,9 +69,9 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         const StandInFile machine = free_memory(memory);
 
-        QTEST(offeredTenths(fixture, u"scale_horizontally"_s), "oneSide");
-        QTEST(offeredTenths(fixture, u"scale_vertically"_s), "oneSide");
-        QTEST(offeredTenths(fixture, u"scale_proportionally"_s), "bothSides");
+        QTEST(offered_tenths(fixture, u"scale_horizontally"_s), "oneSide");
+        QTEST(offered_tenths(fixture, u"scale_vertically"_s), "oneSide");
+        QTEST(offered_tenths(fixture, u"scale_proportionally"_s), "bothSides");
     }
 
     void resizingRefusesWhatMemoryCannotHold()

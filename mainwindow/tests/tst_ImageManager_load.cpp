@@ -30,7 +30,7 @@ QString multipage_file(const WindowFixture &fixture)
 {
     ImageDocument document({}, {});
     for (const int width : {101, 102, 103}) {
-        if (!document.addPage(patternedPage(QSize(width, 80))))
+        if (!document.addPage(patterned_page(QSize(width, 80))))
             qFatal("cannot add a page");
     }
     QString path = fixture.home.filePath(u"scan.tif"_s);
@@ -179,7 +179,7 @@ private slots:
         const int number = first.mid(8).chopped(1).toInt();
         QCOMPARE(first, u"Untitled%1*"_s.arg(number));
         {
-            const NextBox box = answerNextBox(QMessageBox::Ok);
+            const NextBox box = answer_next_box(QMessageBox::Ok);
             QVERIFY(!fixture.window.load_file(u"/nowhere/at.all"_s, {}, false)); // uses a number up
         }
 
@@ -224,7 +224,7 @@ private slots:
         QVERIFY(garbage.open(QIODevice::WriteOnly));
         garbage.write("no picture at all");
         garbage.close();
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         QVERIFY(!fixture.window.load_file(garbage.fileName(), {}, false));
 
@@ -238,7 +238,7 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         QVERIFY(!fixture.window.load_file(path, {}, false));
 
@@ -262,7 +262,7 @@ private slots:
             file.write("tail");
         }
         const QString copy = fixture.home.filePath(u"copy.ppm"_s);
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
         const NextFileDialog dialog([&copy](QFileDialog &chooser) {
             QCOMPARE(chooser.nameFilters().size(), 1);
             NextFileDialog::accept(chooser, copy);
@@ -283,10 +283,10 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
-        const NextBox question = answerNextBox(QMessageBox::Yes);
+        const NextBox question = answer_next_box(QMessageBox::Yes);
         const NextFileDialog dialog([](QFileDialog &chooser) { NextFileDialog::accept(chooser, u"/dev/full"_s); });
-        const NextBox replace = answerNextBox(QMessageBox::Yes);
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox replace = answer_next_box(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.window.processArgs({u"program"_s, u"-t"_s, path, fixture.file(u"a.png"_s)});
 
@@ -300,9 +300,9 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
-        const NextBox question = answerNextBox(QMessageBox::Yes);
+        const NextBox question = answer_next_box(QMessageBox::Yes);
         const NextFileDialog dialog([&path](QFileDialog &chooser) { NextFileDialog::accept(chooser, path); });
-        const NextBox replace = answerNextBox(QMessageBox::Yes);
+        const NextBox replace = answer_next_box(QMessageBox::Yes);
 
         fixture.window.processArgs({u"program"_s, u"-t"_s, path});
 
@@ -313,7 +313,7 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = sparse_file(fixture, u"large.ppm"_s, LoadLimit + 1);
-        const NextBox question = answerNextBox(QMessageBox::No);
+        const NextBox question = answer_next_box(QMessageBox::No);
 
         fixture.window.processArgs({u"program"_s, u"-t"_s, path, fixture.file(u"a.png"_s)});
 
@@ -324,7 +324,7 @@ private slots:
     {
         WindowFixture fixture;
         const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
         const NextFileDialog dialog([](QFileDialog &chooser) { chooser.reject(); });
 
         QVERIFY(!fixture.window.load_file(path, {}, false));
@@ -335,7 +335,7 @@ private slots:
         WindowFixture fixture;
         const QString path = fixture.file(u"a.png"_s);
         {
-            const NextBox box = answerNextBox(QMessageBox::Ok);
+            const NextBox box = answer_next_box(QMessageBox::Ok);
             QVERIFY(!fixture.window.load_file(path, u"bmp"_s, false));
         }
 

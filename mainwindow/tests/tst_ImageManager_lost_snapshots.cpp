@@ -24,7 +24,7 @@ QImage page_of(const ImageManager &window)
     return std::as_const(*view->document()).page(1);
 }
 
-QString snapshotPath(const WindowFixture &fixture, int index)
+QString snapshot_path(const WindowFixture &fixture, int index)
 {
     return fixture.home.filePath(u"tmp/"_s + fixture.home.filesIn(u"tmp"_s).at(index));
 }
@@ -55,12 +55,12 @@ private slots:
         edit(fixture.window, u"image_invert"_s);
         edit(fixture.window, u"rotate_180"_s);
         const QImage page = page_of(fixture.window);
-        const QString second = snapshotPath(fixture, 1);
+        const QString second = snapshot_path(fixture, 1);
         QVERIFY(keptBytes < 0 ? QFile::remove(second) : QFile::resize(second, keptBytes));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture.window), page));
+        QVERIFY(compare_pictures(page_of(fixture.window), page));
         QVERIFY(fixture.enabled(u"edit_undo"_s));
         QVERIFY(fixture.window.isEnabled());
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
@@ -71,12 +71,12 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         edit(fixture.window, u"image_invert"_s);
-        const QImage other = patternedPage(QSize(20, 30));
-        QVERIFY(other.save(snapshotPath(fixture, 0), "BMP"));
+        const QImage other = patterned_page(QSize(20, 30));
+        QVERIFY(other.save(snapshot_path(fixture, 0), "BMP"));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture.window), other));
+        QVERIFY(compare_pictures(page_of(fixture.window), other));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -91,7 +91,7 @@ private slots:
 
         QCOMPARE(fixture.home.filesIn(u"tmp"_s).size(), 1);
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture.window), page));
+        QVERIFY(compare_pictures(page_of(fixture.window), page));
     }
 
     void withoutADirectoryTheSnapshotsGoIntoTheHome()
@@ -100,7 +100,7 @@ private slots:
         QFile inTheWay(home.filePath(u"tmp"_s));
         QVERIFY(inTheWay.open(QIODevice::WriteOnly));
         const QString path = home.filePath(u"a.png"_s);
-        QVERIFY(patternedPage(QSize(64, 48)).save(path));
+        QVERIFY(patterned_page(QSize(64, 48)).save(path));
         ImageManager window;
         QVERIFY(window.load_file(path, {}, false));
         const QImage page = page_of(window);
@@ -110,7 +110,7 @@ private slots:
         const QStringList snapshots = QDir(home.path()).entryList({u"*00000001.bmp"_s}, QDir::Files);
         QCOMPARE(snapshots.size(), 1);
         window.edit_undo();
-        QVERIFY(comparePictures(page_of(window), page));
+        QVERIFY(compare_pictures(page_of(window), page));
     }
 };
 

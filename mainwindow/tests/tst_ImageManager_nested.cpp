@@ -89,13 +89,13 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = page_of(fixture, 0);
         const NextDialog dialog(accept_dialog);
-        const NextBox question = answerNextBox(answer);
+        const NextBox question = answer_next_box(answer);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
 
         fixture.action(u"image_invert"_s)->trigger();
 
         QVERIFY(fixture.window.isVisible());
-        QVERIFY(comparePictures(page_of(fixture, 0), inverted(page)));
+        QVERIFY(compare_pictures(page_of(fixture, 0), inverted(page)));
         QTRY_VERIFY(question.hasCome());
         QTRY_COMPARE(fixture.window.isVisible(), stays);
         QCOMPARE(fixture.tabs()->count(), stays ? 1 : 0);
@@ -109,7 +109,7 @@ private slots:
             const NextDialog dialog(accept_dialog);
             fixture.action(u"image_invert"_s)->trigger();
         }
-        const NextBox question = answerNextBox(QMessageBox::No);
+        const NextBox question = answer_next_box(QMessageBox::No);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
 
         fixture.action(u"edit_undo"_s)->trigger();
@@ -225,8 +225,8 @@ private slots:
 
         QTRY_COMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
         QCOMPARE(fixture.tabs()->currentIndex(), 1);
-        QVERIFY(comparePictures(page_of(fixture, 0), inverted(page)));
-        QVERIFY(comparePictures(page_of(fixture, 1), page));
+        QVERIFY(compare_pictures(page_of(fixture, 0), inverted(page)));
+        QVERIFY(compare_pictures(page_of(fixture, 1), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -271,7 +271,7 @@ private slots:
         QFETCH(const QStringList, left);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        QVERIFY(fixture.view(0)->document()->setPage(1, patternedPage(QSize(30, 20))));
+        QVERIFY(fixture.view(0)->document()->setPage(1, patterned_page(QSize(30, 20))));
         const QString path = fixture.file(u"b.png"_s);
         const Once answer([] { return open_box() != nullptr; },
                           [&] {
@@ -292,7 +292,7 @@ private slots:
         WindowFixture fixture;
         for (const QString &name : {u"a.png"_s, u"b.png"_s}) {
             QVERIFY(fixture.open(name));
-            QVERIFY(fixture.currentView()->document()->setPage(1, patternedPage(QSize(30, 20))));
+            QVERIFY(fixture.currentView()->document()->setPage(1, patterned_page(QSize(30, 20))));
         }
         const QString path = fixture.file(u"c.png"_s);
         const auto asksFor = [](const QString &name) { return open_box() && open_box()->text().contains(name); };

@@ -106,7 +106,7 @@ private slots:
         const PrintingSystem printing;
         WindowFixture fixture;
         const QString path = fixture.home.filePath(u"a.png"_s);
-        QVERIFY(patternedPage({300, 200}).convertToFormat(format).save(path));
+        QVERIFY(patterned_page({300, 200}).convertToFormat(format).save(path));
         QVERIFY(fixture.window.load_file(path, {}, false));
         QTRY_VERIFY2_WITH_TIMEOUT(printing.isUp(), printing.told().constData(), 20'000);
 

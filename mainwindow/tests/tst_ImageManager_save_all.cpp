@@ -93,7 +93,7 @@ private slots:
         fixture.tabs()->setCurrentIndex(0);
         const QString taken = fixture.file(u"sc<b>an2.png"_s);
         const Once all(asks_for_all, save_all_under(fixture, u"sc<b>an.png"_s, true));
-        const NextBox question = answerNextBox(QMessageBox::Yes);
+        const NextBox question = answer_next_box(QMessageBox::Yes);
 
         fixture.action(u"file_save_all"_s)->trigger();
 
@@ -112,7 +112,7 @@ private slots:
         fixture.tabs()->setCurrentIndex(0);
         const QString taken = fixture.file(u"scan1.png"_s);
         const Once all(asks_for_all, save_all_under(fixture, u"scan.png"_s, true));
-        const NextBox question = answerNextBox(QMessageBox::No);
+        const NextBox question = answer_next_box(QMessageBox::No);
         const Once one(asks_for_one, [&] {
             QVERIFY(!fixture.currentView()->document()->hasFile());
             QCOMPARE(fixture.currentView()->document()->imgFormat(), u"BMP"_s);
@@ -134,7 +134,7 @@ private slots:
         const QString title = fixture.titles().at(0);
         const QString taken = fixture.file(u"scan1.png"_s, QSize(30, 20));
         const Once all(asks_for_all, save_all_under(fixture, u"scan.png"_s, true));
-        const NextBox question = answerNextBox(QMessageBox::No);
+        const NextBox question = answer_next_box(QMessageBox::No);
         const Once one(asks_for_one, [] { open_chooser()->reject(); });
 
         fixture.action(u"file_save_all"_s)->trigger();
@@ -166,7 +166,7 @@ private slots:
             save_all_under(fixture, u"scan.png"_s, useAsBase)();
             QVERIFY(QDir(fixture.home.path()).mkdir(folder)); // it was free when the user chose it
         });
-        const NextBox failure = answerNextBox(QMessageBox::Ok);
+        const NextBox failure = answer_next_box(QMessageBox::Ok);
 
         fixture.action(u"file_save_all"_s)->trigger();
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Asks for a name by the dialog, which gets @p path typed in.
-void saveAs(const WindowFixture &fixture, const QString &path)
+void save_as(const WindowFixture &fixture, const QString &path)
 {
     const NextFileDialog dialog([&path](QFileDialog &chooser) {
         const QStringList filters = chooser.nameFilters().filter(u"(*.png)"_s);
@@ -29,7 +29,7 @@ void saveAs(const WindowFixture &fixture, const QString &path)
 
 void modify(const WindowFixture &fixture)
 {
-    QVERIFY(fixture.currentView()->document()->setPage(1, patternedPage(QSize(30, 20))));
+    QVERIFY(fixture.currentView()->document()->setPage(1, patterned_page(QSize(30, 20))));
 }
 
 } // namespace
@@ -59,12 +59,12 @@ private slots:
         modify(fixture);
         const QString path = fixture.home.path() + u'/' + name;
 
-        saveAs(fixture, path);
+        save_as(fixture, path);
 
         QCOMPARE(fixture.titles(), QStringList{name});
         QCOMPARE(fixture.currentView()->document()->filePath(), path);
         QCOMPARE(QDir(fixture.home.path()).entryList({u"*.png"_s}, QDir::Files), QStringList{name});
-        QVERIFY(comparePictures(QImage(path).convertToFormat(QImage::Format_RGB32), patternedPage(QSize(30, 20))));
+        QVERIFY(compare_pictures(QImage(path).convertToFormat(QImage::Format_RGB32), patterned_page(QSize(30, 20))));
     }
 
     void theQuestionQuotesAnUnusualNameAsItIs()
@@ -73,7 +73,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(name));
         modify(fixture);
-        const NextBox box = answerNextBox(QMessageBox::No);
+        const NextBox box = answer_next_box(QMessageBox::No);
 
         fixture.action(u"file_close"_s)->trigger();
 
@@ -90,7 +90,7 @@ private slots:
         // A dialog takes none so long; the document may come to one in another way.
         ImageDocument *const document = fixture.currentView()->document();
         document->fileInfo.setFile(fixture.home.filePath(QString(252, u'n') + u".png"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.action(u"file_save"_s)->trigger();
 
@@ -105,7 +105,7 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         modify(fixture);
         const ReadOnlyPlace place(fixture.home.filePath(u"a.png"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.action(u"file_save"_s)->trigger();
 
@@ -123,9 +123,9 @@ private slots:
         modify(fixture);
         QVERIFY(QDir(fixture.home.path()).mkdir(u"archive"_s));
         const ReadOnlyPlace place(fixture.home.filePath(u"archive"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
-        saveAs(fixture, fixture.home.filePath(u"archive/b.png"_s));
+        save_as(fixture, fixture.home.filePath(u"archive/b.png"_s));
 
         QCOMPARE(box.title(), u"Save failed"_s);
         QCOMPARE(box.text(), u"Error saving image: Can not open file for write: \nRead-only file system"_s);

@@ -19,7 +19,7 @@ namespace {
 constexpr QSize PageSize(4960, 7016); ///< A4 at 600 dpi
 
 /// A grey page of which no two places look alike for long.
-QImage scannedPage()
+QImage scanned_page()
 {
     QImage page(PageSize, QImage::Format_Indexed8);
     for (int i = 0; i < 256; ++i)
@@ -53,7 +53,7 @@ template <int Value> void setSlider(QDialog &dialog)
     accept(dialog);
 }
 
-void enterSize(QDialog &dialog)
+void enter_size(QDialog &dialog)
 {
     const QList<QLineEdit *> fields = dialog.findChildren<QLineEdit *>();
     QCOMPARE(fields.size(), 2);
@@ -82,7 +82,7 @@ constexpr std::array Session{
     Step{"depth_1"},
     Step{"rotate_cw"},
     Step{"depth_32"},
-    Step{"image_resize", enterSize},
+    Step{"image_resize", enter_size},
 };
 
 void run(const WindowFixture &fixture, const Step &step)
@@ -122,7 +122,7 @@ Look look_of(const QImage &page)
     return look;
 }
 
-qint64 bytesOfSnapshots(const WindowFixture &fixture)
+qint64 bytes_of_snapshots(const WindowFixture &fixture)
 {
     qint64 bytes = 0;
     for (const QFileInfo &file : QDir(fixture.home.filePath(u"tmp"_s)).entryInfoList(QDir::Files))
@@ -143,7 +143,7 @@ private slots:
         constexpr qint64 mostMs = 60'000; // of which an idle machine takes a fifth
         WindowFixture fixture;
         const QString path = fixture.home.filePath(u"scan.bmp"_s);
-        QVERIFY(scannedPage().save(path));
+        QVERIFY(scanned_page().save(path));
         QVERIFY(fixture.window.load_file(path, {}, false));
         for (int i = 0; i < 4; ++i) // so that a selection takes in thousands of pixels
             fixture.action(u"view_zoom_out"_s)->trigger();
@@ -168,8 +168,8 @@ private slots:
             QVERIFY2(look_of(page_of(fixture)) == looks.at(i), qPrintable(QString::number(i)));
         }
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
-        QVERIFY(comparePictures(page_of(fixture), first));
-        QVERIFY(bytesOfSnapshots(fixture) < mostBytes);
+        QVERIFY(compare_pictures(page_of(fixture), first));
+        QVERIFY(bytes_of_snapshots(fixture) < mostBytes);
 
         for (qsizetype i = 1; i < looks.size(); ++i) {
             QVERIFY(fixture.enabled(u"edit_redo"_s));
@@ -177,7 +177,7 @@ private slots:
             QVERIFY2(look_of(page_of(fixture)) == looks.at(i), qPrintable(QString::number(i)));
         }
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
-        QVERIFY(comparePictures(page_of(fixture), last));
+        QVERIFY(compare_pictures(page_of(fixture), last));
         QVERIFY2(timer.elapsed() < mostMs, qPrintable(QString::number(timer.elapsed())));
     }
 };

@@ -29,11 +29,11 @@ private slots:
 
         fixture.action(u"image_crop"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture), page.copy(10, 12, 20, 20)));
+        QVERIFY(compare_pictures(page_of(fixture), page.copy(10, 12, 20, 20)));
         QCOMPARE(fixture.currentView()->canvas()->size(), QSize(20, 20));
         QVERIFY(!fixture.enabled(u"image_crop"_s));
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
     }
 
     void aFailedCropRollsBackAndCostsTheHistory()
@@ -47,7 +47,7 @@ private slots:
 
         fixture.action(u"image_crop"_s)->trigger();
 
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         QVERIFY(snapshots(fixture).isEmpty());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
@@ -119,7 +119,7 @@ private slots:
         edit(fixture, u"scale_proportionally"_s, u"Scale Proportionally"_s);
 
         QCOMPARE(snapshots(fixture).size(), 1);
-        QVERIFY(comparePictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(page_of(fixture), page));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
     }
 

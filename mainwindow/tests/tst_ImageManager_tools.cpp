@@ -38,21 +38,21 @@ public:
     {
         const QString path = home.filePath(u"pages.tif"_s);
         ImageDocument document{QString(), QString()};
-        QImage second = patternedPage({40, 30}).convertToFormat(QImage::Format_RGB32);
+        QImage second = patterned_page({40, 30}).convertToFormat(QImage::Format_RGB32);
         second.fill(Qt::white);
-        if (!document.addPage(patternedPage({50, 40}).convertToFormat(QImage::Format_RGB32))
+        if (!document.addPage(patterned_page({50, 40}).convertToFormat(QImage::Format_RGB32))
             || !document.addPage(second) || !document.save(path, u"TIFF"_s))
             qFatal("cannot write two pages");
         return path;
     }
 };
 
-QImage pageOf(const Fixture &fixture, int tab)
+QImage page_of(const Fixture &fixture, int tab)
 {
     return fixture.view(tab)->document()->page(1);
 }
 
-bool hasChildren()
+bool has_children()
 {
     siginfo_t info{};
     return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
@@ -104,12 +104,12 @@ private slots:
         QCOMPARE(words.size(), 1);
         QVERIFY2(QRegularExpression(u"^/tmp/file[A-Za-z0-9]{6}\\.png$"_s).match(words[0]).hasMatch(),
                  qPrintable(words[0]));
-        QCOMPARE(QImage(fixture.outside.path(u"lpr.file"_s)), pageOf(fixture, 0));
+        QCOMPARE(QImage(fixture.outside.path(u"lpr.file"_s)), page_of(fixture, 0));
         QCOMPARE(fixture.outside.lines(u"lpr.mode"_s), QStringList{u"600"_s});
         QCOMPARE(fixture.outside.lines(u"lpr.directory"_s), QStringList{QDir::currentPath()});
         QCOMPARE(fixture.outside.lines(u"lpr.environment"_s), QStringList{fixture.home.path()});
         QTRY_VERIFY(!QFile::exists(words[0]));
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
     }
 
     void printTakesTheFirstPageEvenWithALaterOneOnView()
@@ -122,7 +122,7 @@ private slots:
         fixture.print();
 
         QTRY_VERIFY(fixture.outside.has(u"lpr.done"_s));
-        QCOMPARE(QImage(fixture.outside.path(u"lpr.file"_s)), pageOf(fixture, 0));
+        QCOMPARE(QImage(fixture.outside.path(u"lpr.file"_s)), page_of(fixture, 0));
         QVERIFY(QImage(fixture.outside.path(u"lpr.file"_s)) != fixture.view(0)->document()->page(2));
     }
 
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
         QCOMPARE(fixture.currentView()->cursor().shape(), Qt::ArrowCursor);
         QTRY_VERIFY(fixture.outside.has(u"lpr.done"_s));
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
         QCOMPARE(fixture.window.statusBar()->currentMessage(), u"Printing..."_s);
     }
 
@@ -166,12 +166,12 @@ private slots:
 
         QCOMPARE(fixture.window.statusBar()->currentMessage(), QString());
         fixture.outside.release(u"lpr"_s);
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
         QCOMPARE(fixture.outside.count(u"lpr.run"_s), 1);
 
         fixture.print(); // the next one is free again
         QTRY_COMPARE(fixture.outside.count(u"lpr.run"_s), 2);
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
     }
 
     void failureOfLprEndsTheJobLikeSuccess()
@@ -183,7 +183,7 @@ private slots:
         fixture.print();
 
         QTRY_VERIFY(fixture.outside.has(u"words"_s));
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
         QVERIFY(!QFile::exists(fixture.outside.lines(u"words"_s).value(0)));
     }
 
@@ -200,7 +200,7 @@ private slots:
             files.removeIf([&former](const QString &name) { return former.contains(name); });
             QCOMPARE(files.size(), 1);
             file = u"/tmp/"_s + files[0];
-            QCOMPARE(QImage(file), pageOf(fixture, 0));
+            QCOMPARE(QImage(file), page_of(fixture, 0));
 
             fixture.outside.makeLpr();
             fixture.print();
@@ -225,10 +225,10 @@ private slots:
 
         QVERIFY(!QApplication::overrideCursor());
         QCOMPARE(QDir(u"/tmp"_s).entryList({u"file*.png"_s}), former.filter(QRegularExpression(u"^file.*\\.png$"_s)));
-        QVERIFY(!hasChildren());
+        QVERIFY(!has_children());
         fixture.print(); // there is no job
         QTRY_VERIFY(fixture.outside.has(u"lpr.done"_s));
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
     }
 
     void pageMayChangeAndItsTabCloseDuringAJob()
@@ -236,7 +236,7 @@ private slots:
         Fixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         fixture.outside.hold(u"lpr"_s);
-        const QImage page = pageOf(fixture, 0);
+        const QImage page = page_of(fixture, 0);
         fixture.print();
         QTRY_VERIFY(fixture.outside.has(u"lpr.words"_s));
         const QString file = fixture.outside.lines(u"lpr.words"_s).value(0);
@@ -250,7 +250,7 @@ private slots:
 
         fixture.outside.release(u"lpr"_s);
         QTRY_VERIFY(!QFile::exists(file));
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
     }
 
     void windowThatGoesDuringAJobLeavesLprItsFileUntilItEnds()
@@ -259,7 +259,7 @@ private slots:
         const OutsideTools outside(home);
         outside.hold(u"lpr"_s);
         const QString page = home.filePath(u"a.png"_s);
-        QVERIFY(patternedPage({20, 20}).save(page));
+        QVERIFY(patterned_page({20, 20}).save(page));
         {
             ImageManager window;
             QVERIFY(window.load_file(page, {}, false));
@@ -286,7 +286,7 @@ private slots:
             QCOMPARE(fixture.outside.count(u"words"_s), i);
         }
 
-        QTRY_VERIFY(!hasChildren());
+        QTRY_VERIFY(!has_children());
         for (const QString &file : fixture.outside.lines(u"words"_s))
             QVERIFY(!QFile::exists(file));
     }
@@ -302,7 +302,7 @@ private slots:
         const QString file = fixture.home.filePath(u"gimp_input.bmp"_s);
         QTRY_VERIFY(fixture.outside.has(u"editor.done"_s));
         QCOMPARE(fixture.outside.lines(u"editor.words"_s), QStringList{file});
-        QVERIFY(pageOf(fixture, 0).save(fixture.home.filePath(u"expected.bmp"_s), "BMP"));
+        QVERIFY(page_of(fixture, 0).save(fixture.home.filePath(u"expected.bmp"_s), "BMP"));
         QCOMPARE(fixture.outside.bytes(u"editor.file"_s), fixture.outside.bytes(u"../expected.bmp"_s));
         QVERIFY(QFile::exists(file)); // and stays
         QVERIFY(!QApplication::overrideCursor());
@@ -384,7 +384,7 @@ private slots:
         ToolSettings::set_OCR_input(path);
         for (const auto set : {ToolSettings::set_graphics_editor, ToolSettings::set_OCR, ToolSettings::set_text_editor})
             set(fixture.outside.recorder(u"tool"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
 
         fixture.action(command)->trigger();
 
@@ -409,7 +409,7 @@ private slots:
         const QString text = fixture.home.filePath(u"recognized.txt"_s);
         QCOMPARE(fixture.outside.lines(u"ocr.words"_s), (QStringList{fixture.home.filePath(u"ocr_input.pbm"_s), text}));
         QCOMPARE(QImage::fromData(fixture.outside.bytes(u"ocr.file"_s), "PBM"),
-                 pageOf(fixture, 0).convertToFormat(QImage::Format_Mono));
+                 page_of(fixture, 0).convertToFormat(QImage::Format_Mono));
         QTRY_VERIFY(fixture.outside.has(u"text.done"_s));
         QCOMPARE(fixture.outside.lines(u"text.words"_s), QStringList{text});
         QCOMPARE(fixture.outside.bytes(u"text.file"_s), QByteArray("found\n"));
@@ -443,7 +443,7 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         // So many descriptors that the page can be written, but no pipe made: popen() takes two.
         ToolSettings::set_text_editor(fixture.outside.recorder(u"text"_s));
-        const NextBox box = answerNextBox(QMessageBox::Ok);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
         rlimit former{};
         QCOMPARE(::getrlimit(RLIMIT_NOFILE, &former), 0);
         const int free = ::dup(0);

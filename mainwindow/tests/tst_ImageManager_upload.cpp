@@ -44,7 +44,7 @@ void tst_ImageManager_upload::theFirstPageGoesOutWhateverPageIsOnShow()
 {
     WindowFixture fixture;
     QVERIFY(fixture.open(u"a.png"_s, QSize(64, 48)));
-    QVERIFY(fixture.currentView()->document()->addPage(patternedPage(QSize(30, 20))));
+    QVERIFY(fixture.currentView()->document()->addPage(patterned_page(QSize(30, 20))));
     FtpServer server;
     QString path;
     const NextDialog dialog([&](QDialog &form) {

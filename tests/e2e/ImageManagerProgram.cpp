@@ -19,7 +19,7 @@ Place::Place()
 QString Place::page(const QString &name, QSize size) const
 {
     QString path = m_pictures.filePath(name);
-    if (!patternedPage(size).save(path))
+    if (!patterned_page(size).save(path))
         qFatal("Place - cannot write %s", qPrintable(path));
     return path;
 }
@@ -179,5 +179,5 @@ QRect ImageManagerProgram::canvas()
 
 QPoint ImageManagerProgram::origin()
 {
-    return positionOf(m_desktop.pixel(canvas().topLeft()));
+    return position_of(m_desktop.pixel(canvas().topLeft()));
 }

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] QString home() const { return m_home.path(); }
     /// Absolute path of a name in the pictures' directory; nothing is made.
     [[nodiscard]] QString path(const QString &name) const { return m_pictures.filePath(name); }
-    /// Writes patternedPage() under the name, in the format of its suffix, and answers its path.
+    /// Writes patterned_page() under the name, in the format of its suffix, and answers its path.
     [[nodiscard]] QString page(const QString &name, QSize size = {100, 80}) const;
 
 private:
@@ -79,7 +79,7 @@ public:
 
     /// Where the picture is shown, on the screen.
     [[nodiscard]] QRect canvas();
-    /// The page's point at the canvas's top left corner at 1:1, read from a page of patternedPage().
+    /// The page's point at the canvas's top left corner at 1:1, read from a page of patterned_page().
     [[nodiscard]] QPoint origin();
 
 private:

@@ -14,17 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray encodedPage(QSize size, const char *format)
+QByteArray encoded_page(QSize size, const char *format)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!patternedPage(size).save(&buffer, format))
+    if (!patterned_page(size).save(&buffer, format))
         qFatal("encodedPage - cannot write %s", format);
     return bytes;
 }
 
-QByteArray bigEndian(quint32 value)
+QByteArray big_endian(quint32 value)
 {
     std::array<char, 4> bytes{};
     qToBigEndian(value, bytes.data());
@@ -32,7 +32,7 @@ QByteArray bigEndian(quint32 value)
 }
 
 /// The check sum that closes each PNG chunk, bit by bit as its standard tells.
-quint32 chunkChecksum(const QByteArray &bytes)
+quint32 chunk_checksum(const QByteArray &bytes)
 {
     quint32 sum = 0xffffffffU;
     for (const char byte : bytes) {
@@ -43,9 +43,10 @@ quint32 chunkChecksum(const QByteArray &bytes)
     return ~sum;
 }
 
-QByteArray pngChunk(const QByteArray &type, const QByteArray &content)
+QByteArray png_chunk(const QByteArray &type, const QByteArray &content)
 {
-    return bigEndian(static_cast<quint32>(content.size())) + type + content + bigEndian(chunkChecksum(type + content));
+    return big_endian(static_cast<quint32>(content.size())) + type + content
+        + big_endian(chunk_checksum(type + content));
 }
 
 } // namespace
@@ -58,7 +59,7 @@ bool write_bytes(const QString &path, const QByteArray &bytes)
 
 bool write_truncated(const QString &path, const char *format, double share)
 {
-    const QByteArray whole = encodedPage({100, 80}, format);
+    const QByteArray whole = encoded_page({100, 80}, format);
     return write_bytes(path, whole.first(static_cast<qsizetype>(static_cast<double>(whole.size()) * share)));
 }
 
@@ -69,20 +70,21 @@ bool make_named_pipe(const QString &path)
 
 bool make_unreadable_file(const QString &path)
 {
-    return write_bytes(path, encodedPage({100, 80}, "bmp")) && QFile::setPermissions(path, {});
+    return write_bytes(path, encoded_page({100, 80}, "bmp")) && QFile::setPermissions(path, {});
 }
 
 bool write_png_promising(const QString &path, quint32 width, quint32 height)
 {
     const QByteArray eightBitColours("\x08\x02\x00\x00\x00", 5);
     return write_bytes(path,
-                       "\x89PNG\r\n\x1a\n"_ba + pngChunk("IHDR", bigEndian(width) + bigEndian(height) + eightBitColours)
-                           + pngChunk("IDAT", qCompress(QByteArray(1000, '\0')).sliced(4)) + pngChunk("IEND", {}));
+                       "\x89PNG\r\n\x1a\n"_ba
+                           + png_chunk("IHDR", big_endian(width) + big_endian(height) + eightBitColours)
+                           + png_chunk("IDAT", qCompress(QByteArray(1000, '\0')).sliced(4)) + png_chunk("IEND", {}));
 }
 
 bool write_sparse_bmp(const QString &path, qint64 bytes)
 {
     QFile file(path);
-    const QByteArray page = encodedPage({2, 2}, "bmp");
+    const QByteArray page = encoded_page({2, 2}, "bmp");
     return file.open(QIODevice::WriteOnly) && file.write(page) == page.size() && file.resize(bytes);
 }

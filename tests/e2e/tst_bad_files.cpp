@@ -46,7 +46,7 @@ Maker cut(const char *format, double share)
     return [format, share](const QString &path) { return write_truncated(path, format, share); };
 }
 
-QList<BadFile> badFiles()
+QList<BadFile> bad_files()
 {
     QList<BadFile> files{
         {"missing", u"missing.png"_s, [](const QString &) { return true; }},
@@ -79,7 +79,7 @@ void tst_bad_files::badFileGivesABoxAndTheOthersOpen_data()
 {
     QTest::addColumn<int>("number");
 
-    const QList<BadFile> files = badFiles();
+    const QList<BadFile> files = bad_files();
     for (int i = 0; i < files.size(); ++i)
         QTest::addRow("%s%s", files[i].name.startsWith("garbage"_L1) ? "garbage named " : "", files[i].row) << i;
 }
@@ -87,7 +87,7 @@ void tst_bad_files::badFileGivesABoxAndTheOthersOpen_data()
 void tst_bad_files::badFileGivesABoxAndTheOthersOpen()
 {
     QFETCH(const int, number);
-    const BadFile bad = badFiles().at(number);
+    const BadFile bad = bad_files().at(number);
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(bad.make(place.path(bad.name)));

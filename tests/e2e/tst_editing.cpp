@@ -29,7 +29,7 @@ namespace {
 constexpr QSize roomy{1100, 700};
 constexpr QSize pageSize{100, 80};
 
-QImage shownPage(ImageManagerProgram &program, QSize size)
+QImage shown_page(ImageManagerProgram &program, QSize size)
 {
     return program.desktop().picture({program.canvas().topLeft(), size});
 }
@@ -45,7 +45,7 @@ QStringList snapshots(const Place &place)
     return QDir(place.home() + u"/tmp"_s).entryList(QDir::Files);
 }
 
-Accessible dialogOf(ImageManagerProgram &program, const QString &title)
+Accessible dialog_of(ImageManagerProgram &program, const QString &title)
 {
     Accessible dialog;
     (void)QTest::qWaitFor( // a dialog that does not come is null
@@ -61,7 +61,7 @@ Accessible dialogOf(ImageManagerProgram &program, const QString &title)
 bool invert(ImageManagerProgram &program)
 {
     return program.choose(u"Image"_s, u"Invert"_s)
-        && dialogOf(program, u"Invert"_s).find(Role::Button, u"OK"_s).press();
+        && dialog_of(program, u"Invert"_s).find(Role::Button, u"OK"_s).press();
 }
 
 } // namespace
@@ -71,32 +71,32 @@ void tst_editing::invertIsTakenBackAndDoneAgain()
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
-    QTRY_VERIFY(shownPage(program, pageSize) == patternedPage(pageSize));
+    QTRY_VERIFY(shown_page(program, pageSize) == patterned_page(pageSize));
 
     QVERIFY(invert(program));
-    QTRY_VERIFY(shownPage(program, pageSize) == inverted(patternedPage(pageSize)));
+    QTRY_VERIFY(shown_page(program, pageSize) == inverted(patterned_page(pageSize)));
     QTRY_COMPARE(program.tabTitles(), QStringList{u"a.png*"_s});
     QCOMPARE(snapshots(place).size(), 1);
 
     QTRY_VERIFY(program.tool(u"Undo"_s).has(State::Enabled));
     QVERIFY(program.tool(u"Undo"_s).press());
-    QTRY_VERIFY(shownPage(program, pageSize) == patternedPage(pageSize));
+    QTRY_VERIFY(shown_page(program, pageSize) == patterned_page(pageSize));
 
     QTRY_VERIFY(program.tool(u"Redo"_s).has(State::Enabled));
     QVERIFY(program.tool(u"Redo"_s).press());
-    QTRY_VERIFY(shownPage(program, pageSize) == inverted(patternedPage(pageSize)));
+    QTRY_VERIFY(shown_page(program, pageSize) == inverted(patterned_page(pageSize)));
 }
 
 void tst_editing::brightnessIsChosenWithTheSlider()
 {
     const Place place;
     const QString grey = place.path(u"grey.png"_s);
-    QVERIFY(solidPage(pageSize, qRgb(100, 100, 100)).save(grey));
+    QVERIFY(solid_page(pageSize, qRgb(100, 100, 100)).save(grey));
     ImageManagerProgram program(place);
     QVERIFY(program.open({grey}, roomy));
 
     QVERIFY(program.choose(u"Image"_s, u"Brightness..."_s));
-    const Accessible dialog = dialogOf(program, u"Brightness"_s);
+    const Accessible dialog = dialog_of(program, u"Brightness"_s);
     QVERIFY2(!dialog.isNull(), qPrintable(program.application().tree()));
     // The slider has the focus when the dialog comes.
     QTRY_VERIFY(!dialog
@@ -108,7 +108,7 @@ void tst_editing::brightnessIsChosenWithTheSlider()
     QVERIFY(dialog.find(Role::Button, u"OK"_s).press());
 
     // The slider's end is +100 percent: twice as bright.
-    QTRY_VERIFY(shownPage(program, pageSize) == solidPage(pageSize, qRgb(200, 200, 200)));
+    QTRY_VERIFY(shown_page(program, pageSize) == solid_page(pageSize, qRgb(200, 200, 200)));
     QTRY_COMPARE(program.tabTitles(), QStringList{u"grey.png*"_s});
 }
 
@@ -119,12 +119,12 @@ void tst_editing::cancelledDialogChangesNothing()
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
     QVERIFY(program.choose(u"Image"_s, u"Contrast..."_s));
-    const Accessible dialog = dialogOf(program, u"Contrast"_s);
+    const Accessible dialog = dialog_of(program, u"Contrast"_s);
     QVERIFY(!dialog.isNull());
     program.desktop().pressKey("Escape");
     QTRY_VERIFY(program.application().find(Role::Dialog).isNull());
 
-    QVERIFY(comparePictures(shownPage(program, pageSize), patternedPage(pageSize)));
+    QVERIFY(compare_pictures(shown_page(program, pageSize), patterned_page(pageSize)));
     QCOMPARE(program.tabTitles(), QStringList{u"a.png"_s});
     QCOMPARE(snapshots(place), QStringList());
 }
@@ -140,11 +140,11 @@ void tst_editing::selectionIsCroppedAndUndoBringsThePageBack()
     QTRY_VERIFY(program.tool(u"Crop"_s).has(State::Enabled));
     QVERIFY(program.tool(u"Crop"_s).press());
 
-    QTRY_VERIFY(shownPage(program, {50, 40}) == patternedPage(pageSize).copy(20, 10, 50, 40));
+    QTRY_VERIFY(shown_page(program, {50, 40}) == patterned_page(pageSize).copy(20, 10, 50, 40));
     QTRY_VERIFY(!program.tool(u"Crop"_s).has(State::Enabled));
 
     QVERIFY(program.tool(u"Undo"_s).press());
-    QTRY_VERIFY(shownPage(program, pageSize) == patternedPage(pageSize));
+    QTRY_VERIFY(shown_page(program, pageSize) == patterned_page(pageSize));
 }
 
 void tst_editing::changedPageIsSavedUnderAnotherName()
@@ -163,10 +163,10 @@ void tst_editing::changedPageIsSavedUnderAnotherName()
     program.desktop().pressKey("Return");
 
     QTRY_COMPARE(program.tabTitles(), QStringList{u"new.png"_s});
-    QVERIFY(comparePictures(QImageReader(place.path(u"new.png"_s)).read().convertToFormat(QImage::Format_RGB32),
-                            inverted(patternedPage(pageSize))));
-    QVERIFY(comparePictures(QImageReader(place.path(u"a.png"_s)).read().convertToFormat(QImage::Format_RGB32),
-                            patternedPage(pageSize)));
+    QVERIFY(compare_pictures(QImageReader(place.path(u"new.png"_s)).read().convertToFormat(QImage::Format_RGB32),
+                             inverted(patterned_page(pageSize))));
+    QVERIFY(compare_pictures(QImageReader(place.path(u"a.png"_s)).read().convertToFormat(QImage::Format_RGB32),
+                             patterned_page(pageSize)));
 }
 
 void tst_editing::closingAChangedPageAsks()
@@ -182,8 +182,8 @@ void tst_editing::closingAChangedPageAsks()
 
     QCOMPARE(box.text, u"Image 'a.png' has been changed.\nDo you want to save it?"_s);
     QTRY_COMPARE(program.tabTitles(), QStringList());
-    QVERIFY(comparePictures(QImageReader(place.path(u"a.png"_s)).read().convertToFormat(QImage::Format_RGB32),
-                            inverted(patternedPage(pageSize))));
+    QVERIFY(compare_pictures(QImageReader(place.path(u"a.png"_s)).read().convertToFormat(QImage::Format_RGB32),
+                             inverted(patterned_page(pageSize))));
 }
 
 void tst_editing::closingRightBehindTheKeyThatAcceptsADialogEndsTheProgram()

@@ -51,11 +51,11 @@ Contents made(const QString &kind, const QString &path)
 }
 
 /// Fails the test unless the first page is the inverted one and all others are as they were.
-void verifyFirstIsInverted(const Contents &before, const QString &path)
+void verify_first_is_inverted(const Contents &before, const QString &path)
 {
     QImage inverted = before.firstPage;
     inverted.invertPixels();
-    QVERIFY(comparePictures(QImageReader(path).read().convertToFormat(QImage::Format_RGB32), inverted));
+    QVERIFY(compare_pictures(QImageReader(path).read().convertToFormat(QImage::Format_RGB32), inverted));
     const QStringList pages = told_pages(path);
     QCOMPARE(pages.size(), before.pages.size());
     QCOMPARE(pages.at(0), before.pages.at(0)); // byte order and kind
@@ -65,7 +65,7 @@ void verifyFirstIsInverted(const Contents &before, const QString &path)
 }
 
 /// Inverts the current page, saves it and waits until it counts as saved.
-bool invertAndSave(ImageManagerProgram &program)
+bool invert_and_save(ImageManagerProgram &program)
 {
     const QString name = program.currentTab();
     if (!program.invert())
@@ -75,7 +75,7 @@ bool invertAndSave(ImageManagerProgram &program)
 }
 
 /// Chooses an entry of the file menu and types a name into the dialog that comes.
-bool typeName(ImageManagerProgram &program, const QString &entry, const QList<const char *> &keys)
+bool type_name(ImageManagerProgram &program, const QString &entry, const QList<const char *> &keys)
 {
     if (!program.choose(u"File"_s, entry))
         return false;
@@ -105,13 +105,13 @@ void tst_kept_pages::filesOfTheCommandLineKeepTheirPages()
     QVERIFY(program.open(paths, roomy));
 
     for (qsizetype left = paths.size(); left > 0; --left) { // the last file is in front
-        QVERIFY(invertAndSave(program));
+        QVERIFY(invert_and_save(program));
         QVERIFY(program.choose(u"File"_s, u"Close"_s));
         QTRY_COMPARE(program.tabTitles().size(), left - 1);
     }
 
     for (const Contents &before : std::as_const(files))
-        verifyFirstIsInverted(before, before.path);
+        verify_first_is_inverted(before, before.path);
 }
 
 void tst_kept_pages::fileOfAMessageKeepsItsPages()
@@ -125,9 +125,9 @@ void tst_kept_pages::fileOfAMessageKeepsItsPages()
     QCOMPARE(second.process().waitForExit(), 0);
     QTRY_COMPARE(first.tabTitles(), (QStringList{u"a.png"_s, u"scan.tiff"_s}));
 
-    QVERIFY(invertAndSave(first));
+    QVERIFY(invert_and_save(first));
 
-    verifyFirstIsInverted(before, before.path);
+    verify_first_is_inverted(before, before.path);
 }
 
 void tst_kept_pages::fileOfTheDialogKeepsItsPages()
@@ -137,11 +137,11 @@ void tst_kept_pages::fileOfTheDialogKeepsItsPages()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
-    QVERIFY(typeName(program, u"Open..."_s, {"f", "a", "x", "period", "t", "i", "f"}));
+    QVERIFY(type_name(program, u"Open..."_s, {"f", "a", "x", "period", "t", "i", "f"}));
     QTRY_COMPARE(program.tabTitles(), (QStringList{u"a.png"_s, u"fax.tif"_s}));
-    QVERIFY(invertAndSave(program));
+    QVERIFY(invert_and_save(program));
 
-    verifyFirstIsInverted(before, before.path);
+    verify_first_is_inverted(before, before.path);
 }
 
 void tst_kept_pages::pagesGoAlongToAnotherName()
@@ -152,10 +152,10 @@ void tst_kept_pages::pagesGoAlongToAnotherName()
     QVERIFY(program.open({before.path}, roomy));
     QVERIFY(program.invert());
 
-    QVERIFY(typeName(program, u"Save As..."_s, {"n", "e", "w", "period", "t", "i", "f"}));
+    QVERIFY(type_name(program, u"Save As..."_s, {"n", "e", "w", "period", "t", "i", "f"}));
 
     QTRY_COMPARE(program.tabTitles(), QStringList{u"new.tif"_s});
-    verifyFirstIsInverted(before, place.path(u"new.tif"_s));
+    verify_first_is_inverted(before, place.path(u"new.tif"_s));
     QCOMPARE(told_pages(before.path), before.pages);
 }
 

@@ -36,7 +36,7 @@ public:
     }
 };
 
-QStringList menuBarOf(ImageManagerProgram &program)
+QStringList menu_bar_of(ImageManagerProgram &program)
 {
     QStringList names;
     const QList<Accessible> menus = program.application().find(Role::MenuBar).children();
@@ -46,7 +46,7 @@ QStringList menuBarOf(ImageManagerProgram &program)
 }
 
 /// What the status bar says while the pointer rests on a tool.
-QString statusTipOf(ImageManagerProgram &program, const QString &tool)
+QString status_tip_of(ImageManagerProgram &program, const QString &tool)
 {
     // The bar comes with the first message of the page below the pointer.
     program.desktop().movePointer(program.desktop().geometry(program.window()).center());
@@ -103,9 +103,9 @@ void tst_languages::windowSpeaksTheLanguageOfTheUser()
     ProgramInLanguage program(place, QString::fromLatin1(QTest::currentDataTag()));
     QVERIFY(program.open({place.page(u"a.bmp"_s, QSize(900, 800))}, roomy));
 
-    QCOMPARE(menuBarOf(program), menuBar);
+    QCOMPARE(menu_bar_of(program), menuBar);
     QCOMPARE(program.menuEntries(editMenu), editEntries);
-    QCOMPARE(statusTipOf(program, zoomOutTool), zoomOutTip);
+    QCOMPARE(status_tip_of(program, zoomOutTool), zoomOutTip);
 }
 
 void tst_languages::localeWithoutACatalogueIsEnglish_data()
@@ -126,8 +126,8 @@ void tst_languages::localeWithoutACatalogueIsEnglish()
     ProgramInLanguage program(place, locale);
     QVERIFY(program.open({place.page(u"a.bmp"_s, QSize(900, 800))}, roomy));
 
-    QCOMPARE(menuBarOf(program), englishMenuBar);
-    QCOMPARE(statusTipOf(program, u"Zoom Out"_s), u"Zooms current image out"_s);
+    QCOMPARE(menu_bar_of(program), englishMenuBar);
+    QCOMPARE(status_tip_of(program, u"Zoom Out"_s), u"Zooms current image out"_s);
 }
 
 void tst_languages::lcAllComesBeforeLang()
@@ -137,7 +137,7 @@ void tst_languages::lcAllComesBeforeLang()
     program.process().setEnvironment(u"LC_ALL"_s, u"pl_PL.UTF-8"_s);
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
 
-    QCOMPARE(menuBarOf(program).constFirst(), u"Plik"_s);
+    QCOMPARE(menu_bar_of(program).constFirst(), u"Plik"_s);
 }
 
 void tst_languages::messageBoxSpeaksTheLanguageOfTheUser()

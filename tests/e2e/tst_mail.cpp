@@ -61,13 +61,13 @@ private:
 };
 
 /// The bytes that travel in Base64 in the last part of a message.
-QByteArray attachmentOf(const QByteArray &message)
+QByteArray attachment_of(const QByteArray &message)
 {
     const qsizetype begin = message.indexOf("\r\n\r\n", message.indexOf("Content-Disposition: attachment"));
     return QByteArray::fromBase64(message.mid(begin, message.lastIndexOf("\r\n--") - begin));
 }
 
-QByteArray bytesOf(const QString &path)
+QByteArray bytes_of(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -104,7 +104,7 @@ private slots:
         shown.program.desktop().pressKey("Return"); // Send is the default
 
         QTRY_VERIFY_WITH_TIMEOUT(server.received().endsWith("QUIT\n"), Program::patienceMs);
-        QCOMPARE(attachmentOf(server.message()), bytesOf(shown.page));
+        QCOMPARE(attachment_of(server.message()), bytes_of(shown.page));
         QVERIFY(server.message().contains("\r\nSubject: page.bmp\r\n"));
         QTRY_VERIFY_WITH_TIMEOUT(!shown.control(Role::Label, u"Message sent"_s).isNull(), Program::patienceMs);
         shown.program.desktop().pressKey("Escape");

@@ -42,7 +42,7 @@ public:
     [[nodiscard]] QString page(const QString &name) const
     {
         QString path = directory.filePath(name);
-        if (!patternedPage({40, 30}).save(path) || ::chown(QFile::encodeName(path), Nobody, Nobody) != 0)
+        if (!patterned_page({40, 30}).save(path) || ::chown(QFile::encodeName(path), Nobody, Nobody) != 0)
             qFatal("no page for another user");
         return path;
     }

@@ -24,7 +24,7 @@ using State = Accessible::State;
 
 namespace {
 
-QByteArray bytesOf(const QString &path)
+QByteArray bytes_of(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -54,7 +54,7 @@ private:
 };
 
 /// The window that lies above all others by the window manager's word, 0 if there is none.
-XWindowId topWindow(const XPeer &peer)
+XWindowId top_window(const XPeer &peer)
 {
     constexpr long longestList = 1024; // in units of four bytes, one a window
     Atom type = 0;
@@ -140,13 +140,13 @@ void tst_single_instance::windowIsRaisedAboveTheOneThatLiesOnTop()
     const Place place;
     ImageManagerProgram first(place);
     QVERIFY(first.open({place.page(u"a.bmp"_s)}));
-    QTRY_COMPARE(topWindow(m_peer), first.window());
+    QTRY_COMPARE(top_window(m_peer), first.window());
     const ManagedWindow another(m_peer);
-    QTRY_COMPARE(topWindow(m_peer), another.id());
+    QTRY_COMPARE(top_window(m_peer), another.id());
 
     QCOMPARE(startAgain(place, {place.page(u"b.bmp"_s)}), 0);
 
-    QTRY_COMPARE(topWindow(m_peer), first.window());
+    QTRY_COMPARE(top_window(m_peer), first.window());
     QTRY_COMPARE(first.desktop().activeWindow(), first.window());
 }
 
@@ -163,7 +163,7 @@ void tst_single_instance::minimizedWindowComesUp()
     QCOMPARE(startAgain(place, {place.page(u"b.bmp"_s)}), 0);
 
     QTRY_VERIFY(m_peer.isShown(first.window()));
-    QTRY_COMPARE(topWindow(m_peer), first.window());
+    QTRY_COMPARE(top_window(m_peer), first.window());
     QTRY_COMPARE(first.desktop().activeWindow(), first.window());
 }
 
@@ -282,7 +282,7 @@ void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing(
     QFETCH(const QStringList, badFiles);
     const Place place;
     const QString path = place.page(u"a.bmp"_s);
-    const QByteArray saved = bytesOf(path);
+    const QByteArray saved = bytes_of(path);
     QStringList arguments;
     for (const QString &name : badFiles)
         arguments.append(place.path(name));
@@ -295,7 +295,7 @@ void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing(
     for (qsizetype i = 0; i < badFiles.size(); ++i)
         QCOMPARE(first.answer(u"OK"_s).title, u"Load failed"_s);
     QCOMPARE(first.process().waitForExit(), 0); // a box that asks would keep it
-    QCOMPARE(bytesOf(path), saved);
+    QCOMPARE(bytes_of(path), saved);
 }
 
 QTEST_GUILESS_MAIN(tst_single_instance)

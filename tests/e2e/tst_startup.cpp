@@ -49,7 +49,7 @@ private slots:
 namespace {
 
 /// What the box of a file that will not load must say, answered with OK.
-bool loadFailedBoxComes(ImageManagerProgram &program)
+bool load_failed_box_comes(ImageManagerProgram &program)
 {
     const MessageBox box = program.answer(u"OK"_s);
     return box.title == "Load failed"_L1 && box.text == "Error loading file"_L1 && box.buttons == QStringList(u"OK"_s);
@@ -155,9 +155,9 @@ void tst_startup::onlyBadFilesGiveABoxEachAndStatus0()
 
     QVERIFY(program.start({place.path(u"missing.png"_s), place.path(u"bad.png"_s)}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QVERIFY(program.process().isRunning());
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QCOMPARE(program.process().waitForExit(), 0);
 }
 
@@ -168,7 +168,7 @@ void tst_startup::badFirstFileKeepsTheProgramUpIfALaterOneOpens()
 
     QVERIFY(program.start({place.path(u"missing.png"_s), place.page(u"good.png"_s)}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QTRY_COMPARE_WITH_TIMEOUT(program.tabTitles(), QStringList(u"good.png"_s), Program::patienceMs);
     QCOMPARE(program.close(), 0);
 }
@@ -198,7 +198,7 @@ void tst_startup::temporaryOptionAloneIsAFileThatFails()
 
     QVERIFY(program.start({u"-t"_s}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QCOMPARE(program.process().waitForExit(), 0);
     QCOMPARE(directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"-t"_s));
     QFile file(path);
@@ -214,7 +214,7 @@ void tst_startup::temporaryOptionAtTheEndIsAFileThatFails()
 
     QVERIFY(program.start({path, u"-t"_s}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QTRY_COMPARE_WITH_TIMEOUT(program.tabTitles(), QStringList(u"a.bmp"_s), Program::patienceMs);
     QVERIFY(program.process().isRunning());
     QVERIFY(QFile::exists(path));
@@ -228,7 +228,7 @@ void tst_startup::temporaryOptionIsCaseSensitive()
 
     QVERIFY(program.start({u"-T"_s, path}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QTRY_COMPARE_WITH_TIMEOUT(program.tabTitles(), QStringList(u"a.bmp"_s), Program::patienceMs);
     QVERIFY(QFile::exists(path));
 }
@@ -242,7 +242,7 @@ void tst_startup::unreadableTemporaryFileIsDeletedAllTheSame()
 
     QVERIFY(program.start({u"-t"_s, temporary, place.page(u"b.bmp"_s)}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QTRY_COMPARE_WITH_TIMEOUT(program.tabTitles(), QStringList(u"b.bmp"_s), Program::patienceMs);
     QVERIFY(!QFile::exists(temporary));
 }
@@ -265,7 +265,7 @@ void tst_startup::untitledNumberCountsFailedLoads()
 
     QVERIFY(program.start({place.page(u"a.bmp"_s), place.path(u"missing.bmp"_s), u"-t"_s, place.page(u"c.bmp"_s)}));
 
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
     QTRY_COMPARE_WITH_TIMEOUT(program.tabTitles(), (QStringList{u"a.bmp"_s, u"Untitled3*"_s}), Program::patienceMs);
 }
 
@@ -286,8 +286,8 @@ void tst_startup::pathWithAColonFailsTwice()
 
     QVERIFY(program.start({place.page(u"12:30.bmp"_s)}));
 
-    QVERIFY(loadFailedBoxComes(program));
-    QVERIFY(loadFailedBoxComes(program));
+    QVERIFY(load_failed_box_comes(program));
+    QVERIFY(load_failed_box_comes(program));
     QCOMPARE(program.process().waitForExit(), 0);
 }
 

@@ -69,7 +69,7 @@ public:
     }
 };
 
-void findLprIn(ImageManagerProgram &program, const ToolPlace &place)
+void find_lpr_in(ImageManagerProgram &program, const ToolPlace &place)
 {
     program.process().setEnvironment(u"PATH"_s, place.home() + ':'_L1 + qEnvironmentVariable("PATH"));
 }
@@ -108,7 +108,7 @@ void tst_tools::printSendsThePageToLpr()
     QFETCH(const bool, byKey);
     const ToolPlace place;
     ImageManagerProgram program(place);
-    findLprIn(program, place);
+    find_lpr_in(program, place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
     if (byKey)
@@ -118,7 +118,7 @@ void tst_tools::printSendsThePageToLpr()
 
     QTRY_VERIFY_WITH_TIMEOUT(place.has(u"open"_s), Program::patienceMs);
     QCOMPARE(QImage(place.inHome(u"printed.png"_s)).convertToFormat(QImage::Format_RGB32),
-             patternedPage({100, 80}).convertToFormat(QImage::Format_RGB32));
+             patterned_page({100, 80}).convertToFormat(QImage::Format_RGB32));
     QVERIFY(place.bytes(u"words"_s).startsWith("1 /tmp/file"));
     QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(place.printFile()), Program::patienceMs);
     QCOMPARE(program.statusText(), u"Printing..."_s);
@@ -129,7 +129,7 @@ void tst_tools::lprHasNothingOfOursOpen()
 {
     const ToolPlace place;
     ImageManagerProgram program(place);
-    findLprIn(program, place);
+    find_lpr_in(program, place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
     program.desktop().pressKey("p", {"Control_L"});
@@ -155,7 +155,7 @@ void tst_tools::jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns()
     const ToolPlace place;
     place.write(u"hold"_s, {});
     ImageManagerProgram program(place);
-    findLprIn(program, place);
+    find_lpr_in(program, place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
     program.desktop().pressKey("p", {"Control_L"});
     QTRY_VERIFY_WITH_TIMEOUT(place.has(u"open"_s), Program::patienceMs);
@@ -202,7 +202,7 @@ void tst_tools::graphicsEditorGetsThePage()
     QImage edited(place.inHome(u"edited.png"_s));
     edited.setColorSpace({}); // the editor names one
     QCOMPARE(edited.convertToFormat(QImage::Format_RGB32),
-             patternedPage({100, 80}).convertToFormat(QImage::Format_RGB32));
+             patterned_page({100, 80}).convertToFormat(QImage::Format_RGB32));
     QVERIFY(place.has(u"gimp_input.bmp"_s));
     QCOMPARE(program.close(), 0);
 }

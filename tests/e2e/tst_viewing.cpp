@@ -34,16 +34,16 @@ private slots:
 namespace {
 
 constexpr QSize roomy{1100, 700};
-constexpr QSize large{2000, 1500}; ///< larger than the window and within what positionColor() tells
+constexpr QSize large{2000, 1500}; ///< larger than the window and within what position_color() tells
 
 /// Where the screen's canvas differs from @p page, as seen at 1:1 and unscrolled.
-QList<QPoint> pointsOffThePage(ImageManagerProgram &program, QSize page)
+QList<QPoint> points_off_the_page(ImageManagerProgram &program, QSize page)
 {
     const QImage seen = program.desktop().picture({program.canvas().topLeft(), page});
     QList<QPoint> points;
     for (int y = 0; y < seen.height(); ++y) {
         for (int x = 0; x < seen.width(); ++x) {
-            if (seen.pixel(x, y) != positionColor({x, y}))
+            if (seen.pixel(x, y) != position_color({x, y}))
                 points.append({x, y});
         }
     }
@@ -52,9 +52,9 @@ QList<QPoint> pointsOffThePage(ImageManagerProgram &program, QSize page)
 
 /// Where something was drawn that is not on the line round @p outline; the origin alone if too little was
 /// drawn for a line.
-QList<QPoint> pointsOffTheOutline(ImageManagerProgram &program, QSize page, const QRect &outline)
+QList<QPoint> points_off_the_outline(ImageManagerProgram &program, QSize page, const QRect &outline)
 {
-    QList<QPoint> points = pointsOffThePage(program, page);
+    QList<QPoint> points = points_off_the_page(program, page);
     if (points.size() < (outline.width() + outline.height()) / 2)
         return {QPoint()};
     points.removeIf([&outline](QPoint point) { return outline.contains(point) && !outline.contains(point, true); });
@@ -62,7 +62,7 @@ QList<QPoint> pointsOffTheOutline(ImageManagerProgram &program, QSize page, cons
 }
 
 /// The one entry that is checked, empty if there is none or more than one.
-QString checkedZoom(ImageManagerProgram &program)
+QString checked_zoom(ImageManagerProgram &program)
 {
     QStringList checked;
     const QList<Accessible> entries =
@@ -74,7 +74,7 @@ QString checkedZoom(ImageManagerProgram &program)
     return checked.size() == 1 ? checked.first() : QString();
 }
 
-void clickTool(ImageManagerProgram &program, const QString &name)
+void click_tool(ImageManagerProgram &program, const QString &name)
 {
     program.desktop().click(program.tool(name).extents().center());
 }
@@ -88,22 +88,22 @@ void tst_viewing::pictureStandsAtTheTopLeftPixelByPixel()
 
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
-    QTRY_VERIFY(comparePictures(program.desktop().picture({program.canvas().topLeft(), QSize(100, 80)}),
-                                patternedPage({100, 80})));
+    QTRY_VERIFY(compare_pictures(program.desktop().picture({program.canvas().topLeft(), QSize(100, 80)}),
+                                 patterned_page({100, 80})));
 }
 
 void tst_viewing::tabThatComesUpShowsItsOwnPicture()
 {
     const Place place;
     const QString white = place.path(u"white.png"_s);
-    QVERIFY(solidPage({100, 80}, qRgb(255, 255, 255)).save(white));
+    QVERIFY(solid_page({100, 80}, qRgb(255, 255, 255)).save(white));
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s), white}, roomy));
     QTRY_COMPARE(program.desktop().pixel(program.canvas().topLeft() + QPoint(60, 40)), qRgb(255, 255, 255));
 
     program.desktop().click(program.application().find(Role::Tab, u"a.png"_s).extents().center());
 
-    QTRY_COMPARE(program.desktop().pixel(program.canvas().topLeft() + QPoint(60, 40)), positionColor({60, 40}));
+    QTRY_COMPARE(program.desktop().pixel(program.canvas().topLeft() + QPoint(60, 40)), position_color({60, 40}));
 }
 
 void tst_viewing::zoomMenuChecksTheChosenStep_data()
@@ -129,11 +129,11 @@ void tst_viewing::zoomMenuChecksTheChosenStep()
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
-    QCOMPARE(checkedZoom(program), u"1:1"_s);
+    QCOMPARE(checked_zoom(program), u"1:1"_s);
 
     QVERIFY(program.menuEntry(u"Zoom"_s, step).press());
 
-    QTRY_COMPARE(checkedZoom(program), step);
+    QTRY_COMPARE(checked_zoom(program), step);
     QCOMPARE(program.tool(u"Zoom In"_s).has(State::Enabled), canZoomIn);
     QCOMPARE(program.tool(u"Zoom Out"_s).has(State::Enabled), canZoomOut);
 }
@@ -145,13 +145,13 @@ void tst_viewing::zoomCommandsStopAtTheEnds()
     QVERIFY(program.open({place.page(u"a.png"_s)}, roomy));
 
     for (const QString &step : {u"2:1"_s, u"4:1"_s, u"8:1"_s}) {
-        clickTool(program, u"Zoom In"_s);
-        QTRY_COMPARE(checkedZoom(program), step);
+        click_tool(program, u"Zoom In"_s);
+        QTRY_COMPARE(checked_zoom(program), step);
     }
     QTRY_VERIFY(!program.tool(u"Zoom In"_s).has(State::Enabled));
     for (const QString &step : {u"4:1"_s, u"2:1"_s, u"1:1"_s, u"1:2"_s, u"1:4"_s, u"1:8"_s, u"1:16"_s}) {
-        clickTool(program, u"Zoom Out"_s);
-        QTRY_COMPARE(checkedZoom(program), step);
+        click_tool(program, u"Zoom Out"_s);
+        QTRY_COMPARE(checked_zoom(program), step);
     }
     QTRY_VERIFY(!program.tool(u"Zoom Out"_s).has(State::Enabled));
 }
@@ -166,7 +166,7 @@ void tst_viewing::zoomedPictureShowsSquarePixels()
 
     const QPoint corner = program.canvas().topLeft();
     for (const QPoint inside : {QPoint(0, 0), QPoint(3, 0), QPoint(0, 3), QPoint(3, 3)})
-        QTRY_COMPARE(program.desktop().pixel(corner + QPoint(4 * 20, 4 * 10) + inside), positionColor({20, 10}));
+        QTRY_COMPARE(program.desktop().pixel(corner + QPoint(4 * 20, 4 * 10) + inside), position_color({20, 10}));
 }
 
 void tst_viewing::statusTellsSizeAndPointOverThePicture()
@@ -200,7 +200,7 @@ void tst_viewing::statusTellsImagePixelsWhenZoomed()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s, large)}, roomy));
     QVERIFY(program.menuEntry(u"Zoom"_s, u"1:4"_s).press());
-    QTRY_COMPARE(checkedZoom(program), u"1:4"_s);
+    QTRY_COMPARE(checked_zoom(program), u"1:4"_s);
 
     program.desktop().movePointer(program.canvas().topLeft() + QPoint(100, 50));
 
@@ -213,7 +213,7 @@ void tst_viewing::handDragMovesThePicture()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s, large)}, roomy));
     QTRY_COMPARE(program.origin(), QPoint(0, 0));
-    clickTool(program, u"Scroll"_s);
+    click_tool(program, u"Scroll"_s);
     QTRY_VERIFY(program.tool(u"Scroll"_s).has(State::Checked));
     const QPoint grip = program.canvas().topLeft() + QPoint(400, 300);
 
@@ -228,12 +228,12 @@ void tst_viewing::selectionIsDrawnAsAnOutline()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.png"_s, {300, 200})}, roomy));
     const QPoint corner = program.canvas().topLeft();
-    QTRY_VERIFY(pointsOffThePage(program, {300, 200}).isEmpty());
+    QTRY_VERIFY(points_off_the_page(program, {300, 200}).isEmpty());
 
     program.desktop().drag(corner + QPoint(20, 30), {corner + QPoint(50, 50), corner + QPoint(120, 90)});
 
     // The free corner lies on pixel (120,90), and the line runs round one pixel further out.
-    QTRY_COMPARE(pointsOffTheOutline(program, {300, 200}, QRect(QPoint(20, 30), QPoint(121, 91))), QList<QPoint>());
+    QTRY_COMPARE(points_off_the_outline(program, {300, 200}, QRect(QPoint(20, 30), QPoint(121, 91))), QList<QPoint>());
 }
 
 void tst_viewing::newSelectionTakesThePlaceOfTheOldOne()
@@ -243,11 +243,12 @@ void tst_viewing::newSelectionTakesThePlaceOfTheOldOne()
     QVERIFY(program.open({place.page(u"a.png"_s, {300, 200})}, roomy));
     const QPoint corner = program.canvas().topLeft();
     program.desktop().drag(corner + QPoint(20, 30), {corner + QPoint(50, 50), corner + QPoint(120, 90)});
-    QTRY_VERIFY(!pointsOffThePage(program, {300, 200}).isEmpty());
+    QTRY_VERIFY(!points_off_the_page(program, {300, 200}).isEmpty());
 
     program.desktop().drag(corner + QPoint(150, 100), {corner + QPoint(200, 120), corner + QPoint(250, 180)});
 
-    QTRY_COMPARE(pointsOffTheOutline(program, {300, 200}, QRect(QPoint(150, 100), QPoint(251, 181))), QList<QPoint>());
+    QTRY_COMPARE(points_off_the_outline(program, {300, 200}, QRect(QPoint(150, 100), QPoint(251, 181))),
+                 QList<QPoint>());
 }
 
 void tst_viewing::drawnSelectionEnablesCrop()

@@ -38,7 +38,7 @@ namespace {
 
 constexpr QSize roomy{1100, 700}; ///< no tool button is hidden at this size
 
-int toolHeight(ImageManagerProgram &program)
+int tool_height(ImageManagerProgram &program)
 {
     return program.tool(u"Zoom In"_s).extents().height();
 }
@@ -210,12 +210,12 @@ void tst_window::labelsSwitchedOffStayOffAfterARestart()
         ImageManagerProgram program(place);
         QVERIFY(program.open({page}, roomy));
         QVERIFY(program.menuEntry(u"View"_s, u"Labels"_s).has(State::Checked));
-        const int heightWithLabels = toolHeight(program);
+        const int heightWithLabels = tool_height(program);
 
         QVERIFY(program.menuEntry(u"View"_s, u"Labels"_s).press());
 
-        QTRY_VERIFY(toolHeight(program) < heightWithLabels);
-        heightWithoutLabels = toolHeight(program);
+        QTRY_VERIFY(tool_height(program) < heightWithLabels);
+        heightWithoutLabels = tool_height(program);
         QCOMPARE(program.close(), 0);
     }
 
@@ -223,7 +223,7 @@ void tst_window::labelsSwitchedOffStayOffAfterARestart()
     QVERIFY(again.open({page}, roomy));
 
     QVERIFY(!again.menuEntry(u"View"_s, u"Labels"_s).has(State::Checked));
-    QCOMPARE(toolHeight(again), heightWithoutLabels);
+    QCOMPARE(tool_height(again), heightWithoutLabels);
 }
 
 void tst_window::movableToolbarsStayOnAfterARestart()
@@ -268,14 +268,14 @@ void tst_window::resetLayoutBringsLabelsBackAndKeepsTheSize()
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.bmp"_s)}, roomy));
-    const int heightWithLabels = toolHeight(program);
+    const int heightWithLabels = tool_height(program);
     QVERIFY(program.menuEntry(u"View"_s, u"Labels"_s).press());
     QVERIFY(program.menuEntry(u"View"_s, u"Movable Toolbars"_s).press());
-    QTRY_VERIFY(toolHeight(program) < heightWithLabels);
+    QTRY_VERIFY(tool_height(program) < heightWithLabels);
 
     QVERIFY(program.menuEntry(u"View"_s, u"Reset Layout"_s).press());
 
-    QTRY_COMPARE(toolHeight(program), heightWithLabels);
+    QTRY_COMPARE(tool_height(program), heightWithLabels);
     QTRY_VERIFY(!program.menuEntry(u"View"_s, u"Movable Toolbars"_s).has(State::Checked));
     QVERIFY(program.menuEntry(u"View"_s, u"Labels"_s).has(State::Checked));
     QCOMPARE(program.desktop().geometry(program.window()).size(), roomy);

@@ -51,7 +51,7 @@ constexpr std::array roles{
     std::pair{ATSPI_ROLE_WINDOW, Accessible::Role::Window},
 };
 
-AtspiStateType stateType(Accessible::State state)
+AtspiStateType state_type(Accessible::State state)
 {
     switch (state) {
     case Accessible::State::Checked:
@@ -144,7 +144,7 @@ bool Accessible::has(State state) const
     AtspiStateSet *const states = atspi_accessible_get_state_set(m_node->accessible);
     if (states == nullptr)
         return false;
-    const bool contained = atspi_state_set_contains(states, stateType(state)) != FALSE;
+    const bool contained = atspi_state_set_contains(states, state_type(state)) != FALSE;
     g_object_unref(states);
     return contained;
 }

@@ -17,7 +17,7 @@ namespace {
 constexpr long longestProperty = 1 << 20; ///< in units of four bytes
 
 /// Windows of other processes come and go; Xlib's own handler would end the test for it.
-int ignoreError(Display *, XErrorEvent *)
+int ignore_error(Display *, XErrorEvent *)
 {
     return 0;
 }
@@ -76,7 +76,7 @@ Desktop::Desktop() : m_connection(std::make_unique<Connection>())
 {
     if (m_connection->display == nullptr)
         qFatal("Desktop - no X server");
-    XSetErrorHandler(ignoreError);
+    XSetErrorHandler(ignore_error);
 }
 
 Desktop::~Desktop()

@@ -15,7 +15,7 @@ DiagnosticLines *&current()
     return object;
 }
 
-void failTest(const QString &reason)
+void fail_test(const QString &reason)
 {
     QTest::qFail(qPrintable(reason), __FILE__, __LINE__);
 }
@@ -35,9 +35,9 @@ DiagnosticLines::~DiagnosticLines()
     qInstallMessageHandler(m_former);
     current() = nullptr;
     for (const QString &line : std::as_const(m_unannounced))
-        failTest("warning not announced: "_L1 + line);
+        fail_test("warning not announced: "_L1 + line);
     for (const QString &text : missing())
-        failTest("announced line did not come: "_L1 + text);
+        fail_test("announced line did not come: "_L1 + text);
 }
 
 void DiagnosticLines::expect(const QString &line)

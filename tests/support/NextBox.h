@@ -38,8 +38,8 @@ private:
     QMessageBox::StandardButton m_defaultButton = QMessageBox::NoButton;
 };
 
-/// `const NextBox box = answerNextBox(QMessageBox::No);`
-[[nodiscard]] inline NextBox answerNextBox(QMessageBox::StandardButton answer)
+/// `const NextBox box = answer_next_box(QMessageBox::No);`
+[[nodiscard]] inline NextBox answer_next_box(QMessageBox::StandardButton answer)
 {
     return NextBox(answer);
 }

@@ -13,14 +13,14 @@ namespace {
 
 constexpr int endOfProgramMs = 5000; ///< from the polite request to the kill
 
-bool isShownDialog(const Accessible &control)
+bool is_shown_dialog(const Accessible &control)
 {
     const Accessible::Role role = control.role();
     return (role == Accessible::Role::Dialog || role == Accessible::Role::Alert)
         && control.has(Accessible::State::Showing);
 }
 
-MessageBox readBox(const Accessible &dialog)
+MessageBox read_box(const Accessible &dialog)
 {
     MessageBox box;
     box.dialog = dialog;
@@ -130,8 +130,8 @@ MessageBox Program::waitForMessageBox() const
             // A box is a child of the application or of the window that it belongs to.
             const QList<Accessible> windows = application.children();
             for (const Accessible &window : windows) {
-                if (isShownDialog(window))
-                    box = readBox(window);
+                if (is_shown_dialog(window))
+                    box = read_box(window);
             }
             return !box.dialog.isNull() || !isRunning();
         },

@@ -7,14 +7,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::optional<QByteArray> environmentValue(const char *name)
+std::optional<QByteArray> environment_value(const char *name)
 {
     if (!qEnvironmentVariableIsSet(name))
         return std::nullopt;
     return qgetenv(name);
 }
 
-void restoreEnvironment(const char *name, const std::optional<QByteArray> &value)
+void restore_environment(const char *name, const std::optional<QByteArray> &value)
 {
     if (value)
         qputenv(name, *value);
@@ -24,7 +24,7 @@ void restoreEnvironment(const char *name, const std::optional<QByteArray> &value
 
 /// QSettings asks the environment once in the life of a process and keeps the answer, so a change
 /// has to be told to it.
-void pointSettingsToEnvironment()
+void point_settings_to_environment()
 {
     const QString configHome = qEnvironmentVariable("XDG_CONFIG_HOME");
     const QString path = configHome.isEmpty() ? QDir::homePath() + "/.config"_L1 : configHome;
@@ -35,21 +35,21 @@ void pointSettingsToEnvironment()
 } // namespace
 
 TemporaryHome::TemporaryHome() :
-    m_formerHome(environmentValue("HOME")),
-    m_formerConfigHome(environmentValue("XDG_CONFIG_HOME"))
+    m_formerHome(environment_value("HOME")),
+    m_formerConfigHome(environment_value("XDG_CONFIG_HOME"))
 {
     if (!m_directory.isValid())
         qFatal("TemporaryHome - %s", qPrintable(m_directory.errorString()));
     qputenv("HOME", m_directory.path().toLocal8Bit());
     qunsetenv("XDG_CONFIG_HOME");
-    pointSettingsToEnvironment();
+    point_settings_to_environment();
 }
 
 TemporaryHome::~TemporaryHome()
 {
-    restoreEnvironment("HOME", m_formerHome);
-    restoreEnvironment("XDG_CONFIG_HOME", m_formerConfigHome);
-    pointSettingsToEnvironment();
+    restore_environment("HOME", m_formerHome);
+    restore_environment("XDG_CONFIG_HOME", m_formerConfigHome);
+    point_settings_to_environment();
 }
 
 QStringList TemporaryHome::filesIn(const QString &directory) const

@@ -9,7 +9,7 @@
 namespace {
 
 // The default handler ends the program when a window of another process has gone.
-int ignoreError(Display * /*display*/, XErrorEvent * /*error*/)
+int ignore_error(Display * /*display*/, XErrorEvent * /*error*/)
 {
     return 0;
 }
@@ -24,7 +24,7 @@ struct XPeer::Connection
     {
         if (!display)
             qFatal("XPeer - no X server");
-        XSetErrorHandler(ignoreError);
+        XSetErrorHandler(ignore_error);
     }
     ~Connection() { XCloseDisplay(display); }
     Q_DISABLE_COPY_MOVE(Connection)

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int mentionedPixels = 10;
 
-QImage indexedPage(QSize size)
+QImage indexed_page(QSize size)
 {
     QImage page(size, QImage::Format_Indexed8);
     QList<QRgb> table;
@@ -23,7 +23,7 @@ QImage indexedPage(QSize size)
     return page;
 }
 
-QImage monoPage(QSize size)
+QImage mono_page(QSize size)
 {
     QImage page(size, QImage::Format_Mono);
     page.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
@@ -34,30 +34,30 @@ QImage monoPage(QSize size)
     return page;
 }
 
-QImage positionPage(QSize size)
+QImage position_page(QSize size)
 {
     QImage page(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {
         for (int x = 0; x < size.width(); ++x)
-            page.setPixel(x, y, positionColor({x, y}));
+            page.setPixel(x, y, position_color({x, y}));
     }
     return page;
 }
 
 /// What a comparison sees of a pixel: its index below depth 32, so that equal colours under two
 /// indices differ, and its colour otherwise.
-uint valueAt(const QImage &image, int x, int y)
+uint value_at(const QImage &image, int x, int y)
 {
     return image.depth() <= 8 && image.colorCount() > 0 ? static_cast<uint>(image.pixelIndex(x, y)) : image.pixel(x, y);
 }
 
-QStringList pixelDifferences(const QImage &actual, const QImage &expected)
+QStringList pixel_differences(const QImage &actual, const QImage &expected)
 {
     QStringList lines;
     for (int y = 0; y < actual.height(); ++y) {
         for (int x = 0; x < actual.width(); ++x) {
-            const uint left = valueAt(actual, x, y);
-            const uint right = valueAt(expected, x, y);
+            const uint left = value_at(actual, x, y);
+            const uint right = value_at(expected, x, y);
             if (left == right)
                 continue;
             lines.append(QString::asprintf("(%d,%d) is %08x, expected %08x", x, y, left, right));
@@ -76,7 +76,7 @@ QString outline(const QImage &image)
 
 } // namespace
 
-QImage solidPage(QSize size, QRgb color, QImage::Format format)
+QImage solid_page(QSize size, QRgb color, QImage::Format format)
 {
     QImage page(size, format);
     if (page.depth() == 1)
@@ -90,32 +90,32 @@ QImage solidPage(QSize size, QRgb color, QImage::Format format)
     return page;
 }
 
-QImage patternedPage(QSize size, int depth)
+QImage patterned_page(QSize size, int depth)
 {
     switch (depth) {
     case 1:
-        return monoPage(size);
+        return mono_page(size);
     case 8:
-        return indexedPage(size);
+        return indexed_page(size);
     case 32:
-        return positionPage(size);
+        return position_page(size);
     default:
         return {};
     }
 }
 
-QRgb positionColor(QPoint point)
+QRgb position_color(QPoint point)
 {
     const int high = (point.x() >> 8 & 15) << 4 | (point.y() >> 8 & 15);
     return qRgb(point.x() & 255, point.y() & 255, high);
 }
 
-QPoint positionOf(QRgb color)
+QPoint position_of(QRgb color)
 {
     return {qRed(color) | (qBlue(color) >> 4) << 8, qGreen(color) | (qBlue(color) & 15) << 8};
 }
 
-QString pictureDifferences(const QImage &actual, const QImage &expected)
+QString picture_differences(const QImage &actual, const QImage &expected)
 {
     if (actual.isNull() && expected.isNull())
         return {};
@@ -124,13 +124,13 @@ QString pictureDifferences(const QImage &actual, const QImage &expected)
     QStringList lines;
     if (actual.colorTable() != expected.colorTable())
         lines.append("the colour tables differ"_L1);
-    lines.append(pixelDifferences(actual, expected));
+    lines.append(pixel_differences(actual, expected));
     return lines.join(u'\n');
 }
 
-bool comparePictures(const QImage &actual, const QImage &expected)
+bool compare_pictures(const QImage &actual, const QImage &expected)
 {
-    const QString differences = pictureDifferences(actual, expected);
+    const QString differences = picture_differences(actual, expected);
     if (!differences.isEmpty())
         qInfo().noquote() << differences;
     return differences.isEmpty();

@@ -16,7 +16,7 @@ public:
     explicit ViewFixture(QSize pageSize) : view(nullptr)
     {
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^ImageItem::setImage:")));
-        const QImage page = patternedPage(pageSize);
+        const QImage page = patterned_page(pageSize);
         if (!view.setImage(page))
             qFatal("the page was refused");
         view.canvas()->resize(page.width(), page.height());

@@ -20,7 +20,7 @@ std::unique_ptr<ImageDocument> document_of(int pageCount)
 {
     auto document = std::make_unique<ImageDocument>(QString(), QString());
     for (int i = 0; i < pageCount; ++i)
-        if (!document->addPage(patternedPage(QSize(40 + 10 * i, 30))))
+        if (!document->addPage(patterned_page(QSize(40 + 10 * i, 30))))
             qFatal("a page was refused");
     return document;
 }
@@ -131,14 +131,14 @@ private slots:
 
         QVERIFY(view.cropSelection());
 
-        QVERIFY(comparePictures(document->page(1), page.copy(5, 6, 16, 12)));
+        QVERIFY(compare_pictures(document->page(1), page.copy(5, 6, 16, 12)));
     }
 
     void scrollingMarksTheVisibleRectangleOnly()
     {
         announce_pages(1);
         ImageDocument document{QString(), QString()};
-        QVERIFY(document.addPage(patternedPage(QSize(3000, 2000))));
+        QVERIFY(document.addPage(patterned_page(QSize(3000, 2000))));
         ImageDocumentView view(nullptr);
         QVERIFY(view.setDocument(&document));
         show(view);

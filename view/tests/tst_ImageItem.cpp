@@ -29,7 +29,7 @@ private slots:
         lines.expect(QStringLiteral("ImageItem::setImage:\n\timage: 7x5x8\n\tpixmap: 7x5x32"));
         Q3Canvas canvas;
         ImageItem item(nullptr, &canvas);
-        const QImage page = patternedPage(QSize(7, 5), 8);
+        const QImage page = patterned_page(QSize(7, 5), 8);
 
         QVERIFY(item.setImage(page));
 
@@ -56,7 +56,7 @@ private slots:
         Q3Canvas canvas;
         canvas.setBackgroundColor(Qt::gray);
         ImageItem item(nullptr, &canvas);
-        const QImage page = patternedPage(QSize(33, 21), depth);
+        const QImage page = patterned_page(QSize(33, 21), depth);
         QVERIFY(item.setImage(page));
 
         QImage screen(40, 30, QImage::Format_RGB32);
@@ -65,7 +65,7 @@ private slots:
         item.draw(painter);
         painter.end();
 
-        QVERIFY(comparePictures(screen.copy(0, 0, 33, 21), page.convertToFormat(QImage::Format_RGB32)));
+        QVERIFY(compare_pictures(screen.copy(0, 0, 33, 21), page.convertToFormat(QImage::Format_RGB32)));
         // The frame in the canvas colour lies right around the picture's far sides.
         QCOMPARE(QColor(screen.pixel(34, 10)), QColor(Qt::gray));
         QCOMPARE(QColor(screen.pixel(10, 22)), QColor(Qt::gray));
@@ -94,7 +94,7 @@ private slots:
                                         QRegularExpression::DotMatchesEverythingOption));
         Q3Canvas canvas;
         ImageItem item(nullptr, &canvas);
-        QVERIFY(item.setImage(patternedPage(QSize(7, 5), 1)));
+        QVERIFY(item.setImage(patterned_page(QSize(7, 5), 1)));
 
         QCOMPARE(item.dump(),
                  QStringLiteral("pos: (0.000000,0.000000,0.000000), visible: 0, pixmap: 7x5x32 image: 7x5x1"));

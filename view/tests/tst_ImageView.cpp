@@ -173,7 +173,7 @@ private slots:
         QVERIFY(fixture.view.hasSelection());
         QSignalSpy selectionChanged(&fixture.view, &ImageView::selectionChanged);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
-        const QImage turned = patternedPage(QSize(150, 200));
+        const QImage turned = patterned_page(QSize(150, 200));
 
         fixture.view.replaceImage(1, turned);
 
@@ -188,7 +188,7 @@ private slots:
         ViewFixture fixture(QSize(60, 40));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
 
-        fixture.view.replaceImage(1, solidPage(QSize(60, 40), qRgb(255, 0, 0)));
+        fixture.view.replaceImage(1, solid_page(QSize(60, 40), qRgb(255, 0, 0)));
 
         const QImage screen = fixture.view.viewport()->grab().toImage();
         QCOMPARE(QColor(screen.pixel(30, 20)), QColor(Qt::red));
@@ -204,11 +204,11 @@ private slots:
             const QPixmap pixel = fixture.view.screen()->grabWindow(fixture.view.winId(), at.x(), at.y(), 1, 1);
             return QColor(pixel.toImage().pixel(0, 0));
         };
-        QTRY_COMPARE(shown(), QColor(positionColor(QPoint(30, 20))));
+        QTRY_COMPARE(shown(), QColor(position_color(QPoint(30, 20))));
         fixture.move(QPoint(10, 10)); // drops all marks
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
 
-        fixture.view.replaceImage(1, solidPage(QSize(60, 40), qRgb(255, 0, 0)));
+        fixture.view.replaceImage(1, solid_page(QSize(60, 40), qRgb(255, 0, 0)));
 
         QTRY_COMPARE(shown(), QColor(Qt::red));
     }
@@ -232,9 +232,9 @@ private slots:
 
         const QImage screen = fixture.view.viewport()->grab().toImage();
 
-        const QImage page = patternedPage(QSize(32, 16));
+        const QImage page = patterned_page(QSize(32, 16));
         for (const QPoint point : {QPoint(0, 0), QPoint(painted.width() - 1, painted.height() - 1)}) {
-            const QPoint source = positionOf(screen.pixel(point));
+            const QPoint source = position_of(screen.pixel(point));
             const QPointF exact = QPointF(point) / factor;
             QVERIFY2(qAbs(source.x() - exact.x()) <= reach && qAbs(source.y() - exact.y()) <= reach,
                      qPrintable(u"%1,%2"_s.arg(source.x()).arg(source.y())));

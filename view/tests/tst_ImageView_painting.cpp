@@ -178,7 +178,7 @@ private slots:
     {
         ViewFixture fixture(QSize(30, 20));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
-        fixture.view.replaceImage(1, solidPage(QSize(30, 20), qRgb(255, 255, 255)));
+        fixture.view.replaceImage(1, solid_page(QSize(30, 20), qRgb(255, 255, 255)));
         QVERIFY(fixture.view.setZoomIndex(0));
         fixture.drag(QPoint(40, 40), QPoint(120, 120));
         fixture.move(QPoint(250, 180));

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString settingsFile(const TemporaryHome &home, const QString &name)
+QString settings_file(const TemporaryHome &home, const QString &name)
 {
     QString path = home.filePath(u".config/"_s + name);
     if (!QDir().mkpath(QFileInfo(path).path()))
@@ -83,7 +83,7 @@ private slots:
         QFETCH(const QString, name);
         QFETCH(const bool, isPipe);
         const TemporaryHome home;
-        const QByteArray path = QFile::encodeName(settingsFile(home, name));
+        const QByteArray path = QFile::encodeName(settings_file(home, name));
         QCOMPARE(isPipe ? ::mkfifo(path.constData(), 0600) : ::symlink("/dev/zero", path.constData()), 0);
         DiagnosticLines diagnostics;
         diagnostics.expect("avoid_odd_settings_files - "_L1 + QFile::decodeName(path)

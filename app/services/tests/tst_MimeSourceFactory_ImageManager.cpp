@@ -9,15 +9,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QMimeSource *defaultData(const QString &name)
+const QMimeSource *default_data(const QString &name)
 {
     return Q3MimeSourceFactory::defaultFactory()->data(name);
 }
 
 // Asked while the objects of this file are initialised, with nothing called by hand.
-const bool knownBeforeMain = defaultData(u"Save_gray.png"_s) != nullptr;
+const bool knownBeforeMain = default_data(u"Save_gray.png"_s) != nullptr;
 
-QImage imageIn(const QMimeSource *source)
+QImage image_in(const QMimeSource *source)
 {
     const auto *const drag = dynamic_cast<const Q3ImageDrag *>(source);
     return drag ? drag->image() : QImage();
@@ -50,7 +50,7 @@ private slots:
     void everyNameOfTheTableIsServedByTheDefaultFactory()
     {
         for (const EmbeddedImage *row = embedded_tool_pictures(); row->data; ++row) {
-            const QImage image = imageIn(defaultData(QString::fromUtf8(row->name)));
+            const QImage image = image_in(default_data(QString::fromUtf8(row->name)));
 
             QCOMPARE(image.size(), QSize(24, 24));
             QVERIFY2(image.hasAlphaChannel(), row->name);
@@ -73,13 +73,13 @@ private slots:
 
     void theRegisteredFactoryKeepsWhatItUnpacked()
     {
-        const QMimeSource *const first = defaultData(u"Redo_color.png"_s);
-        const qint64 pixels = imageIn(first).cacheKey();
+        const QMimeSource *const first = default_data(u"Redo_color.png"_s);
+        const qint64 pixels = image_in(first).cacheKey();
 
-        const QMimeSource *const second = defaultData(u"Redo_color.png"_s);
+        const QMimeSource *const second = default_data(u"Redo_color.png"_s);
 
         QCOMPARE(second, first);
-        QCOMPARE(imageIn(second).cacheKey(), pixels);
+        QCOMPARE(image_in(second).cacheKey(), pixels);
     }
 
     void whatIsInTheStoreComesBeforeTheTable()
@@ -89,7 +89,7 @@ private slots:
         own.fill(Qt::red);
         factory.setImage(u"Undo_color.png"_s, own);
 
-        QCOMPARE(imageIn(factory.data(u"Undo_color.png"_s)), own);
+        QCOMPARE(image_in(factory.data(u"Undo_color.png"_s)), own);
     }
 
     void anUnknownNameHasNoPicture_data()
@@ -112,7 +112,7 @@ private slots:
         CountingFactory factory;
 
         QVERIFY(!factory.data(name));
-        QVERIFY(!defaultData(name));
+        QVERIFY(!default_data(name));
         QCOMPARE(factory.stored, 0);
     }
 
@@ -123,7 +123,7 @@ private slots:
 
         unregister_embedded_pixmaps(); // a second factory would still answer
 
-        QVERIFY(!defaultData(u"Save_gray.png"_s));
+        QVERIFY(!default_data(u"Save_gray.png"_s));
     }
 
     void unregisteringTwiceIsHarmless()
@@ -131,7 +131,7 @@ private slots:
         unregister_embedded_pixmaps();
         unregister_embedded_pixmaps();
 
-        QVERIFY(!defaultData(u"Crop_color.png"_s));
+        QVERIFY(!default_data(u"Crop_color.png"_s));
     }
 
     void registeringAgainBringsThePicturesBack()
@@ -140,14 +140,14 @@ private slots:
 
         register_embedded_pixmaps();
 
-        QVERIFY(defaultData(u"Save_gray.png"_s));
+        QVERIFY(default_data(u"Save_gray.png"_s));
     }
 
     void aPictureDecodesIntoAPixmapWithItsAlpha()
     {
         QPixmap pixmap;
 
-        QVERIFY(Q3ImageDrag::decode(defaultData(u"ZoomIn_color.png"_s), pixmap));
+        QVERIFY(Q3ImageDrag::decode(default_data(u"ZoomIn_color.png"_s), pixmap));
 
         QCOMPARE(pixmap.size(), QSize(24, 24));
         QVERIFY(pixmap.hasAlphaChannel());

@@ -53,7 +53,7 @@ QStringList matches(const QString &text, const QString &pattern)
     return found;
 }
 
-QStringList placeMarkers(const QString &text)
+QStringList place_markers(const QString &text)
 {
     return matches(text, u"%[0-9]"_s);
 }
@@ -63,7 +63,7 @@ qsizetype mnemonics(const QString &text)
     return matches(text, u"&[^& ]"_s).size();
 }
 
-QString blanksAround(const QString &text)
+QString blanks_around(const QString &text)
 {
     const QString trimmed = text.trimmed();
     return text.first(text.indexOf(trimmed)) + '|'_L1 + text.sliced(text.indexOf(trimmed) + trimmed.size());
@@ -123,8 +123,8 @@ private slots:
         QFETCH(const QString, path);
         for (const Message &message : read_messages(path)) {
             const QByteArray where = (message.source + " -> "_L1 + message.translation).toUtf8();
-            QVERIFY2(placeMarkers(message.translation) == placeMarkers(message.source), where.constData());
-            QVERIFY2(blanksAround(message.translation) == blanksAround(message.source), where.constData());
+            QVERIFY2(place_markers(message.translation) == place_markers(message.source), where.constData());
+            QVERIFY2(blanks_around(message.translation) == blanks_around(message.source), where.constData());
             QVERIFY2(message.translation.endsWith("..."_L1) == message.source.endsWith("..."_L1), where.constData());
             QVERIFY2(matches(message.translation, u"<[^>]*>"_s) == matches(message.source, u"<[^>]*>"_s),
                      where.constData());

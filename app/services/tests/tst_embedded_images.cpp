@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList namesOf(const EmbeddedImage *row)
+QStringList names_of(const EmbeddedImage *row)
 {
     QStringList names;
     for (; row->data; ++row)
@@ -18,7 +18,7 @@ QStringList namesOf(const EmbeddedImage *row)
     return names;
 }
 
-QImage toolPicture(const QString &name)
+QImage tool_picture(const QString &name)
 {
     const EmbeddedImage *row = embedded_tool_pictures();
     while (row->data && QString::fromUtf8(row->name) != name)
@@ -27,7 +27,7 @@ QImage toolPicture(const QString &name)
 }
 
 /// The words of @p picture that show anything at all.
-QList<QRgb> visibleWords(const QImage &picture)
+QList<QRgb> visible_words(const QImage &picture)
 {
     QList<QRgb> words;
     for (int y = 0; y < picture.height(); ++y) {
@@ -39,18 +39,18 @@ QList<QRgb> visibleWords(const QImage &picture)
     return words;
 }
 
-bool isGray(QRgb word)
+bool is_gray(QRgb word)
 {
     return qRed(word) == qGreen(word) && qGreen(word) == qBlue(word);
 }
 
-bool isColourful(QRgb word)
+bool is_colourful(QRgb word)
 {
     return QColor::fromRgb(word).saturation() > 64;
 }
 
 /// How far the darkest and the lightest grey lie apart where the colour form is nearly opaque.
-int grayRange(const QImage &picture, const QImage &color)
+int gray_range(const QImage &picture, const QImage &color)
 {
     int darkest = 255;
     int lightest = 0;
@@ -65,7 +65,7 @@ int grayRange(const QImage &picture, const QImage &color)
     return lightest - darkest;
 }
 
-void addBases()
+void add_bases()
 {
     QTest::addColumn<QString>("base");
     for (const char *const base : {"Crop", "Effects", "Flip", "Properties", "Redo", "Resize", "Rotate", "Save",
@@ -97,7 +97,7 @@ private slots:
             u"ZoomOut_color.png"_s,    u"ZoomOut_disable.png"_s,    u"ZoomOut_gray.png"_s,
         };
 
-        QCOMPARE(namesOf(embedded_tool_pictures()), expected);
+        QCOMPARE(names_of(embedded_tool_pictures()), expected);
     }
 
     void aRowOfZerosClosesTheToolPictures()
@@ -149,58 +149,58 @@ private slots:
         QVERIFY2(total < 24'000, qPrintable(QString::number(total)));
     }
 
-    void aDrawingLeavesRoomAroundItself_data() { addBases(); }
+    void aDrawingLeavesRoomAroundItself_data() { add_bases(); }
     void aDrawingLeavesRoomAroundItself()
     {
         QFETCH(const QString, base);
-        const QImage color = toolPicture(base + "_color.png"_L1);
+        const QImage color = tool_picture(base + "_color.png"_L1);
 
-        const auto shown = visibleWords(color).size();
+        const auto shown = visible_words(color).size();
 
         QVERIFY2(shown > 24 * 24 / 6 && shown < 24 * 24 * 9 / 10, qPrintable(QString::number(shown)));
     }
 
-    void theColorFormHasColour_data() { addBases(); }
+    void theColorFormHasColour_data() { add_bases(); }
     void theColorFormHasColour()
     {
         QFETCH(const QString, base);
-        const QList<QRgb> words = visibleWords(toolPicture(base + "_color.png"_L1));
+        const QList<QRgb> words = visible_words(tool_picture(base + "_color.png"_L1));
 
-        QVERIFY(std::any_of(words.begin(), words.end(), isColourful));
+        QVERIFY(std::any_of(words.begin(), words.end(), is_colourful));
     }
 
-    void theGrayFormIsTheColorFormWithoutItsColours_data() { addBases(); }
+    void theGrayFormIsTheColorFormWithoutItsColours_data() { add_bases(); }
     void theGrayFormIsTheColorFormWithoutItsColours()
     {
         QFETCH(const QString, base);
-        const QImage color = toolPicture(base + "_color.png"_L1);
-        const QImage gray = toolPicture(base + "_gray.png"_L1);
-        const QList<QRgb> words = visibleWords(gray);
+        const QImage color = tool_picture(base + "_color.png"_L1);
+        const QImage gray = tool_picture(base + "_gray.png"_L1);
+        const QList<QRgb> words = visible_words(gray);
 
         QVERIFY(!words.isEmpty());
-        QVERIFY(std::all_of(words.begin(), words.end(), isGray));
+        QVERIFY(std::all_of(words.begin(), words.end(), is_gray));
         QCOMPARE(gray.convertToFormat(QImage::Format_Alpha8), color.convertToFormat(QImage::Format_Alpha8));
-        QVERIFY2(grayRange(gray, color) > 100, "the outline no longer stands out");
+        QVERIFY2(gray_range(gray, color) > 100, "the outline no longer stands out");
     }
 
-    void theDisabledFormIsGrayPaleAndThin_data() { addBases(); }
+    void theDisabledFormIsGrayPaleAndThin_data() { add_bases(); }
     void theDisabledFormIsGrayPaleAndThin()
     {
         QFETCH(const QString, base);
-        const QImage color = toolPicture(base + "_color.png"_L1);
-        const QImage disabled = toolPicture(base + "_disable.png"_L1);
-        const QList<QRgb> words = visibleWords(disabled);
+        const QImage color = tool_picture(base + "_color.png"_L1);
+        const QImage disabled = tool_picture(base + "_disable.png"_L1);
+        const QList<QRgb> words = visible_words(disabled);
 
         QVERIFY(!words.isEmpty());
-        QVERIFY(std::all_of(words.begin(), words.end(), isGray));
+        QVERIFY(std::all_of(words.begin(), words.end(), is_gray));
         QVERIFY(std::all_of(words.begin(), words.end(),
                             [](QRgb word) { return qAlpha(word) < 128 && qGray(word) >= 100; }));
-        QVERIFY(grayRange(disabled, color) < grayRange(toolPicture(base + "_gray.png"_L1), color));
+        QVERIFY(gray_range(disabled, color) < gray_range(tool_picture(base + "_gray.png"_L1), color));
     }
 
     void theProgramHasItsPictureInTheUsualSizes()
     {
-        QCOMPARE(namesOf(embedded_application_pictures()),
+        QCOMPARE(names_of(embedded_application_pictures()),
                  (QStringList{u"imagemanager_16.png"_s, u"imagemanager_24.png"_s, u"imagemanager_32.png"_s,
                               u"imagemanager_48.png"_s, u"imagemanager_64.png"_s, u"imagemanager_128.png"_s}));
     }

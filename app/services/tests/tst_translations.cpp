@@ -23,7 +23,7 @@ const QString French = u"Annuler"_s;
 const QString Spanish = u"Cancelar"_s;
 const QString English = u"Cancel"_s;
 
-QString shownText()
+QString shown_text()
 {
     return QCoreApplication::translate("dialog_frame", "Cancel");
 }
@@ -84,7 +84,7 @@ private slots:
 
         install_translations({u"probe"_s}, {catalogues.path()}, locale);
 
-        QCOMPARE(shownText(), found ? German : English);
+        QCOMPARE(shown_text(), found ? German : English);
     }
 
     void dashIsTriedBeforeTheUnderscore()
@@ -95,7 +95,7 @@ private slots:
 
         install_translations({u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
 
-        QCOMPARE(shownText(), German);
+        QCOMPARE(shown_text(), German);
     }
 
     void firstDirectoryThatHasACatalogueWins()
@@ -108,7 +108,7 @@ private slots:
 
         install_translations({u"probe"_s}, {none.path(), first.path(), second.path()}, u"de_DE"_s);
 
-        QCOMPARE(shownText(), German);
+        QCOMPARE(shown_text(), German);
     }
 
     void laterNamesAreLoadedAfterAMissingOne()
@@ -118,7 +118,7 @@ private slots:
 
         install_translations({u"absent"_s, u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
 
-        QCOMPARE(shownText(), German);
+        QCOMPARE(shown_text(), German);
     }
 
     void damagedCatalogueIsNoCatalogue()
@@ -131,7 +131,7 @@ private slots:
 
         install_translations({u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
 
-        QCOMPARE(shownText(), English);
+        QCOMPARE(shown_text(), English);
     }
 
     void withoutNamesNothingIsLoaded()
@@ -141,7 +141,7 @@ private slots:
 
         install_translations({}, {catalogues.path()}, u"de_DE"_s);
 
-        QCOMPARE(shownText(), English);
+        QCOMPARE(shown_text(), English);
     }
 
     void directoryOfThePackageIsSearchedForTheUsersLocale()
@@ -152,7 +152,7 @@ private slots:
 
         load_translations(std::array<const char *, 3>{"absent", "probe", nullptr}.data());
 
-        QCOMPARE(shownText(), German);
+        QCOMPARE(shown_text(), German);
     }
 
     void directoryOfThePackageComesAfterTheCallers()
@@ -165,7 +165,7 @@ private slots:
 
         load_program_translations({u"probe"_s}, {callers.path()});
 
-        QCOMPARE(shownText(), French);
+        QCOMPARE(shown_text(), French);
     }
 
     void oneMoreDirectoryComesAfterTheCallers()
@@ -177,9 +177,9 @@ private slots:
         more.add(u"second_de.qm"_s, u"es"_s);
 
         load_translations_from({u"first"_s}, {callers.path()}, more.path());
-        QCOMPARE(shownText(), French);
+        QCOMPARE(shown_text(), French);
         load_translations_from({u"second"_s}, {callers.path()}, more.path());
-        QCOMPARE(shownText(), Spanish);
+        QCOMPARE(shown_text(), Spanish);
     }
 
     void toolkitsDirectoryComesFirst()
@@ -189,7 +189,7 @@ private slots:
 
         load_translations_with_toolkit({}, {catalogues.path()});
 
-        QCOMPARE(shownText(), English); // the toolkit's own "qt" does not have this text
+        QCOMPARE(shown_text(), English); // the toolkit's own "qt" does not have this text
     }
 
     void toolkitsCatalogueComesAfterTheNames()

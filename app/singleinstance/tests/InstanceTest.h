@@ -14,14 +14,14 @@
 using XWindowId = XPeer::Window;
 
 /// Each test has an identity of its own, so that none finds what another has left.
-inline QString testId()
+inline QString test_id()
 {
     return QString::fromLatin1(QTest::currentTestFunction()) + QString::fromLatin1(QTest::currentDataTag());
 }
 
-inline QByteArray selectionName()
+inline QByteArray selection_name()
 {
-    return QtSingletonPrivate().selectionName(testId(), login_name());
+    return QtSingletonPrivate().selectionName(test_id(), login_name());
 }
 
 /// Command line of an application, which has to outlive it.
@@ -34,7 +34,7 @@ struct CommandLine
 
 struct Instance : CommandLine
 {
-    QtSingleApplication application{testId(), argc, argv.data(), true};
+    QtSingleApplication application{test_id(), argc, argv.data(), true};
 };
 
 /// Tells what the protocol calls.
@@ -68,17 +68,17 @@ protected:
     /// The window of the only listener of this test.
     [[nodiscard]] XWindowId listener() const
     {
-        const QList<XWindowId> windows = m_peer.windowsWith(selectionName() + "_LISTENER");
+        const QList<XWindowId> windows = m_peer.windowsWith(selection_name() + "_LISTENER");
         return windows.size() == 1 ? windows.first() : 0;
     }
     void writeMessage(const QByteArray &text)
     {
-        m_peer.write(listener(), selectionName(), "_QTSINGLEAPPLICATION", text);
+        m_peer.write(listener(), selection_name(), "_QTSINGLEAPPLICATION", text);
     }
     [[nodiscard]] XWindowId makeListener()
     {
         const XWindowId window = m_peer.makeWindow();
-        m_peer.write(window, selectionName() + "_LISTENER", selectionName() + "_LISTENER", "YES");
+        m_peer.write(window, selection_name() + "_LISTENER", selection_name() + "_LISTENER", "YES");
         return window;
     }
 };

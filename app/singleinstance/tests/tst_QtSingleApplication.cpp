@@ -34,7 +34,7 @@ private slots:
     {
         QVERIFY2(!m_peer.hasAtom("_QTSINGLEAPPLICATION"), "this test needs a fresh X server");
         Instance instance;
-        m_peer.own(selectionName(), m_peer.makeWindow());
+        m_peer.own(selection_name(), m_peer.makeWindow());
 
         QVERIFY(!instance.application.sendMessage(u"text"_s));
 
@@ -48,13 +48,13 @@ private slots:
 
         QVERIFY(!instance.application.ownerExists());
         QVERIFY(!instance.application.sendMessage(u"text"_s));
-        QVERIFY(!m_peer.hasAtom(selectionName()));
+        QVERIFY(!m_peer.hasAtom(selection_name()));
     }
 
     void selectionWithoutAnOwnerIsNoOwner()
     {
         Instance instance;
-        m_peer.own(selectionName(), 0);
+        m_peer.own(selection_name(), 0);
 
         QVERIFY(!instance.application.ownerExists());
         QVERIFY(!instance.application.sendMessage(u"text"_s));
@@ -67,8 +67,8 @@ private slots:
         instance.application.startListening(true);
 
         QVERIFY(listener() != 0);
-        QCOMPARE(m_peer.owner(selectionName()), listener());
-        const QByteArray mark = selectionName() + "_LISTENER";
+        QCOMPARE(m_peer.owner(selection_name()), listener());
+        const QByteArray mark = selection_name() + "_LISTENER";
         QCOMPARE(m_peer.read(listener(), mark), (XPeer::Property{.type = mark, .format = 8, .bytes = "YES"}));
         QVERIFY(instance.application.ownerExists());
     }
@@ -89,22 +89,22 @@ private slots:
         instance.application.startListening(true);
         const XWindowId window = listener();
         const XWindowId other = m_peer.makeWindow();
-        m_peer.own(selectionName(), other);
+        m_peer.own(selection_name(), other);
 
         instance.application.startListening(true);
 
         QCOMPARE(listener(), window);
-        QCOMPARE(m_peer.owner(selectionName()), other);
+        QCOMPARE(m_peer.owner(selection_name()), other);
     }
 
     void listeningTakesTheSelectionFromAnEarlierOwner()
     {
         Instance instance;
-        m_peer.own(selectionName(), m_peer.makeWindow());
+        m_peer.own(selection_name(), m_peer.makeWindow());
 
         instance.application.startListening(true);
 
-        QCOMPARE(m_peer.owner(selectionName()), listener());
+        QCOMPARE(m_peer.owner(selection_name()), listener());
     }
 
     void lostSelectionIsTakenBackAtTheNextMessage()
@@ -112,11 +112,11 @@ private slots:
         Instance instance;
         instance.application.startListening(true);
         QSignalSpy spy(&instance.application, &QtSingleApplication::messageReceived);
-        m_peer.own(selectionName(), m_peer.makeWindow());
+        m_peer.own(selection_name(), m_peer.makeWindow());
 
         writeMessage("a"); // comes after the loss
 
-        QTRY_COMPARE(m_peer.owner(selectionName()), listener());
+        QTRY_COMPARE(m_peer.owner(selection_name()), listener());
         QCOMPARE(spy.size(), 0);
         writeMessage("text");
         QTRY_COMPARE(spy.size(), 1);
@@ -135,18 +135,18 @@ private slots:
     {
         QFETCH(const bool, isTakenAway);
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(true);
-        m_peer.own(selectionName(), m_peer.makeWindow());
+        m_peer.own(selection_name(), m_peer.makeWindow());
         QTRY_VERIFY(application.isSelectionLost);
 
         if (isTakenAway)
-            m_peer.remove(listener(), selectionName() + "_LISTENER");
+            m_peer.remove(listener(), selection_name() + "_LISTENER");
         else
             m_peer.write(listener(), "OF_THE_TEST", "STRING", "title");
 
         QTRY_VERIFY(!application.eaten.isEmpty());
-        QVERIFY(m_peer.owner(selectionName()) == application.allWidgets().constFirst()->winId());
+        QVERIFY(m_peer.owner(selection_name()) == application.allWidgets().constFirst()->winId());
     }
 
     void lossOfAnotherSelectionKeepsTheOwner()
@@ -168,21 +168,21 @@ private slots:
     void onlyMessagesAreKeptFromTheToolkit()
     {
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(false);
         m_peer.write(listener(), "OF_THE_TEST", "STRING", "title");
         QTRY_VERIFY(application.passedOn.contains(m_peer.atom("OF_THE_TEST")));
-        QVERIFY(application.passedOn.contains(m_peer.atom(selectionName() + "_LISTENER")));
+        QVERIFY(application.passedOn.contains(m_peer.atom(selection_name() + "_LISTENER")));
 
         writeMessage("text");
 
-        QTRY_COMPARE(application.eaten, QList<unsigned long>{m_peer.atom(selectionName())});
+        QTRY_COMPARE(application.eaten, QList<unsigned long>{m_peer.atom(selection_name())});
     }
 
     void widgetComesToTheFrontBeforeLaterReceiversHearOfTheMessage()
     {
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(true);
         connect(&application, &QtSingleApplication::messageReceived, this,
                 [&application](const QString &text) { application.calls.append(text); });
@@ -195,7 +195,7 @@ private slots:
     void withoutActivationOnlyReceiversHearOfTheMessage()
     {
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(false);
         QSignalSpy spy(&application, &QtSingleApplication::messageReceived);
 
@@ -255,11 +255,11 @@ private slots:
 
         instance.reset();
 
-        QCOMPARE(m_peer.read(upper, selectionName()),
+        QCOMPARE(m_peer.read(upper, selection_name()),
                  (XPeer::Property{.type = "_QTSINGLEAPPLICATION", .format = 8, .bytes = "a"}));
-        QVERIFY(!m_peer.read(lower, selectionName()));
-        QVERIFY(!m_peer.read(stranger, selectionName()));
-        QCOMPARE(m_peer.owner(selectionName()), XWindowId{0});
+        QVERIFY(!m_peer.read(lower, selection_name()));
+        QVERIFY(!m_peer.read(stranger, selection_name()));
+        QCOMPARE(m_peer.owner(selection_name()), XWindowId{0});
     }
 
     void endOfTheOwnerWakesAListenerBelowItsOwn()
@@ -270,7 +270,7 @@ private slots:
 
         instance.reset();
 
-        QVERIFY(m_peer.read(lower, selectionName()).has_value());
+        QVERIFY(m_peer.read(lower, selection_name()).has_value());
     }
 
     void endOfTheOnlyListenerWritesNothing()
@@ -286,49 +286,49 @@ private slots:
         XSync(m_peer.display(), False);
         XEvent change{};
         QVERIFY(!XCheckTypedEvent(m_peer.display(), PropertyNotify, &change)); // of the window that has gone
-        QVERIFY(m_peer.windowsWith(selectionName()).isEmpty());
-        QVERIFY(!m_peer.read(stranger, selectionName()));
+        QVERIFY(m_peer.windowsWith(selection_name()).isEmpty());
+        QVERIFY(!m_peer.read(stranger, selection_name()));
     }
 
     void endOfAWaitingListenerWakesNobody()
     {
         CommandLine commandLine;
         auto application =
-            std::make_unique<RecordingApplication>(testId(), commandLine.argc, commandLine.argv.data(), true);
+            std::make_unique<RecordingApplication>(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application->startListening(true);
         const XWindowId other = makeListener();
-        m_peer.own(selectionName(), other);
+        m_peer.own(selection_name(), other);
         QTRY_VERIFY(application->isSelectionLost);
 
         application.reset();
 
-        QVERIFY(!m_peer.read(other, selectionName()));
-        QCOMPARE(m_peer.owner(selectionName()), other);
+        QVERIFY(!m_peer.read(other, selection_name()));
+        QCOMPARE(m_peer.owner(selection_name()), other);
     }
 
     void withoutAGuiThereIsNobodyToTalkTo()
     {
         const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
         CommandLine commandLine;
-        QtSingleApplication application(testId(), commandLine.argc, commandLine.argv.data(), false);
+        QtSingleApplication application(test_id(), commandLine.argc, commandLine.argv.data(), false);
         qputenv("QT_QPA_PLATFORM", platform);
-        m_peer.own(selectionName(), m_peer.makeWindow());
+        m_peer.own(selection_name(), m_peer.makeWindow());
 
         application.startListening(true);
 
         QVERIFY(!application.ownerExists());
         QVERIFY(!application.sendMessage(u"text"_s));
-        QVERIFY(m_peer.windowsWith(selectionName() + "_LISTENER").isEmpty());
+        QVERIFY(m_peer.windowsWith(selection_name() + "_LISTENER").isEmpty());
     }
 
     void applicationOnAGivenDisplayMeetsTheOthersThere()
     {
         CommandLine commandLine;
-        QtSingleApplication application(m_peer.display(), testId(), commandLine.argc, commandLine.argv.data());
+        QtSingleApplication application(m_peer.display(), test_id(), commandLine.argc, commandLine.argv.data());
 
         application.startListening(true);
 
-        QCOMPARE(m_peer.owner(selectionName()), listener());
+        QCOMPARE(m_peer.owner(selection_name()), listener());
         QVERIFY(listener() != 0);
     }
 };

@@ -29,14 +29,14 @@ private slots:
         QFETCH(const QString, message);
         QFETCH(const QByteArray, bytes);
         const XWindowId window = m_peer.makeWindow();
-        m_peer.own(selectionName(), window);
+        m_peer.own(selection_name(), window);
         m_peer.write(window, "any", "_QTSINGLEAPPLICATION", {});
         {
             Instance instance;
             QVERIFY(instance.application.sendMessage(message));
         } // its end flushes
 
-        const auto property = m_peer.read(window, selectionName());
+        const auto property = m_peer.read(window, selection_name());
 
         QVERIFY(property.has_value());
         QCOMPARE(property->type, "_QTSINGLEAPPLICATION"_ba);
@@ -68,7 +68,7 @@ private slots:
         QVERIFY(!instance.application.sendMessage(QString(17 << 20, u'x')));
 
         QVERIFY(instance.application.ownerExists()); // the connection has survived
-        QVERIFY(!m_peer.read(listener(), selectionName()));
+        QVERIFY(!m_peer.read(listener(), selection_name()));
     }
 
     void messageArrivesWhole_data()
@@ -131,13 +131,13 @@ private slots:
         QFETCH(const int, format);
         QFETCH(const QByteArray, bytes);
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(true);
         QSignalSpy spy(&application, &QtSingleApplication::messageReceived);
 
-        m_peer.write(listener(), selectionName(), type, bytes, format);
+        m_peer.write(listener(), selection_name(), type, bytes, format);
 
-        QTRY_VERIFY(application.passedOn.contains(m_peer.atom(selectionName())));
+        QTRY_VERIFY(application.passedOn.contains(m_peer.atom(selection_name())));
         QCOMPARE(spy.size(), 0);
         writeMessage("after");
         QTRY_COMPARE(spy.size(), 1);
@@ -167,7 +167,7 @@ private slots:
 
         m_peer.write(listener(), "_NET_WM_NAME", "UTF8_STRING", "title");
         QTRY_COMPARE(spy.size(), 2);
-        m_peer.write(listener(), selectionName() + "_LISTENER", selectionName() + "_LISTENER", "YES");
+        m_peer.write(listener(), selection_name() + "_LISTENER", selection_name() + "_LISTENER", "YES");
         QTRY_COMPARE(spy.size(), 3);
         m_peer.remove(listener(), "_NET_WM_NAME");
         QTRY_COMPARE(spy.size(), 4);
@@ -178,15 +178,15 @@ private slots:
     void aMessageThatIsTakenAwayIsNoMessage()
     {
         CommandLine commandLine;
-        RecordingApplication application(testId(), commandLine.argc, commandLine.argv.data(), true);
+        RecordingApplication application(test_id(), commandLine.argc, commandLine.argv.data(), true);
         application.startListening(true);
         QSignalSpy spy(&application, &QtSingleApplication::messageReceived);
         writeMessage("text");
         QTRY_COMPARE(spy.size(), 1);
 
-        m_peer.remove(listener(), selectionName());
+        m_peer.remove(listener(), selection_name());
 
-        QTRY_VERIFY(application.passedOn.contains(m_peer.atom(selectionName())));
+        QTRY_VERIFY(application.passedOn.contains(m_peer.atom(selection_name())));
         QCOMPARE(spy.size(), 1);
     }
 

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList keysOf(const QList<ImageFormat> &list)
+QStringList keys_of(const QList<ImageFormat> &list)
 {
     QStringList keys;
     for (const ImageFormat &record : list)
@@ -75,7 +75,7 @@ private slots:
 
 void tst_ImageFormat::knownListHoldsTheNamedFormatsInOrder()
 {
-    QCOMPARE(keysOf(knownImageFormats), u"BMP JPEG PNG PBM PGM PPM XBM XPM"_s.split(u' '));
+    QCOMPARE(keys_of(knownImageFormats), u"BMP JPEG PNG PBM PGM PPM XBM XPM"_s.split(u' '));
 }
 
 void tst_ImageFormat::fixedTableSpellsDescriptionsAndSuffixes_data()
@@ -146,7 +146,7 @@ void tst_ImageFormat::mergeRemovesFurtherHits()
 {
     const QList<ImageFormat> list = imageFormatsFromSupported({"jpg", "bmp", "jpeg", "gif"});
 
-    QCOMPARE(keysOf(mergeImageFormat(list, jpegRecord, false)), u"jpg bmp gif"_s.split(u' '));
+    QCOMPARE(keys_of(mergeImageFormat(list, jpegRecord, false)), u"jpg bmp gif"_s.split(u' '));
 }
 
 void tst_ImageFormat::mergeHitsByTheKeyInLowerCase()
@@ -195,13 +195,13 @@ void tst_ImageFormat::tiffUnderTwoNamesIsOneRowWithTheNameThatCameFirst()
 
 void tst_ImageFormat::tiffThatTheToolkitLacksIsWritableButNotReadable()
 {
-    QCOMPARE(keysOf(dressed({"bmp"}, false)), QStringList{u"bmp"_s});
-    QCOMPARE(keysOf(dressed({"bmp"}, true)), (QStringList{u"bmp"_s, u"TIFF"_s}));
+    QCOMPARE(keys_of(dressed({"bmp"}, false)), QStringList{u"bmp"_s});
+    QCOMPARE(keys_of(dressed({"bmp"}, true)), (QStringList{u"bmp"_s, u"TIFF"_s}));
 }
 
 void tst_ImageFormat::knownFormatThatIsNotReportedStaysOut()
 {
-    QCOMPARE(keysOf(dressed({"png"}, false)), QStringList{u"png"_s});
+    QCOMPARE(keys_of(dressed({"png"}, false)), QStringList{u"png"_s});
 }
 
 void tst_ImageFormat::unknownFormatKeepsItsPlainRecord()

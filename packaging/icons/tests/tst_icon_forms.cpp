@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage onePixel(QRgb word)
+QImage one_pixel(QRgb word)
 {
     QImage image(1, 1, QImage::Format_ARGB32);
     image.setPixel(0, 0, word);
@@ -38,7 +38,7 @@ private slots:
         QFETCH(const QRgb, word);
         QFETCH(const QRgb, expected);
 
-        QCOMPARE(gray_form(onePixel(word)).pixel(0, 0), expected);
+        QCOMPARE(gray_form(one_pixel(word)).pixel(0, 0), expected);
     }
 
     void theDisabledFormIsHalfWayToLightGrayAndHalfAsOpaque_data()
@@ -54,7 +54,7 @@ private slots:
         QFETCH(const QRgb, word);
         QFETCH(const QRgb, expected);
 
-        QCOMPARE(disabled_form(onePixel(word)).pixel(0, 0), expected);
+        QCOMPARE(disabled_form(one_pixel(word)).pixel(0, 0), expected);
     }
 
     void aDrawingFillsTheSizeAskedForOnTransparentGround()

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int MillimetresOfA4Width = 210;
 
-void addSamples()
+void add_samples()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("format");
@@ -26,7 +26,7 @@ void addSamples()
 }
 
 /// Checks the sample @p name of @p directory against the current data row.
-void compareWithRow(const QString &directory)
+void compare_with_row(const QString &directory)
 {
     QFETCH(const QString, name);
     QFETCH(const QByteArray, format);
@@ -61,11 +61,11 @@ private slots:
         QCOMPARE(other.exitCode(), 0);
     }
 
-    void theToolMakesReadablePages_data() { addSamples(); }
-    void theToolMakesReadablePages() { compareWithRow(m_made.path()); }
+    void theToolMakesReadablePages_data() { add_samples(); }
+    void theToolMakesReadablePages() { compare_with_row(m_made.path()); }
 
-    void theShippedPagesAreReadable_data() { addSamples(); }
-    void theShippedPagesAreReadable() { compareWithRow(QStringLiteral(SAMPLES_DIRECTORY)); }
+    void theShippedPagesAreReadable_data() { add_samples(); }
+    void theShippedPagesAreReadable() { compare_with_row(QStringLiteral(SAMPLES_DIRECTORY)); }
 
     void theShippedPagesStaySmall()
     {
@@ -79,7 +79,7 @@ private slots:
         QVERIFY(total < 1'000'000);
     }
 
-    void twoRunsMakeTheSameBytes_data() { addSamples(); }
+    void twoRunsMakeTheSameBytes_data() { add_samples(); }
     void twoRunsMakeTheSameBytes()
     {
         QFETCH(const QString, name);

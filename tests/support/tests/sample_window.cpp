@@ -46,7 +46,7 @@ private:
     QPoint m_pressed;
 };
 
-void addMenu(QMainWindow &window)
+void add_menu(QMainWindow &window)
 {
     QMenu *const menu = window.menuBar()->addMenu(u"&Things"_s);
     QAction *const ask = menu->addAction(u"&Ask..."_s);
@@ -75,7 +75,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     QMainWindow window;
     window.setWindowTitle(u"Sample window"_s);
-    addMenu(window);
+    add_menu(window);
     auto *const tabs = new QTabWidget(&window);
     tabs->addTab(new PressTarget(window.statusBar()), u"first"_s);
     tabs->addTab(new QLabel(u"second page"_s), u"second"_s);

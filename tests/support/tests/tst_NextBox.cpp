@@ -30,7 +30,7 @@ QMessageBox::StandardButton ask(const QString &title)
 
 void tst_NextBox::pressesTheButtonAskedFor()
 {
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
 
     QCOMPARE(ask(u"Save"_s), QMessageBox::Yes);
 
@@ -39,7 +39,7 @@ void tst_NextBox::pressesTheButtonAskedFor()
 
 void tst_NextBox::remembersWhatTheBoxSaid()
 {
-    const NextBox box = answerNextBox(QMessageBox::Cancel);
+    const NextBox box = answer_next_box(QMessageBox::Cancel);
 
     QCOMPARE(ask(u"Save"_s), QMessageBox::Cancel);
 
@@ -51,7 +51,7 @@ void tst_NextBox::remembersWhatTheBoxSaid()
 
 void tst_NextBox::boxWithOneButtonIsAnswered()
 {
-    const NextBox box = answerNextBox(QMessageBox::Ok);
+    const NextBox box = answer_next_box(QMessageBox::Ok);
 
     QMessageBox::warning(nullptr, u"Load failed"_s, u"Error"_s);
 
@@ -61,8 +61,8 @@ void tst_NextBox::boxWithOneButtonIsAnswered()
 
 void tst_NextBox::twoBoxesAreAnsweredInOrder()
 {
-    const NextBox first = answerNextBox(QMessageBox::Yes);
-    const NextBox second = answerNextBox(QMessageBox::No);
+    const NextBox first = answer_next_box(QMessageBox::Yes);
+    const NextBox second = answer_next_box(QMessageBox::No);
 
     QCOMPARE(ask(u"one"_s), QMessageBox::Yes);
     QCOMPARE(ask(u"two"_s), QMessageBox::No);
@@ -75,13 +75,13 @@ void tst_NextBox::boxThatNeverComesFailsTheTest()
 {
     QEXPECT_FAIL("", "no box is shown", Continue);
     {
-        const NextBox box = answerNextBox(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Yes);
     }
 }
 
 void tst_NextBox::boxWithoutTheButtonFailsTheTestAndCloses()
 {
-    const NextBox box = answerNextBox(QMessageBox::Abort);
+    const NextBox box = answer_next_box(QMessageBox::Abort);
 
     QEXPECT_FAIL("", "the box has no Abort", Continue);
     (void)ask(u"Save"_s); // the answer of a box closed by force means nothing
@@ -93,7 +93,7 @@ void tst_NextBox::modelessBoxIsLeftAlone()
 {
     QMessageBox modeless(QMessageBox::Information, u"Note"_s, u"Text"_s, QMessageBox::Ok);
     modeless.setModal(false);
-    const NextBox box = answerNextBox(QMessageBox::Yes);
+    const NextBox box = answer_next_box(QMessageBox::Yes);
     modeless.show();
     QVERIFY(QTest::qWaitForWindowExposed(&modeless));
 

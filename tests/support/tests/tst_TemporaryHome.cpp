@@ -21,7 +21,7 @@ private slots:
 
 namespace {
 
-bool writeFile(const QString &path)
+bool write_file(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write("x") == 1;
@@ -77,9 +77,9 @@ void tst_TemporaryHome::filesInListsHiddenFilesAndNoDirectories()
 {
     const TemporaryHome home;
     QVERIFY(QDir(home.path()).mkpath(u"tmp/below"_s));
-    QVERIFY(writeFile(home.filePath(u"tmp/b.bmp"_s)));
-    QVERIFY(writeFile(home.filePath(u"tmp/.hidden"_s)));
-    QVERIFY(writeFile(home.filePath(u"other"_s)));
+    QVERIFY(write_file(home.filePath(u"tmp/b.bmp"_s)));
+    QVERIFY(write_file(home.filePath(u"tmp/.hidden"_s)));
+    QVERIFY(write_file(home.filePath(u"other"_s)));
 
     QCOMPARE(home.filesIn(u"tmp"_s), (QStringList{u".hidden"_s, u"b.bmp"_s}));
     QCOMPARE(home.filesIn(), QStringList{u"other"_s});

@@ -262,7 +262,7 @@ void tst_driver::pictureShowsTheScreen()
 
     QTRY_COMPARE(m_desktop->pixel(target.topLeft()), qRgb(10, 200, 30));
 
-    QVERIFY(comparePictures(m_desktop->picture(target), solidPage(target.size(), qRgb(10, 200, 30))));
+    QVERIFY(compare_pictures(m_desktop->picture(target), solid_page(target.size(), qRgb(10, 200, 30))));
 }
 
 void tst_driver::pictureBeyondTheScreenIsNull()

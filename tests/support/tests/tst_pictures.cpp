@@ -44,7 +44,7 @@ void tst_pictures::solidPageHasOneColour()
 {
     QFETCH(const int, format);
 
-    const QImage page = solidPage({5, 3}, qRgb(1, 2, 3), QImage::Format(format));
+    const QImage page = solid_page({5, 3}, qRgb(1, 2, 3), QImage::Format(format));
 
     QCOMPARE(page.size(), QSize(5, 3));
     QCOMPARE(int(page.format()), format);
@@ -65,7 +65,7 @@ void tst_pictures::patternedPageHasTheDepthAskedFor()
 {
     QFETCH(const int, depth);
 
-    QCOMPARE(patternedPage({4, 4}, depth).depth(), depth);
+    QCOMPARE(patterned_page({4, 4}, depth).depth(), depth);
 }
 
 void tst_pictures::patternedPageEqualsNoTurnOrFlipOfItself_data()
@@ -76,7 +76,7 @@ void tst_pictures::patternedPageEqualsNoTurnOrFlipOfItself_data()
 void tst_pictures::patternedPageEqualsNoTurnOrFlipOfItself()
 {
     QFETCH(const int, depth);
-    const QImage page = patternedPage({12, 12}, depth);
+    const QImage page = patterned_page({12, 12}, depth);
 
     for (const int angle : {90, 180, 270})
         QVERIFY(page.transformed(QTransform().rotate(angle)) != page);
@@ -86,7 +86,7 @@ void tst_pictures::patternedPageEqualsNoTurnOrFlipOfItself()
 
 void tst_pictures::patternedPageOfAnotherDepthIsNull()
 {
-    QVERIFY(patternedPage({4, 4}, 16).isNull());
+    QVERIFY(patterned_page({4, 4}, 16).isNull());
 }
 
 void tst_pictures::positionColourTellsItsPlace_data()
@@ -105,19 +105,19 @@ void tst_pictures::positionColourTellsItsPlace()
     QFETCH(const QPoint, point);
     QFETCH(const QRgb, color);
 
-    QCOMPARE(positionColor(point), color);
-    QCOMPARE(positionOf(color), point);
+    QCOMPARE(position_color(point), color);
+    QCOMPARE(position_of(color), point);
 }
 
 void tst_pictures::equalPicturesDifferInNothing()
 {
-    QCOMPARE(pictureDifferences(patternedPage({7, 5}, 8), patternedPage({7, 5}, 8)), QString());
-    QVERIFY(comparePictures(patternedPage({7, 5}), patternedPage({7, 5})));
+    QCOMPARE(picture_differences(patterned_page({7, 5}, 8), patterned_page({7, 5}, 8)), QString());
+    QVERIFY(compare_pictures(patterned_page({7, 5}), patterned_page({7, 5})));
 }
 
 void tst_pictures::twoNullPicturesAreEqual()
 {
-    QVERIFY(comparePictures(QImage(), QImage()));
+    QVERIFY(compare_pictures(QImage(), QImage()));
 }
 
 void tst_pictures::sizeAndFormatAreCompared_data()
@@ -127,9 +127,9 @@ void tst_pictures::sizeAndFormatAreCompared_data()
 
     const QString expected = u" instead of 2x2, format %1, 0 colours"_s.arg(int(QImage::Format_RGB32));
     QTest::newRow("null") << QImage() << "0x0, format 0, 0 colours" + expected;
-    QTest::newRow("size") << solidPage({2, 3}, 0xff000000U)
+    QTest::newRow("size") << solid_page({2, 3}, 0xff000000U)
                           << u"2x3, format %1, 0 colours"_s.arg(int(QImage::Format_RGB32)) + expected;
-    QTest::newRow("format") << solidPage({2, 2}, 0xff000000U, QImage::Format_Mono)
+    QTest::newRow("format") << solid_page({2, 2}, 0xff000000U, QImage::Format_Mono)
                             << u"2x2, format %1, 2 colours"_s.arg(int(QImage::Format_Mono)) + expected;
 }
 
@@ -138,20 +138,20 @@ void tst_pictures::sizeAndFormatAreCompared()
     QFETCH(const QImage, actual);
     QFETCH(const QString, differences);
 
-    QCOMPARE(pictureDifferences(actual, solidPage({2, 2}, 0xff000000U)), differences);
+    QCOMPARE(picture_differences(actual, solid_page({2, 2}, 0xff000000U)), differences);
 }
 
 void tst_pictures::differingPixelIsNamedWithBothColours()
 {
-    QImage changed = solidPage({3, 3}, 0xff102030U);
+    QImage changed = solid_page({3, 3}, 0xff102030U);
     changed.setPixel(2, 1, 0xffabcdefU);
 
-    QCOMPARE(pictureDifferences(changed, solidPage({3, 3}, 0xff102030U)), u"(2,1) is ffabcdef, expected ff102030"_s);
+    QCOMPARE(picture_differences(changed, solid_page({3, 3}, 0xff102030U)), u"(2,1) is ffabcdef, expected ff102030"_s);
 }
 
 void tst_pictures::firstTenDifferingPixelsAreNamed()
 {
-    const QString differences = pictureDifferences(solidPage({6, 4}, 0xff000001U), solidPage({6, 4}, 0xff000002U));
+    const QString differences = picture_differences(solid_page({6, 4}, 0xff000001U), solid_page({6, 4}, 0xff000002U));
 
     const QStringList lines = differences.split(u'\n');
     QCOMPARE(lines.size(), 10);
@@ -167,14 +167,14 @@ void tst_pictures::equalColoursUnderTwoIndicesDiffer()
     QImage second = first;
     second.setPixel(0, 0, 1);
 
-    QCOMPARE(pictureDifferences(first, second), u"(0,0) is 00000000, expected 00000001"_s);
+    QCOMPARE(picture_differences(first, second), u"(0,0) is 00000000, expected 00000001"_s);
 }
 
 void tst_pictures::differencesArePrinted()
 {
     const DiagnosticLines diagnostics;
 
-    QVERIFY(!comparePictures(solidPage({1, 1}, 0xff000001U), solidPage({1, 1}, 0xff000002U)));
+    QVERIFY(!compare_pictures(solid_page({1, 1}, 0xff000001U), solid_page({1, 1}, 0xff000002U)));
 
     QCOMPARE(diagnostics.lines(), QStringList(u"(0,0) is ff000001, expected ff000002"_s));
 }

@@ -78,7 +78,7 @@ private:
 };
 
 /// Hands over a script for the shell; "$0" is the place's directory.
-void addScript(Q3Process &process, const QString &script, const Place &place)
+void add_script(Q3Process &process, const QString &script, const Place &place)
 {
     for (const QString &argument : {u"/bin/sh"_s, u"-c"_s, script, place.path(QString())})
         process.addArgument(argument);
@@ -104,7 +104,7 @@ void tst_Q3Process::programGetsItsArgumentsAsTheyStand()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"cd \"$0\"; printf '<%s>' \"$@\" >new; mv new arguments"_s, place);
+    add_script(process, u"cd \"$0\"; printf '<%s>' \"$@\" >new; mv new arguments"_s, place);
     for (const QString &argument : {u"two words"_s, QString(), u"\"quoted\" $HOME *"_s, u"-n"_s, u"größe"_s})
         process.addArgument(argument);
 
@@ -129,7 +129,7 @@ void tst_Q3Process::programStartsInTheCurrentDirectoryWithOurEnvironment()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"echo \"$PWD $IM_TEST_MARK\" >\"$0/new\"; mv \"$0/new\" \"$0/seen\""_s, place);
+    add_script(process, u"echo \"$PWD $IM_TEST_MARK\" >\"$0/new\"; mv \"$0/new\" \"$0/seen\""_s, place);
     qputenv("IM_TEST_MARK", "mark");
 
     QVERIFY(process.launch());
@@ -141,7 +141,7 @@ void tst_Q3Process::standardInputIsEmpty()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"cd \"$0\"; cat >new; mv new input"_s, place);
+    add_script(process, u"cd \"$0\"; cat >new; mv new input"_s, place);
     std::array<int, 2> ends{}; // our own standard input holds something and stays open
     QCOMPARE(::pipe(ends.data()), 0);
     QCOMPARE(::write(ends.at(1), "ours", 4), 4);
@@ -156,8 +156,8 @@ void tst_Q3Process::largeOutputDoesNotHoldTheProgramUp()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"head -c 1000000 /dev/zero && head -c 1000000 /dev/zero >&2 && cd \"$0\" && touch ended"_s,
-              place);
+    add_script(process, u"head -c 1000000 /dev/zero && head -c 1000000 /dev/zero >&2 && cd \"$0\" && touch ended"_s,
+               place);
 
     QVERIFY(process.launch());
 
@@ -168,7 +168,7 @@ void tst_Q3Process::everyLaunchStartsTheProgramOnce()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"cd \"$0\"; touch \"started$$\""_s, place);
+    add_script(process, u"cd \"$0\"; touch \"started$$\""_s, place);
     const QDir directory(place.path(QString()));
 
     QVERIFY(process.launch());
@@ -182,7 +182,7 @@ void tst_Q3Process::programOutlivesItsObject()
     const Place place;
     {
         Q3Process process;
-        addScript(process, patientScript, place);
+        add_script(process, patientScript, place);
         QVERIFY(process.launch());
     }
     QTRY_VERIFY(place.has(u"running"_s));
@@ -199,7 +199,7 @@ void tst_Q3Process::programOutlivesTheProcessThatLaunchedIt()
     const pid_t launcher = ::fork();
     if (launcher == 0) {
         Q3Process process;
-        addScript(process, patientScript, place);
+        add_script(process, patientScript, place);
         std::_Exit(process.launch() ? EXIT_SUCCESS : EXIT_FAILURE);
     }
     int status = EXIT_FAILURE;
@@ -216,7 +216,7 @@ void tst_Q3Process::launchLeavesNoChildBehind()
 {
     const Place place;
     Q3Process process;
-    addScript(process, patientScript, place);
+    add_script(process, patientScript, place);
     QVERIFY(process.launch());
     QTRY_VERIFY(place.has(u"running"_s));
 
@@ -282,7 +282,7 @@ void tst_Q3Process::startedProgramTellsOfItsEndOnce()
     QFETCH(const QString, script);
     const Place place;
     Q3Process process;
-    addScript(process, script, place);
+    add_script(process, script, place);
     const QSignalSpy ends(&process, &Q3Process::processExited);
 
     QVERIFY(process.start());
@@ -297,7 +297,7 @@ void tst_Q3Process::objectMayBeDeletedWhenItsProgramHasEnded()
 {
     const Place place;
     QPointer<Q3Process> process = new Q3Process(this);
-    addScript(*process, u"exit 0"_s, place);
+    add_script(*process, u"exit 0"_s, place);
     connect(process, &Q3Process::processExited, this, [&process] { delete process; });
 
     QVERIFY(process->start());
@@ -309,7 +309,7 @@ void tst_Q3Process::startedProgramIsNumberedWhileItRuns()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"cd \"$0\"; echo $$ >new; mv new number; until [ -e go ]; do sleep 0.05; done"_s, place);
+    add_script(process, u"cd \"$0\"; echo $$ >new; mv new number; until [ -e go ]; do sleep 0.05; done"_s, place);
     const QSignalSpy ends(&process, &Q3Process::processExited);
     QCOMPARE(process.processIdentifier(), 0);
 
@@ -327,7 +327,7 @@ void tst_Q3Process::startedProgramOutlivesItsObjectAndIsReaped()
     const Place place;
     {
         Q3Process process;
-        addScript(process, patientScript, place);
+        add_script(process, patientScript, place);
         QVERIFY(process.start());
     }
     QTRY_VERIFY(place.has(u"running"_s));
@@ -362,7 +362,7 @@ void tst_Q3Process::objectStartsOneProgramAtATime()
 {
     const Place place;
     Q3Process process;
-    addScript(process, u"cd \"$0\"; touch \"started$$\"; until [ -e go ]; do sleep 0.05; done"_s, place);
+    add_script(process, u"cd \"$0\"; touch \"started$$\"; until [ -e go ]; do sleep 0.05; done"_s, place);
     const QSignalSpy ends(&process, &Q3Process::processExited);
 
     QVERIFY(process.start());
@@ -391,8 +391,8 @@ void tst_Q3Process::nothingOfOursReachesTheProgram()
     QVERIFY(ours > STDERR_FILENO);
     const auto former = std::signal(SIGPIPE, SIG_IGN);
     Q3Process process;
-    addScript(process, u"cd \"$0\"; cp /proc/self/status status; ls -l /proc/self/fd >new; mv new descriptors"_s,
-              place);
+    add_script(process, u"cd \"$0\"; cp /proc/self/status status; ls -l /proc/self/fd >new; mv new descriptors"_s,
+               place);
     const QSignalSpy ends(&process, &Q3Process::processExited);
 
     QVERIFY(launched ? process.launch() : process.start());

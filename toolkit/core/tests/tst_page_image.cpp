@@ -13,17 +13,17 @@ constexpr int Width = 5;
 constexpr int Height = 3;
 
 /// Colours that every format of 5 bits a channel and more tells apart, opaque ones.
-QRgb colourAt(int x, int y)
+QRgb colour_at(int x, int y)
 {
     return qRgb(x * 63, y * 127, 255 - x * 50);
 }
 
-QImage colourPicture(QImage::Format format)
+QImage colour_picture(QImage::Format format)
 {
     QImage image(Width, Height, QImage::Format_RGB32);
     for (int y = 0; y < Height; ++y) {
         for (int x = 0; x < Width; ++x)
-            image.setPixel(x, y, colourAt(x, y));
+            image.setPixel(x, y, colour_at(x, y));
     }
     return std::move(image).convertToFormat(format);
 }
@@ -113,7 +113,7 @@ void tst_page_image::everyFormatBecomesAPageFormat()
     QFETCH(QImage::Format, format);
     QFETCH(QImage::Format, expected);
 
-    const QImage page = to_page_image(colourPicture(format));
+    const QImage page = to_page_image(colour_picture(format));
 
     QCOMPARE(page.format(), expected);
     QCOMPARE(page.size(), QSize(Width, Height));
@@ -132,7 +132,7 @@ void tst_page_image::pageFormatSharesItsPixels_data()
 void tst_page_image::pageFormatSharesItsPixels()
 {
     QFETCH(QImage::Format, format);
-    const QImage picture = colourPicture(format);
+    const QImage picture = colour_picture(format);
 
     const QImage page = to_page_image(picture);
 
@@ -231,13 +231,13 @@ void tst_page_image::greysOfSixteenBitsKeepTheirHighBytes()
 
 void tst_page_image::greyPageCountsAsGrey()
 {
-    QVERIFY(to_page_image(colourPicture(QImage::Format_Grayscale8)).isGrayscale());
-    QVERIFY(to_page_image(colourPicture(QImage::Format_Grayscale16)).isGrayscale());
+    QVERIFY(to_page_image(colour_picture(QImage::Format_Grayscale8)).isGrayscale());
+    QVERIFY(to_page_image(colour_picture(QImage::Format_Grayscale16)).isGrayscale());
 }
 
 void tst_page_image::sharedGreyPictureStaysUntouched()
 {
-    const QImage grey = colourPicture(QImage::Format_Grayscale8);
+    const QImage grey = colour_picture(QImage::Format_Grayscale8);
 
     const QImage page = to_page_image(grey);
 
@@ -249,7 +249,7 @@ void tst_page_image::sharedGreyPictureStaysUntouched()
 
 void tst_page_image::movedGreyPictureIsRelabelledInPlace()
 {
-    QImage grey = colourPicture(QImage::Format_Grayscale8);
+    QImage grey = colour_picture(QImage::Format_Grayscale8);
     const uchar *const bits = grey.constBits();
 
     const QImage page = to_page_image(std::move(grey));
@@ -259,7 +259,7 @@ void tst_page_image::movedGreyPictureIsRelabelledInPlace()
 
 void tst_page_image::movedColourPictureIsConvertedInPlace()
 {
-    QImage picture = colourPicture(QImage::Format_ARGB32_Premultiplied);
+    QImage picture = colour_picture(QImage::Format_ARGB32_Premultiplied);
     const uchar *const bits = picture.constBits();
 
     const QImage page = to_page_image(std::move(picture));
@@ -296,11 +296,11 @@ void tst_page_image::coloursOfWholeBytesAreExact()
 {
     QFETCH(QImage::Format, format);
 
-    const QImage page = to_page_image(colourPicture(format));
+    const QImage page = to_page_image(colour_picture(format));
 
     for (int y = 0; y < Height; ++y) {
         for (int x = 0; x < Width; ++x)
-            QCOMPARE(page.pixel(x, y), colourAt(x, y));
+            QCOMPARE(page.pixel(x, y), colour_at(x, y));
     }
 }
 
@@ -361,7 +361,7 @@ void tst_page_image::resolutionAndTextsSurvive_data()
 void tst_page_image::resolutionAndTextsSurvive()
 {
     QFETCH(QImage::Format, format);
-    QImage picture = colourPicture(format);
+    QImage picture = colour_picture(format);
     picture.setDotsPerMeterX(23622);
     picture.setDotsPerMeterY(11811);
     picture.setText(QStringLiteral("Title"), QStringLiteral("Page"));
@@ -381,7 +381,7 @@ void tst_page_image::resolutionOfNothingBecomesTheDefault_data()
 void tst_page_image::resolutionOfNothingBecomesTheDefault()
 {
     QFETCH(QImage::Format, format);
-    QImage picture = colourPicture(format);
+    QImage picture = colour_picture(format);
     const int usual = picture.dotsPerMeterX();
     picture.setDotsPerMeterX(-1);
     picture.setDotsPerMeterY(23622);

@@ -11,7 +11,7 @@ using MailServers = QList<Q3Dns::MailServer>;
 namespace {
 
 /// The names of 200 exchangers of many.test, 0 to 199 being their priorities.
-QStringList manyExchangers()
+QStringList many_exchangers()
 {
     QStringList options;
     for (int i = 0; i < 200; ++i)
@@ -57,7 +57,7 @@ private slots:
 
     void anAnswerOfTwoHundredExchangersComesWhole()
     {
-        const NameServer names(manyExchangers());
+        const NameServer names(many_exchangers());
 
         Q3Dns dns(u"many.test"_s, Q3Dns::Mx);
         const QSignalSpy ready(&dns, &Q3Dns::resultsReady);

@@ -48,13 +48,13 @@ struct Pair
 };
 
 /// Lets another connection come about: by then everything that was on its way before has arrived.
-bool anotherConnectionComes()
+bool another_connection_comes()
 {
     const Pair pair;
     return pair.isConnected;
 }
 
-quint16 portWithoutServer()
+quint16 port_without_server()
 {
     const Peer peer;
     return peer.port();
@@ -122,7 +122,7 @@ private slots:
         Q3Socket socket;
         const QSignalSpy errors(&socket, &Q3Socket::error);
 
-        socket.connectToHost(loopback, portWithoutServer());
+        socket.connectToHost(loopback, port_without_server());
 
         QTRY_COMPARE(errors.size(), 1);
         QCOMPARE(errors.first().first().toInt(), int{Q3Socket::ErrConnectionRefused});
@@ -236,7 +236,7 @@ private slots:
         socket.close();
 
         QCOMPARE(socket.state(), Q3Socket::Idle);
-        QVERIFY(anotherConnectionComes());
+        QVERIFY(another_connection_comes());
         QVERIFY(connections.isEmpty());
         QCOMPARE(socket.state(), Q3Socket::Idle);
     }

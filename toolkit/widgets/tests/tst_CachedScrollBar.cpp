@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Largest difference of a channel; parts that are drawn one over the other are rounded once more.
-int largestDifference(const QImage &a, const QImage &b)
+int largest_difference(const QImage &a, const QImage &b)
 {
     int largest = 0;
     for (int y = 0; y < a.height(); ++y) {
@@ -77,7 +77,7 @@ void tst_CachedScrollBar::drawsWhatAPlainBarDraws()
             each->setPageStep(pageStep);
             each->setValue(value);
         }
-        return largestDifference(bar.grab().toImage(), plain.grab().toImage());
+        return largest_difference(bar.grab().toImage(), plain.grab().toImage());
     };
     for (int value = 0; value <= 4000; value += 250)
         QVERIFY2(compare(4000, 1000, value, 400) <= 2, qPrintable(u"at %1"_s.arg(value)));

@@ -31,7 +31,7 @@ QImage picture(const QSize &size)
 }
 
 /// The points p of a row through the middle of the canvas for which @p item is hit, as "first..last".
-QString hitsAlong(const Q3Canvas &canvas, const Q3CanvasItem *item, Qt::Orientation orientation, int across)
+QString hits_along(const Q3Canvas &canvas, const Q3CanvasItem *item, Qt::Orientation orientation, int across)
 {
     QList<int> hits;
     for (int along = -5; along < 120; ++along) {
@@ -187,10 +187,10 @@ void tst_Q3Canvas::rectangleIsHitUpToItsEdges()
 
     item->setPen(pen);
     item->setSize(length, 10);
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Horizontal, 25), hits);
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Horizontal, 25), hits);
 
     item->setSize(10, length);
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Vertical, 25), hits);
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Vertical, 25), hits);
 }
 
 void tst_Q3Canvas::spriteIsHitUpToItsEdges()
@@ -201,8 +201,8 @@ void tst_Q3Canvas::spriteIsHitUpToItsEdges()
     sprite.move(10, 40);
     sprite.show();
 
-    QCOMPARE(hitsAlong(*canvas, &sprite, Qt::Horizontal, 50), QStringLiteral("9..39"));
-    QCOMPARE(hitsAlong(*canvas, &sprite, Qt::Vertical, 20), QStringLiteral("39..59"));
+    QCOMPARE(hits_along(*canvas, &sprite, Qt::Horizontal, 50), QStringLiteral("9..39"));
+    QCOMPARE(hits_along(*canvas, &sprite, Qt::Vertical, 20), QStringLiteral("39..59"));
 }
 
 void tst_Q3Canvas::nothingIsHitBesideTheCanvas()
@@ -210,10 +210,10 @@ void tst_Q3Canvas::nothingIsHitBesideTheCanvas()
     item->move(-20, -20);
     item->setSize(200, 200);
 
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Horizontal, 50), QStringLiteral("-1..99"));
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Vertical, 50), QStringLiteral("-1..99"));
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Horizontal, -2), QStringLiteral("none"));
-    QCOMPARE(hitsAlong(*canvas, item.get(), Qt::Vertical, 100), QStringLiteral("none"));
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Horizontal, 50), QStringLiteral("-1..99"));
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Vertical, 50), QStringLiteral("-1..99"));
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Horizontal, -2), QStringLiteral("none"));
+    QCOMPARE(hits_along(*canvas, item.get(), Qt::Vertical, 100), QStringLiteral("none"));
 }
 
 void tst_Q3Canvas::hiddenItemIsNotHit()

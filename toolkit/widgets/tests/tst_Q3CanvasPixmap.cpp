@@ -34,7 +34,7 @@ struct PageKind
     QList<QRgb> table;
 };
 
-QList<QRgb> tableOf(int count, bool alpha)
+QList<QRgb> table_of(int count, bool alpha)
 {
     QRandomGenerator random(5);
     QList<QRgb> table;
@@ -43,7 +43,7 @@ QList<QRgb> tableOf(int count, bool alpha)
     return table;
 }
 
-QList<PageKind> pageKinds()
+QList<PageKind> page_kinds()
 {
     return {
         {"Mono", QImage::Format_Mono, {qRgb(255, 255, 255), qRgb(0, 0, 0)}},
@@ -51,10 +51,10 @@ QList<PageKind> pageKinds()
         {"Mono with alpha", QImage::Format_Mono, {qRgba(255, 0, 0, 0), qRgba(0, 90, 200, 128)}},
         {"Mono without table", QImage::Format_Mono, {}},
         {"Mono with one entry", QImage::Format_MonoLSB, {qRgb(3, 90, 7)}},
-        {"Indexed8", QImage::Format_Indexed8, tableOf(256, false)},
-        {"Indexed8 with alpha", QImage::Format_Indexed8, tableOf(256, true)},
-        {"Indexed8 with short table", QImage::Format_Indexed8, tableOf(100, false)},
-        {"Indexed8 with short table and alpha", QImage::Format_Indexed8, tableOf(100, true)},
+        {"Indexed8", QImage::Format_Indexed8, table_of(256, false)},
+        {"Indexed8 with alpha", QImage::Format_Indexed8, table_of(256, true)},
+        {"Indexed8 with short table", QImage::Format_Indexed8, table_of(100, false)},
+        {"Indexed8 with short table and alpha", QImage::Format_Indexed8, table_of(100, true)},
         {"Indexed8 without table", QImage::Format_Indexed8, {}},
         {"RGB32", QImage::Format_RGB32, {}},
         {"ARGB32", QImage::Format_ARGB32, {}},
@@ -62,7 +62,7 @@ QList<PageKind> pageKinds()
 }
 
 /// A page of noise; its colours differ from pixel to pixel, so that every wrong sample shows.
-QImage noisePage(const PageKind &kind, const QSize &size)
+QImage noise_page(const PageKind &kind, const QSize &size)
 {
     QImage page(size, kind.format);
     page.setColorTable(kind.table);
@@ -71,7 +71,7 @@ QImage noisePage(const PageKind &kind, const QSize &size)
     return page;
 }
 
-QTransform zoomTransform(double factor, const QPoint &scroll)
+QTransform zoom_transform(double factor, const QPoint &scroll)
 {
     return QTransform::fromScale(factor, factor) * QTransform::fromTranslate(-scroll.x(), -scroll.y());
 }
@@ -84,19 +84,19 @@ template <typename Draw> QImage painted(double factor, const QPoint &scroll, con
     QPainter painter(&window);
     if (!exposed.isNull())
         painter.setClipRegion(exposed);
-    painter.setTransform(zoomTransform(factor, scroll));
+    painter.setTransform(zoom_transform(factor, scroll));
     draw(painter);
     painter.end();
     return window;
 }
 
-QImage paintedPlainly(const QImage &page, const QPoint &at, double factor, const QPoint &scroll)
+QImage painted_plainly(const QImage &page, const QPoint &at, double factor, const QPoint &scroll)
 {
     const QPixmap pixmap = QPixmap::fromImage(page);
     return painted(factor, scroll, {}, [&](QPainter &painter) { painter.drawPixmap(at, pixmap); });
 }
 
-QString firstDifferences(const QImage &actual, const QImage &expected)
+QString first_differences(const QImage &actual, const QImage &expected)
 {
     QStringList differences;
     for (int y = 0; y < expected.height(); ++y) {
@@ -138,7 +138,7 @@ private slots:
 void tst_Q3CanvasPixmap::pageFormatsShareTheirPixels_data()
 {
     QTest::addColumn<int>("kind");
-    const QList<PageKind> kinds = pageKinds();
+    const QList<PageKind> kinds = page_kinds();
     for (int kind = 0; kind < kinds.size(); ++kind)
         QTest::newRow(kinds[kind].name) << kind;
 }
@@ -146,7 +146,7 @@ void tst_Q3CanvasPixmap::pageFormatsShareTheirPixels_data()
 void tst_Q3CanvasPixmap::pageFormatsShareTheirPixels()
 {
     QFETCH(int, kind);
-    const QImage page = noisePage(pageKinds()[kind], QSize(20, 10));
+    const QImage page = noise_page(page_kinds()[kind], QSize(20, 10));
 
     const Q3CanvasPixmap pixmap(page);
 
@@ -210,7 +210,7 @@ void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom_data()
     QTest::addColumn<double>("factor");
     QTest::addColumn<QSize>("size");
 
-    const QList<PageKind> kinds = pageKinds();
+    const QList<PageKind> kinds = page_kinds();
     for (const Zoom &zoom : Zooms) {
         for (int kind = 0; kind < kinds.size(); ++kind) {
             for (const QSize size : {QSize(1, 1), QSize(7, 9), QSize(333, 251), QSize(1000, 903)})
@@ -225,14 +225,14 @@ void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom()
     QFETCH(int, kind);
     QFETCH(double, factor);
     QFETCH(QSize, size);
-    const QImage page = noisePage(pageKinds()[kind], size);
+    const QImage page = noise_page(page_kinds()[kind], size);
     const Q3CanvasPixmap pixmap(page);
 
     for (const QPoint scroll : {QPoint(0, 0), QPoint(1, 3), QPoint(37, 18), QPoint(-5, -11)}) {
         for (const QPoint at : {QPoint(0, 0), QPoint(3, 5), QPoint(-17, -9)}) {
             const QImage actual = painted(factor, scroll, {}, [&](QPainter &painter) { pixmap.draw(painter, at); });
-            const QImage expected = paintedPlainly(page, at, factor, scroll);
-            QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+            const QImage expected = painted_plainly(page, at, factor, scroll);
+            QVERIFY2(actual == expected, qPrintable(first_differences(actual, expected)));
         }
     }
 }
@@ -241,7 +241,7 @@ void tst_Q3CanvasPixmap::partialExposureShowsThePixelsOfTheWhole_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<double>("factor");
-    const QList<PageKind> kinds = pageKinds();
+    const QList<PageKind> kinds = page_kinds();
     for (const Zoom &zoom : Zooms) {
         for (int kind = 0; kind < kinds.size(); ++kind)
             QTest::addRow("%s %s", kinds[kind].name, zoom.name) << kind << zoom.factor;
@@ -252,7 +252,7 @@ void tst_Q3CanvasPixmap::partialExposureShowsThePixelsOfTheWhole()
 {
     QFETCH(int, kind);
     QFETCH(double, factor);
-    const Q3CanvasPixmap pixmap(noisePage(pageKinds()[kind], QSize(1203, 1501)));
+    const Q3CanvasPixmap pixmap(noise_page(page_kinds()[kind], QSize(1203, 1501)));
     const QPoint scroll(13, 7);
     const auto draw = [&](QPainter &painter) { pixmap.draw(painter, QPoint(0, 0)); };
     const QImage whole = painted(factor, scroll, {}, draw);
@@ -275,7 +275,7 @@ void tst_Q3CanvasPixmap::partialExposureShowsThePixelsOfTheWhole()
         }
 
         const QImage actual = painted(factor, scroll, exposed, draw);
-        QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+        QVERIFY2(actual == expected, qPrintable(first_differences(actual, expected)));
     }
 }
 
@@ -300,8 +300,9 @@ void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
     QFETCH(double, factor);
     QFETCH(QSize, size);
     const bool indexed = format == QImage::Format_Indexed8 || format == QImage::Format_Mono;
-    const QImage page = indexed ? noisePage({"", format, tableOf(format == QImage::Format_Mono ? 2 : 256, false)}, size)
-                                : noisePage({"", QImage::Format_RGB32, {}}, size).convertToFormat(format);
+    const QImage page = indexed
+        ? noise_page({"", format, table_of(format == QImage::Format_Mono ? 2 : 256, false)}, size)
+        : noise_page({"", QImage::Format_RGB32, {}}, size).convertToFormat(format);
     const Q3CanvasPixmap pixmap(page);
     // The far corner of the contents in the far corner of the window.
     const QSize contents(qFloor(size.width() * factor), qFloor(size.height() * factor));
@@ -326,7 +327,7 @@ void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
 void tst_Q3CanvasPixmap::widePartOfAReducedPageIsSampledToItsEnd()
 {
     // A window so wide that the part of the page in it is beyond the painter's coordinates.
-    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(48000, 32));
+    const QImage page = noise_page({"", QImage::Format_RGB32, {}}, QSize(48000, 32));
     const Q3CanvasPixmap pixmap(page);
     QImage window(3000, 2, QImage::Format_RGB32);
     window.fill(Backdrop);
@@ -342,7 +343,7 @@ void tst_Q3CanvasPixmap::widePartOfAReducedPageIsSampledToItsEnd()
 
 void tst_Q3CanvasPixmap::otherTransformsPaintAsThePainterDoes()
 {
-    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(61, 43));
+    const QImage page = noise_page({"", QImage::Format_RGB32, {}}, QSize(61, 43));
     const Q3CanvasPixmap pixmap(page);
     const QList<QTransform> transforms = {QTransform::fromScale(3.0, 3.0), QTransform::fromScale(2.0, 1.0),
                                           QTransform::fromTranslate(0.5, 0.25), QTransform().rotate(30.0),
@@ -356,13 +357,13 @@ void tst_Q3CanvasPixmap::otherTransformsPaintAsThePainterDoes()
         };
         const QImage actual = adjusted([&](QPainter &painter) { pixmap.draw(painter, QPoint(2, 3)); });
         const QImage expected = adjusted([&](QPainter &painter) { painter.drawImage(2, 3, page); });
-        QVERIFY2(actual == expected, qPrintable(firstDifferences(actual, expected)));
+        QVERIFY2(actual == expected, qPrintable(first_differences(actual, expected)));
     }
 }
 
 void tst_Q3CanvasPixmap::smoothingPainterSmooths()
 {
-    const QImage page = noisePage({"", QImage::Format_RGB32, {}}, QSize(61, 43));
+    const QImage page = noise_page({"", QImage::Format_RGB32, {}}, QSize(61, 43));
     const Q3CanvasPixmap pixmap(page);
     const auto smoothly = [](auto draw) {
         return painted(2.0, {}, {}, [&](QPainter &painter) {
@@ -374,12 +375,12 @@ void tst_Q3CanvasPixmap::smoothingPainterSmooths()
     const QImage actual = smoothly([&](QPainter &painter) { pixmap.draw(painter, QPoint(0, 0)); });
 
     QCOMPARE(actual, smoothly([&](QPainter &painter) { painter.drawImage(0, 0, page); }));
-    QVERIFY(actual != paintedPlainly(page, QPoint(0, 0), 2.0, QPoint(0, 0)));
+    QVERIFY(actual != painted_plainly(page, QPoint(0, 0), 2.0, QPoint(0, 0)));
 }
 
 void tst_Q3CanvasPixmap::painterKeepsItsTransform()
 {
-    const Q3CanvasPixmap pixmap(noisePage(pageKinds()[0], QSize(333, 251)));
+    const Q3CanvasPixmap pixmap(noise_page(page_kinds()[0], QSize(333, 251)));
     QTransform after;
 
     (void)painted(0.25, QPoint(4, 9), {}, [&](QPainter &painter) { // only the transform matters
@@ -387,7 +388,7 @@ void tst_Q3CanvasPixmap::painterKeepsItsTransform()
         after = painter.transform();
     });
 
-    QCOMPARE(after, zoomTransform(0.25, QPoint(4, 9)));
+    QCOMPARE(after, zoom_transform(0.25, QPoint(4, 9)));
 }
 
 QTEST_MAIN(tst_Q3CanvasPixmap)

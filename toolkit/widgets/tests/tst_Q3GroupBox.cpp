@@ -22,7 +22,7 @@ namespace {
 
 using Blocks = std::array<QWidget *, 4>;
 
-Blocks addFourBlocks(QWidget *box)
+Blocks add_four_blocks(QWidget *box)
 {
     Blocks blocks{};
     for (QWidget *&block : blocks) {
@@ -45,7 +45,7 @@ void tst_Q3GroupBox::showsTitleAndTakesItsNameFromTheArgument()
 void tst_Q3GroupBox::horizontalStripsAreColumnsFilledRowByRow()
 {
     Q3GroupBox box(2, Qt::Horizontal, {});
-    const Blocks blocks = addFourBlocks(&box);
+    const Blocks blocks = add_four_blocks(&box);
 
     box.show();
 
@@ -59,7 +59,7 @@ void tst_Q3GroupBox::horizontalStripsAreColumnsFilledRowByRow()
 void tst_Q3GroupBox::verticalStripsAreRowsFilledColumnByColumn()
 {
     Q3GroupBox box(2, Qt::Vertical, {});
-    const Blocks blocks = addFourBlocks(&box);
+    const Blocks blocks = add_four_blocks(&box);
 
     box.show();
 
@@ -73,7 +73,7 @@ void tst_Q3GroupBox::verticalStripsAreRowsFilledColumnByColumn()
 void tst_Q3GroupBox::keepsTheDefaultSpacingBetweenChildren()
 {
     Q3GroupBox box(1, Qt::Horizontal, {});
-    const Blocks blocks = addFourBlocks(&box);
+    const Blocks blocks = add_four_blocks(&box);
 
     box.show();
 
@@ -85,7 +85,7 @@ void tst_Q3GroupBox::keepsTheDefaultSpacingBetweenChildren()
 void tst_Q3GroupBox::insideSpacingAndMarginCanBeSet()
 {
     Q3GroupBox box(1, Qt::Horizontal, {});
-    const Blocks blocks = addFourBlocks(&box);
+    const Blocks blocks = add_four_blocks(&box);
     box.setInsideMargin(6);
     box.setInsideSpacing(7);
 
@@ -99,7 +99,7 @@ void tst_Q3GroupBox::insideSpacingAndMarginCanBeSet()
 void tst_Q3GroupBox::childrenKeepToTheTopOfATallBox()
 {
     Q3GroupBox box(1, Qt::Horizontal, {});
-    const Blocks blocks = addFourBlocks(&box);
+    const Blocks blocks = add_four_blocks(&box);
 
     box.resize(200, 600);
     box.show();

@@ -21,7 +21,7 @@ private slots:
 
 namespace {
 
-QWidget *addBlock(QWidget *box, QSize size)
+QWidget *add_block(QWidget *box, QSize size)
 {
     auto *const block = new QWidget(box);
     block->setFixedSize(size);
@@ -42,8 +42,8 @@ void tst_Q3HBox::takesItsNameFromTheArgument()
 void tst_Q3HBox::laysChildrenOutInARowByCreation()
 {
     Q3HBox box;
-    const QWidget *const first = addBlock(&box, {30, 20});
-    const QWidget *const second = addBlock(&box, {40, 20});
+    const QWidget *const first = add_block(&box, {30, 20});
+    const QWidget *const second = add_block(&box, {40, 20});
 
     box.show();
 
@@ -54,8 +54,8 @@ void tst_Q3HBox::laysChildrenOutInARowByCreation()
 void tst_Q3HBox::laysChildrenOutInAColumnByCreation()
 {
     Q3VBox box;
-    const QWidget *const first = addBlock(&box, {30, 20});
-    const QWidget *const second = addBlock(&box, {30, 20});
+    const QWidget *const first = add_block(&box, {30, 20});
+    const QWidget *const second = add_block(&box, {30, 20});
 
     box.show();
 
@@ -66,8 +66,8 @@ void tst_Q3HBox::laysChildrenOutInAColumnByCreation()
 void tst_Q3HBox::hasNeitherMarginNorSpacingAtFirst()
 {
     Q3HBox box;
-    addBlock(&box, {30, 20});
-    addBlock(&box, {40, 25});
+    add_block(&box, {30, 20});
+    add_block(&box, {40, 25});
 
     QCOMPARE(box.sizeHint(), QSize(70, 25));
 }
@@ -75,8 +75,8 @@ void tst_Q3HBox::hasNeitherMarginNorSpacingAtFirst()
 void tst_Q3HBox::spacingKeepsChildrenApart()
 {
     Q3VBox box;
-    addBlock(&box, {30, 20});
-    addBlock(&box, {30, 20});
+    add_block(&box, {30, 20});
+    add_block(&box, {30, 20});
 
     box.setSpacing(5);
 
@@ -95,7 +95,7 @@ void tst_Q3HBox::asksForTheSizeOfItsChildren()
 void tst_Q3HBox::keepsAWindowOutOfTheRow()
 {
     Q3HBox box;
-    addBlock(&box, {30, 20});
+    add_block(&box, {30, 20});
 
     const QDialog dialog(&box);
 
@@ -105,8 +105,8 @@ void tst_Q3HBox::keepsAWindowOutOfTheRow()
 void tst_Q3HBox::closesTheGapOfADeletedChild()
 {
     Q3HBox box;
-    const QWidget *const first = addBlock(&box, {30, 20});
-    addBlock(&box, {40, 20});
+    const QWidget *const first = add_block(&box, {30, 20});
+    add_block(&box, {40, 20});
 
     delete first;
 

@@ -9,14 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage pictureOf(QRgb colour)
+QImage picture_of(QRgb colour)
 {
     QImage image(2, 2, QImage::Format_ARGB32);
     image.fill(colour);
     return image;
 }
 
-QImage imageOf(const QMimeSource *source)
+QImage image_of(const QMimeSource *source)
 {
     const auto *const drag = dynamic_cast<const Q3ImageDrag *>(source);
     return drag ? drag->image() : QImage();
@@ -41,7 +41,7 @@ public:
         if (name != m_name)
             return nullptr;
         ++made;
-        const_cast<LazyFactory *>(this)->setImage(name, pictureOf(m_colour));
+        const_cast<LazyFactory *>(this)->setImage(name, picture_of(m_colour));
         return Q3MimeSourceFactory::data(name);
     }
 
@@ -92,9 +92,9 @@ void tst_Q3MimeSourceFactory::storedImageIsFoundByItsName()
 {
     Q3MimeSourceFactory factory;
 
-    factory.setImage(u"Save_gray.png"_s, pictureOf(0xff102030));
+    factory.setImage(u"Save_gray.png"_s, picture_of(0xff102030));
 
-    QCOMPARE(imageOf(factory.data(u"Save_gray.png"_s)), pictureOf(0xff102030));
+    QCOMPARE(image_of(factory.data(u"Save_gray.png"_s)), picture_of(0xff102030));
     QVERIFY(!factory.data(u"Save_gray"_s));
     QVERIFY(!factory.data(u"save_gray.png"_s));
 }
@@ -102,17 +102,17 @@ void tst_Q3MimeSourceFactory::storedImageIsFoundByItsName()
 void tst_Q3MimeSourceFactory::setImageReplacesTheFormerEntry()
 {
     Q3MimeSourceFactory factory;
-    factory.setImage(u"a"_s, pictureOf(0xff000001));
+    factory.setImage(u"a"_s, picture_of(0xff000001));
 
-    factory.setImage(u"a"_s, pictureOf(0xff000002));
+    factory.setImage(u"a"_s, picture_of(0xff000002));
 
-    QCOMPARE(imageOf(factory.data(u"a"_s)), pictureOf(0xff000002));
+    QCOMPARE(image_of(factory.data(u"a"_s)), picture_of(0xff000002));
 }
 
 void tst_Q3MimeSourceFactory::nullDataEmptiesTheEntry()
 {
     Q3MimeSourceFactory factory;
-    factory.setImage(u"a"_s, pictureOf(0xff000001));
+    factory.setImage(u"a"_s, picture_of(0xff000001));
 
     factory.setData(u"a"_s, nullptr);
 
@@ -123,9 +123,9 @@ void tst_Q3MimeSourceFactory::entryMayHaveAnEmptyName()
 {
     Q3MimeSourceFactory factory;
 
-    factory.setImage(QString(), pictureOf(0xff000001));
+    factory.setImage(QString(), picture_of(0xff000001));
 
-    QCOMPARE(imageOf(factory.data(u""_s)), pictureOf(0xff000001));
+    QCOMPARE(image_of(factory.data(u""_s)), picture_of(0xff000001));
 }
 
 void tst_Q3MimeSourceFactory::emptyNameFindsNothing()
@@ -140,18 +140,18 @@ void tst_Q3MimeSourceFactory::absoluteNameIsReadAsFile()
 {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"picture.png"_s);
-    QVERIFY(pictureOf(0xff405060).save(path));
+    QVERIFY(picture_of(0xff405060).save(path));
 
     const Q3MimeSourceFactory factory;
 
-    QCOMPARE(imageOf(factory.data(path)).pixel(1, 1), 0xff405060U);
+    QCOMPARE(image_of(factory.data(path)).pixel(1, 1), 0xff405060U);
     QVERIFY(!factory.data(directory.filePath(u"missing.png"_s)));
 }
 
 void tst_Q3MimeSourceFactory::plainNameIsNotReadFromTheCurrentDirectory()
 {
     const QTemporaryDir directory;
-    QVERIFY(pictureOf(0xff405060).save(directory.filePath(u"Save_gray.png"_s)));
+    QVERIFY(picture_of(0xff405060).save(directory.filePath(u"Save_gray.png"_s)));
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(directory.path()));
 
@@ -166,7 +166,7 @@ void tst_Q3MimeSourceFactory::plainNameIsReadFromTheEmbeddedFolder()
 {
     const Q3MimeSourceFactory factory;
 
-    QCOMPARE(imageOf(factory.data(u"dot.xpm"_s)).pixel(0, 0), qRgb(255, 0, 0));
+    QCOMPARE(image_of(factory.data(u"dot.xpm"_s)).pixel(0, 0), qRgb(255, 0, 0));
 }
 
 void tst_Q3MimeSourceFactory::defaultFactoryAsksAddedOnesInOrder()
@@ -175,9 +175,9 @@ void tst_Q3MimeSourceFactory::defaultFactoryAsksAddedOnesInOrder()
     const LazyFactory second(u"a"_s, 0xff000002);
     const LazyFactory third(u"b"_s, 0xff000003);
 
-    QCOMPARE(imageOf(Q3MimeSourceFactory::defaultFactory()->data(u"a"_s)), pictureOf(0xff000001));
+    QCOMPARE(image_of(Q3MimeSourceFactory::defaultFactory()->data(u"a"_s)), picture_of(0xff000001));
     QCOMPARE(second.calls, 0);
-    QCOMPARE(imageOf(Q3MimeSourceFactory::defaultFactory()->data(u"b"_s)), pictureOf(0xff000003));
+    QCOMPARE(image_of(Q3MimeSourceFactory::defaultFactory()->data(u"b"_s)), picture_of(0xff000003));
 }
 
 void tst_Q3MimeSourceFactory::removedFactoryIsNotAsked()
@@ -195,7 +195,7 @@ void tst_Q3MimeSourceFactory::otherFactoryAsksTheDefaultOne()
     const LazyFactory added(u"a"_s, 0xff000001);
     const Q3MimeSourceFactory other;
 
-    QCOMPARE(imageOf(other.data(u"a"_s)), pictureOf(0xff000001));
+    QCOMPARE(image_of(other.data(u"a"_s)), picture_of(0xff000001));
     QVERIFY(!other.data(u"b"_s));
 }
 
@@ -206,7 +206,7 @@ void tst_Q3MimeSourceFactory::addedFactoryAskedDirectlyMakesItsPictureOnce()
     const QMimeSource *const first = added.data(u"a"_s);
     const QMimeSource *const second = added.data(u"a"_s);
 
-    QCOMPARE(imageOf(first), pictureOf(0xff000001));
+    QCOMPARE(image_of(first), picture_of(0xff000001));
     QCOMPARE(second, first);
     QCOMPARE(added.made, 1);
 }
@@ -231,16 +231,16 @@ void tst_Q3MimeSourceFactory::overrideMayReturnANonConstSource()
         }
     };
     Narrowing factory;
-    factory.setImage(u"a"_s, pictureOf(0xff000001));
+    factory.setImage(u"a"_s, picture_of(0xff000001));
 
     QMimeSource *const source = factory.data(u"a"_s);
 
-    QCOMPARE(imageOf(source), pictureOf(0xff000001));
+    QCOMPARE(image_of(source), picture_of(0xff000001));
 }
 
 void tst_Q3MimeSourceFactory::decodeKeepsColoursAndAlpha()
 {
-    const Q3ImageDrag drag(pictureOf(qRgba(255, 0, 255, 51)));
+    const Q3ImageDrag drag(picture_of(qRgba(255, 0, 255, 51)));
     QPixmap pixmap;
 
     QVERIFY(Q3ImageDrag::decode(&drag, pixmap));

@@ -27,12 +27,12 @@ protected:
 
 constexpr QSize Visible(100, 80);
 
-int barWidth(const Q3ScrollView &view)
+int bar_width(const Q3ScrollView &view)
 {
     return view.verticalScrollBar()->sizeHint().width();
 }
 
-int barHeight(const Q3ScrollView &view)
+int bar_height(const Q3ScrollView &view)
 {
     return view.horizontalScrollBar()->sizeHint().height();
 }
@@ -87,7 +87,7 @@ void tst_Q3ScrollView::init()
     parent = new QWidget;
     parent->resize(500, 400);
     view = new CountingView(parent);
-    view->resize(Visible + frame(*view) + QSize(barWidth(*view), barHeight(*view)));
+    view->resize(Visible + frame(*view) + QSize(bar_width(*view), bar_height(*view)));
     parent->show();
     QVERIFY(QTest::qWaitForWindowExposed(parent));
     view->resizeContents(400, 300);
@@ -186,8 +186,8 @@ void tst_Q3ScrollView::oneBarCallsForTheOther()
     QTRY_VERIFY(view->verticalScrollBar()->isVisible() == vertical
                 && view->horizontalScrollBar()->isVisible() == horizontal);
 
-    QCOMPARE(view->viewport()->width(), view->width() - frame(*view).width() - (vertical ? barWidth(*view) : 0));
-    QCOMPARE(view->viewport()->height(), view->height() - frame(*view).height() - (horizontal ? barHeight(*view) : 0));
+    QCOMPARE(view->viewport()->width(), view->width() - frame(*view).width() - (vertical ? bar_width(*view) : 0));
+    QCOMPARE(view->viewport()->height(), view->height() - frame(*view).height() - (horizontal ? bar_height(*view) : 0));
 }
 
 void tst_Q3ScrollView::contentsThatShrinkPullThePositionBackLater()

@@ -73,12 +73,12 @@ protected:
 
 constexpr QSize Visible(100, 80);
 
-int barWidth(const Q3ScrollView &view)
+int bar_width(const Q3ScrollView &view)
 {
     return view.verticalScrollBar()->sizeHint().width();
 }
 
-int barHeight(const Q3ScrollView &view)
+int bar_height(const Q3ScrollView &view)
 {
     return view.horizontalScrollBar()->sizeHint().height();
 }
@@ -122,7 +122,7 @@ void tst_Q3ScrollView_events::init()
     parent = new Parent;
     parent->resize(500, 400);
     view = new RecordingView(parent);
-    view->resize(Visible + frame(*view) + QSize(barWidth(*view), barHeight(*view)));
+    view->resize(Visible + frame(*view) + QSize(bar_width(*view), bar_height(*view)));
     parent->show();
     QVERIFY(QTest::qWaitForWindowExposed(parent));
     view->resizeContents(400, 300);
