@@ -206,7 +206,8 @@ private:
     };
 
     [[nodiscard]] static bool isOpened(LoadOutcome outcome);
-    [[nodiscard]] bool openFiles(const QStringList &args);
+    [[nodiscard]] bool openFiles(const QStringList &words);
+    void endForWantOfFiles();
     void offerToSaveRefused(ImageDocumentView *view);
     [[nodiscard]] LoadOutcome openFile(const QString &path, const QString &format, bool temporary);
     [[nodiscard]] LoadOutcome reportFailedLoad(ImageDocument *document, const QString &name);

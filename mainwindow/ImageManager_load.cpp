@@ -6,6 +6,7 @@
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
 #include "tab_text.h"
+#include "window_settings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,13 +31,19 @@ QString next_untitled_name()
     return untitledCounter > 1 ? u"Untitled%1"_s.arg(untitledCounter) : u"Untitled"_s;
 }
 
+/// Whether a word that opens nothing leaves a window with tabs alone, and a path may hold a ":".
+bool keeps_open()
+{
+    return read_window_setting(WindowSetting::KeepOpen, false).toBool();
+}
+
 } // namespace
 
 void ImageManager::processArgs(const QStringList &args)
 {
     // Intended: with nothing to show the process ends here, also one that has shown documents until now.
     if (!openFiles(args) && !closed)
-        std::exit(0);
+        endForWantOfFiles();
 }
 
 void ImageManager::processArgs(const QStringList &args, const QStringList &earlyMessages)
@@ -45,6 +52,12 @@ void ImageManager::processArgs(const QStringList &args, const QStringList &early
     for (const QString &message : earlyMessages)
         processMessage(message); // one that opens nothing does not come back
     if (!anyOpened && earlyMessages.isEmpty() && !closed)
+        endForWantOfFiles();
+}
+
+void ImageManager::endForWantOfFiles()
+{
+    if (tabWidget->count() == 0 || !keeps_open())
         std::exit(0);
 }
 
@@ -55,10 +68,11 @@ bool ImageManager::isOpened(LoadOutcome outcome)
 
 /// Opens the files of an argument list one after the other. Once the window is closed the process is about to end:
 /// those that are left stay where they are, temporary ones too. False if none opened.
-bool ImageManager::openFiles(const QStringList &args)
+bool ImageManager::openFiles(const QStringList &words)
 {
-    qDebug("ImageManager::processArgs(): { args=<%s>", args.join(' '_L1).toLocal8Bit().constData());
+    qDebug("ImageManager::processArgs(): { args=<%s>", words.join(' '_L1).toLocal8Bit().constData());
 
+    const QStringList args = keeps_open() ? join_paths_with_colons(words) : words;
     bool anyOpened = false;
     for (qsizetype i = 1; i < args.size() && !closed; ++i) {
         QString path = args.at(i);

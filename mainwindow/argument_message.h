@@ -11,3 +11,7 @@
 
 /// The arguments of a message; empty ones are gone.
 [[nodiscard]] QStringList splitArgs(const QString &message);
+
+/// The arguments with paths that hold a ":" put together again: an entry behind the first that names nothing on disk is
+/// joined with as many of those behind it as give the name of a file. What gives none stays as it is.
+[[nodiscard]] QStringList join_paths_with_colons(const QStringList &arguments);

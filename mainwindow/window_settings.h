@@ -20,6 +20,7 @@ namespace WindowSetting {
 
 inline const QString ShowLabels = QStringLiteral("show_labels"); ///< bool
 inline const QString ToolsMenu = QStringLiteral("tools_menu"); ///< bool, read only
+inline const QString KeepOpen = QStringLiteral("keep_open"); ///< bool, read only
 inline const QString MovableToolbars = QStringLiteral("movable_toolbars"); ///< bool
 inline const QString Layout = QStringLiteral("image_editor_layout"); ///< string
 inline const QString Width = QStringLiteral("image_editor_width"); ///< int, pixels

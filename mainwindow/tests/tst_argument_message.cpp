@@ -1,5 +1,7 @@
 #include "argument_message.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
@@ -39,6 +41,45 @@ private slots:
         QFETCH(QString, message);
 
         QTEST(splitArgs(message), "arguments");
+    }
+
+    void partsOfAPathAreJoinedWhereTheyNameAFile_data()
+    {
+        QTest::addColumn<QStringList>("names"); // "@" is the directory of the files
+        QTest::addColumn<QStringList>("joined");
+
+        QTest::newRow("nothing") << QStringList() << QStringList();
+        QTest::newRow("the program alone") << QStringList{u"im"_s} << QStringList{u"im"_s};
+        QTest::newRow("one colon") << QStringList{u"im"_s, u"@/a"_s, u"b.png"_s}
+                                   << QStringList{u"im"_s, u"@/a:b.png"_s};
+        QTest::newRow("two colons") << QStringList{u"im"_s, u"@/1"_s, u"2"_s, u"3"_s}
+                                    << QStringList{u"im"_s, u"@/1:2:3"_s};
+        QTest::newRow("what is there already stays") << QStringList{u"im"_s, u"@/c.png"_s, u"@/a"_s, u"b.png"_s}
+                                                     << QStringList{u"im"_s, u"@/c.png"_s, u"@/a:b.png"_s};
+        QTest::newRow("two files one behind the other")
+            << QStringList{u"im"_s, u"@/a"_s, u"b.png"_s, u"@/1"_s, u"2"_s, u"3"_s}
+            << QStringList{u"im"_s, u"@/a:b.png"_s, u"@/1:2:3"_s};
+        QTest::newRow("what names no file") << QStringList{u"im"_s, u"@/x"_s, u"y"_s, u"@/a"_s, u"b.png"_s}
+                                            << QStringList{u"im"_s, u"@/x"_s, u"y"_s, u"@/a:b.png"_s};
+        QTest::newRow("temporary file") << QStringList{u"im"_s, u"-t"_s, u"@/a"_s, u"b.png"_s}
+                                        << QStringList{u"im"_s, u"-t"_s, u"@/a:b.png"_s};
+        QTest::newRow("the program is no file to open")
+            << QStringList{u"@/a"_s, u"b.png"_s} << QStringList{u"@/a"_s, u"b.png"_s};
+    }
+
+    void partsOfAPathAreJoinedWhereTheyNameAFile()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QStringList, joined);
+        const QTemporaryDir directory;
+        for (const QString &name : {u"a:b.png"_s, u"1:2:3"_s, u"c.png"_s}) {
+            QFile file(directory.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        for (QStringList *const list : {&names, &joined})
+            list->replaceInStrings(u"@"_s, directory.path());
+
+        QCOMPARE(join_paths_with_colons(names), joined);
     }
 };
 
