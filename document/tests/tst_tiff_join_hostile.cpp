@@ -1,6 +1,7 @@
 // TIFF files that cannot be taken over safely: they are refused, soon and without taking memory.
 
 #include "image_files.h"
+#include "plain_tiffs.h"
 #include "tiff_join.h"
 #include "tiff_pages.h"
 
@@ -16,11 +17,6 @@ namespace {
 
 constexpr qint64 SlackBytes = 40'000'000;
 constexpr qint64 LongTimeMs = 5000;
-
-QByteArray entry(int tag, int type, qint64 value, qint64 count = 1)
-{
-    return little16(tag) + little16(type) + little32(count) + little32(value);
-}
 
 QByteArray directory_of(const QList<QByteArray> &entries, qint64 next = 0)
 {

@@ -1,10 +1,9 @@
 #include "Q3Process.h"
+#include "scripts.h"
 
 #include <QDir>
 #include <QFile>
-#include <QPointer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
@@ -34,60 +33,13 @@ private slots:
     void programOutlivesItsObject();
     void programOutlivesTheProcessThatLaunchedIt();
     void launchLeavesNoChildBehind();
-    void missingProgramIsAnsweredWithFalse_data();
+    void missingProgramIsAnsweredWithFalse_data() { add_missing_programs(); }
     void missingProgramIsAnsweredWithFalse();
     void withoutAProgramNothingIsLaunched_data();
     void withoutAProgramNothingIsLaunched();
-    void startedProgramTellsOfItsEndOnce_data();
-    void startedProgramTellsOfItsEndOnce();
-    void objectMayBeDeletedWhenItsProgramHasEnded();
-    void startedProgramIsNumberedWhileItRuns();
-    void startedProgramOutlivesItsObjectAndIsReaped();
-    void missingProgramIsNotStartedAndTellsNothing_data() { missingProgramIsAnsweredWithFalse_data(); }
-    void missingProgramIsNotStartedAndTellsNothing();
-    void objectStartsOneProgramAtATime();
     void nothingOfOursReachesTheProgram_data();
     void nothingOfOursReachesTheProgram();
 };
-
-namespace {
-
-/// A directory in which scripts leave what they have seen.
-class Place
-{
-public:
-    [[nodiscard]] QString path(const QString &name) const { return m_directory.filePath(name); }
-
-    /// What a script has left under a name. Scripts write elsewhere and move the file here when it is whole.
-    [[nodiscard]] QByteArray left(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing yet");
-    }
-
-    [[nodiscard]] bool has(const QString &name) const { return QFile::exists(path(name)); }
-
-    void make(const QString &name) const
-    {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
-
-private:
-    QTemporaryDir m_directory;
-};
-
-/// Hands over a script for the shell; "$0" is the place's directory.
-void add_script(Q3Process &process, const QString &script, const Place &place)
-{
-    for (const QString &argument : {u"/bin/sh"_s, u"-c"_s, script, place.path(QString())})
-        process.addArgument(argument);
-}
-
-// Says that it runs, waits to be told to go on, and says that it has ended.
-const QString patientScript = u"cd \"$0\"; touch running; until [ -e go ]; do sleep 0.05; done; touch ended"_s;
-
-} // namespace
 
 void tst_Q3Process::argumentsComeBackInOrder()
 {
@@ -102,7 +54,7 @@ void tst_Q3Process::argumentsComeBackInOrder()
 
 void tst_Q3Process::programGetsItsArgumentsAsTheyStand()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, u"cd \"$0\"; printf '<%s>' \"$@\" >new; mv new arguments"_s, place);
     for (const QString &argument : {u"two words"_s, QString(), u"\"quoted\" $HOME *"_s, u"-n"_s, u"größe"_s})
@@ -115,7 +67,7 @@ void tst_Q3Process::programGetsItsArgumentsAsTheyStand()
 
 void tst_Q3Process::programIsSearchedInPath()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     process.addArgument(u"touch"_s);
     process.addArgument(place.path(u"touched"_s));
@@ -127,7 +79,7 @@ void tst_Q3Process::programIsSearchedInPath()
 
 void tst_Q3Process::programStartsInTheCurrentDirectoryWithOurEnvironment()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, u"echo \"$PWD $IM_TEST_MARK\" >\"$0/new\"; mv \"$0/new\" \"$0/seen\""_s, place);
     qputenv("IM_TEST_MARK", "mark");
@@ -139,7 +91,7 @@ void tst_Q3Process::programStartsInTheCurrentDirectoryWithOurEnvironment()
 
 void tst_Q3Process::standardInputIsEmpty()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, u"cd \"$0\"; cat >new; mv new input"_s, place);
     std::array<int, 2> ends{}; // our own standard input holds something and stays open
@@ -154,7 +106,7 @@ void tst_Q3Process::standardInputIsEmpty()
 
 void tst_Q3Process::largeOutputDoesNotHoldTheProgramUp()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, u"head -c 1000000 /dev/zero && head -c 1000000 /dev/zero >&2 && cd \"$0\" && touch ended"_s,
                place);
@@ -166,7 +118,7 @@ void tst_Q3Process::largeOutputDoesNotHoldTheProgramUp()
 
 void tst_Q3Process::everyLaunchStartsTheProgramOnce()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, u"cd \"$0\"; touch \"started$$\""_s, place);
     const QDir directory(place.path(QString()));
@@ -179,7 +131,7 @@ void tst_Q3Process::everyLaunchStartsTheProgramOnce()
 
 void tst_Q3Process::programOutlivesItsObject()
 {
-    const Place place;
+    const ScriptPlace place;
     {
         Q3Process process;
         add_script(process, patientScript, place);
@@ -195,7 +147,7 @@ void tst_Q3Process::programOutlivesItsObject()
 
 void tst_Q3Process::programOutlivesTheProcessThatLaunchedIt()
 {
-    const Place place;
+    const ScriptPlace place;
     const pid_t launcher = ::fork();
     if (launcher == 0) {
         Q3Process process;
@@ -214,7 +166,7 @@ void tst_Q3Process::programOutlivesTheProcessThatLaunchedIt()
 
 void tst_Q3Process::launchLeavesNoChildBehind()
 {
-    const Place place;
+    const ScriptPlace place;
     Q3Process process;
     add_script(process, patientScript, place);
     QVERIFY(process.launch());
@@ -226,15 +178,6 @@ void tst_Q3Process::launchLeavesNoChildBehind()
 
     place.make(u"go"_s);
     QTRY_VERIFY(place.has(u"ended"_s));
-}
-
-void tst_Q3Process::missingProgramIsAnsweredWithFalse_data()
-{
-    QTest::addColumn<QString>("program");
-
-    QTest::newRow("absolute path") << u"/nowhere/at/all/viewer"_s;
-    QTest::newRow("name that PATH does not have") << u"no-program-has-this-name"_s;
-    QTest::newRow("directory") << u"/tmp"_s;
 }
 
 void tst_Q3Process::missingProgramIsAnsweredWithFalse()
@@ -267,114 +210,6 @@ void tst_Q3Process::withoutAProgramNothingIsLaunched()
     QVERIFY(!process.launch());
 }
 
-void tst_Q3Process::startedProgramTellsOfItsEndOnce_data()
-{
-    QTest::addColumn<QString>("script");
-
-    QTest::newRow("success") << u"exit 0"_s;
-    QTest::newRow("failure") << u"exit 7"_s;
-    QTest::newRow("killed") << u"kill -9 $$"_s;
-    QTest::newRow("much output") << u"head -c 1000000 /dev/zero; head -c 1000000 /dev/zero >&2"_s;
-}
-
-void tst_Q3Process::startedProgramTellsOfItsEndOnce()
-{
-    QFETCH(const QString, script);
-    const Place place;
-    Q3Process process;
-    add_script(process, script, place);
-    const QSignalSpy ends(&process, &Q3Process::processExited);
-
-    QVERIFY(process.start());
-    QCOMPARE(ends.count(), 0); // only the event loop tells
-
-    QTRY_COMPARE(ends.count(), 1);
-    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
-    QCOMPARE(errno, ECHILD);
-}
-
-void tst_Q3Process::objectMayBeDeletedWhenItsProgramHasEnded()
-{
-    const Place place;
-    QPointer<Q3Process> process = new Q3Process(this);
-    add_script(*process, u"exit 0"_s, place);
-    connect(process, &Q3Process::processExited, this, [&process] { delete process; });
-
-    QVERIFY(process->start());
-
-    QTRY_VERIFY(!process);
-}
-
-void tst_Q3Process::startedProgramIsNumberedWhileItRuns()
-{
-    const Place place;
-    Q3Process process;
-    add_script(process, u"cd \"$0\"; echo $$ >new; mv new number; until [ -e go ]; do sleep 0.05; done"_s, place);
-    const QSignalSpy ends(&process, &Q3Process::processExited);
-    QCOMPARE(process.processIdentifier(), 0);
-
-    QVERIFY(process.start());
-
-    const QByteArray number = QByteArray::number(process.processIdentifier()) + '\n';
-    QTRY_COMPARE(place.left(u"number"_s), number);
-    place.make(u"go"_s);
-    QTRY_COMPARE(ends.count(), 1);
-    QCOMPARE(process.processIdentifier(), 0);
-}
-
-void tst_Q3Process::startedProgramOutlivesItsObjectAndIsReaped()
-{
-    const Place place;
-    {
-        Q3Process process;
-        add_script(process, patientScript, place);
-        QVERIFY(process.start());
-    }
-    QTRY_VERIFY(place.has(u"running"_s));
-    QVERIFY(!place.has(u"ended"_s));
-    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), 0); // a child that runs
-
-    place.make(u"go"_s);
-
-    QTRY_VERIFY(place.has(u"ended"_s));
-    // WNOWAIT: the end is left to be reaped by whom it belongs to.
-    siginfo_t info{};
-    QTRY_VERIFY(::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == -1 && errno == ECHILD);
-}
-
-void tst_Q3Process::missingProgramIsNotStartedAndTellsNothing()
-{
-    QFETCH(const QString, program);
-    Q3Process process;
-    process.addArgument(program);
-    const QSignalSpy ends(&process, &Q3Process::processExited);
-
-    QVERIFY(!process.start());
-
-    QCOMPARE(process.processIdentifier(), 0);
-    QCoreApplication::processEvents();
-    QCOMPARE(ends.count(), 0);
-    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
-    QCOMPARE(errno, ECHILD);
-}
-
-void tst_Q3Process::objectStartsOneProgramAtATime()
-{
-    const Place place;
-    Q3Process process;
-    add_script(process, u"cd \"$0\"; touch \"started$$\"; until [ -e go ]; do sleep 0.05; done"_s, place);
-    const QSignalSpy ends(&process, &Q3Process::processExited);
-
-    QVERIFY(process.start());
-    QVERIFY(!process.start());
-    place.make(u"go"_s);
-    QTRY_COMPARE(ends.count(), 1);
-    QVERIFY(process.start());
-    QTRY_COMPARE(ends.count(), 2);
-
-    QCOMPARE(QDir(place.path(QString())).entryList({u"started*"_s}).size(), 2);
-}
-
 void tst_Q3Process::nothingOfOursReachesTheProgram_data()
 {
     QTest::addColumn<bool>("launched");
@@ -386,7 +221,7 @@ void tst_Q3Process::nothingOfOursReachesTheProgram_data()
 void tst_Q3Process::nothingOfOursReachesTheProgram()
 {
     QFETCH(const bool, launched);
-    const Place place;
+    const ScriptPlace place;
     const int ours = ::open("/dev/zero", O_RDONLY); // NOLINT(android-cloexec-open): one that could be passed on
     QVERIFY(ours > STDERR_FILENO);
     const auto former = std::signal(SIGPIPE, SIG_IGN);

@@ -1,34 +1,10 @@
+#include "colour_pictures.h"
 #include "page_image.h"
 
 #include <QTest>
 
-#include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
-
-namespace {
-
-constexpr int Width = 5;
-constexpr int Height = 3;
-
-/// Colours that every format of 5 bits a channel and more tells apart, opaque ones.
-QRgb colour_at(int x, int y)
-{
-    return qRgb(x * 63, y * 127, 255 - x * 50);
-}
-
-QImage colour_picture(QImage::Format format)
-{
-    QImage image(Width, Height, QImage::Format_RGB32);
-    for (int y = 0; y < Height; ++y) {
-        for (int x = 0; x < Width; ++x)
-            image.setPixel(x, y, colour_at(x, y));
-    }
-    return std::move(image).convertToFormat(format);
-}
-
-} // namespace
 
 class tst_page_image : public QObject
 {
@@ -44,18 +20,9 @@ private slots:
     void indicesBeyondAShortTableBecomeBlack_data();
     void indicesBeyondAShortTableBecomeBlack();
     void nullStaysNull();
-    void greysOfEightBitsKeepTheirValues();
-    void greysOfSixteenBitsKeepTheirHighBytes();
-    void greyPageCountsAsGrey();
     void sharedGreyPictureStaysUntouched();
     void movedGreyPictureIsRelabelledInPlace();
     void movedColourPictureIsConvertedInPlace();
-    void coloursOfWholeBytesAreExact_data();
-    void coloursOfWholeBytesAreExact();
-    void coloursOfSixteenBitsAPixelAreSpread();
-    void alphaSurvives_data();
-    void alphaSurvives();
-    void alphaOnlyPictureBecomesTransparentBlack();
     void resolutionAndTextsSurvive_data();
     void resolutionAndTextsSurvive();
     void resolutionOfNothingBecomesTheDefault_data();
@@ -116,7 +83,7 @@ void tst_page_image::everyFormatBecomesAPageFormat()
     const QImage page = to_page_image(colour_picture(format));
 
     QCOMPARE(page.format(), expected);
-    QCOMPARE(page.size(), QSize(Width, Height));
+    QCOMPARE(page.size(), QSize(PictureWidth, PictureHeight));
 }
 
 void tst_page_image::pageFormatSharesItsPixels_data()
@@ -155,7 +122,7 @@ void tst_page_image::oddTableStays()
 {
     QFETCH(QImage::Format, format);
     QFETCH(QList<QRgb>, table);
-    QImage picture(Width, Height, format);
+    QImage picture(PictureWidth, PictureHeight, format);
     picture.setColorTable(table);
     picture.fill(0);
 
@@ -179,7 +146,7 @@ void tst_page_image::indicesBeyondAShortTableBecomeBlack()
 {
     QFETCH(QImage::Format, format);
     QFETCH(uint, index);
-    QImage picture(Width, Height, format);
+    QImage picture(PictureWidth, PictureHeight, format);
     picture.setColorTable({qRgb(9, 9, 9)});
     picture.fill(index);
     picture.scanLine(1)[0] = 0;
@@ -195,44 +162,6 @@ void tst_page_image::indicesBeyondAShortTableBecomeBlack()
 void tst_page_image::nullStaysNull()
 {
     QVERIFY(to_page_image(QImage()).isNull());
-}
-
-void tst_page_image::greysOfEightBitsKeepTheirValues()
-{
-    QImage grey(256, 1, QImage::Format_Grayscale8);
-    for (int x = 0; x < 256; ++x)
-        grey.scanLine(0)[x] = static_cast<uchar>(x);
-
-    const QImage page = to_page_image(std::move(grey));
-
-    QCOMPARE(page.colorCount(), 256);
-    for (int x = 0; x < 256; ++x) {
-        QCOMPARE(page.pixelIndex(x, 0), x);
-        QCOMPARE(page.pixel(x, 0), qRgb(x, x, x));
-    }
-}
-
-void tst_page_image::greysOfSixteenBitsKeepTheirHighBytes()
-{
-    const std::array<quint16, 10> words = {0x0000, 0x00ff, 0x0100, 0x017f, 0x0180,
-                                           0x7f80, 0x80ff, 0xfe80, 0xfeff, 0xffff};
-    const std::array<int, 10> highBytes = {0x00, 0x00, 0x01, 0x01, 0x01, 0x7f, 0x80, 0xfe, 0xfe, 0xff};
-    QImage grey(10, 1, QImage::Format_Grayscale16);
-    std::copy(words.begin(), words.end(), reinterpret_cast<quint16 *>(grey.bits()));
-
-    const QImage page = to_page_image(std::move(grey));
-
-    QCOMPARE(page.format(), QImage::Format_Indexed8);
-    for (size_t i = 0; i < words.size(); ++i) {
-        QCOMPARE(page.pixelIndex(static_cast<int>(i), 0), highBytes[i]);
-        QCOMPARE(page.pixel(static_cast<int>(i), 0), qRgb(highBytes[i], highBytes[i], highBytes[i]));
-    }
-}
-
-void tst_page_image::greyPageCountsAsGrey()
-{
-    QVERIFY(to_page_image(colour_picture(QImage::Format_Grayscale8)).isGrayscale());
-    QVERIFY(to_page_image(colour_picture(QImage::Format_Grayscale16)).isGrayscale());
 }
 
 void tst_page_image::sharedGreyPictureStaysUntouched()
@@ -265,92 +194,6 @@ void tst_page_image::movedColourPictureIsConvertedInPlace()
     const QImage page = to_page_image(std::move(picture));
 
     QCOMPARE(page.constBits(), bits);
-}
-
-void tst_page_image::coloursOfWholeBytesAreExact_data()
-{
-    QTest::addColumn<QImage::Format>("format");
-    QTest::newRow("RGB32") << QImage::Format_RGB32;
-    QTest::newRow("ARGB32_Premultiplied") << QImage::Format_ARGB32_Premultiplied;
-    QTest::newRow("RGB888") << QImage::Format_RGB888;
-    QTest::newRow("BGR888") << QImage::Format_BGR888;
-    QTest::newRow("RGBX8888") << QImage::Format_RGBX8888;
-    QTest::newRow("RGBA8888") << QImage::Format_RGBA8888;
-    QTest::newRow("RGBA8888_Premultiplied") << QImage::Format_RGBA8888_Premultiplied;
-    QTest::newRow("RGB30") << QImage::Format_RGB30;
-    QTest::newRow("BGR30") << QImage::Format_BGR30;
-    QTest::newRow("A2RGB30_Premultiplied") << QImage::Format_A2RGB30_Premultiplied;
-    QTest::newRow("A2BGR30_Premultiplied") << QImage::Format_A2BGR30_Premultiplied;
-    QTest::newRow("RGBX64") << QImage::Format_RGBX64;
-    QTest::newRow("RGBA64") << QImage::Format_RGBA64;
-    QTest::newRow("RGBA64_Premultiplied") << QImage::Format_RGBA64_Premultiplied;
-    QTest::newRow("RGBX16FPx4") << QImage::Format_RGBX16FPx4;
-    QTest::newRow("RGBA16FPx4") << QImage::Format_RGBA16FPx4;
-    QTest::newRow("RGBA16FPx4_Premultiplied") << QImage::Format_RGBA16FPx4_Premultiplied;
-    QTest::newRow("RGBX32FPx4") << QImage::Format_RGBX32FPx4;
-    QTest::newRow("RGBA32FPx4") << QImage::Format_RGBA32FPx4;
-    QTest::newRow("RGBA32FPx4_Premultiplied") << QImage::Format_RGBA32FPx4_Premultiplied;
-}
-
-void tst_page_image::coloursOfWholeBytesAreExact()
-{
-    QFETCH(QImage::Format, format);
-
-    const QImage page = to_page_image(colour_picture(format));
-
-    for (int y = 0; y < Height; ++y) {
-        for (int x = 0; x < Width; ++x)
-            QCOMPARE(page.pixel(x, y), colour_at(x, y));
-    }
-}
-
-void tst_page_image::coloursOfSixteenBitsAPixelAreSpread()
-{
-    QImage picture(2, 1, QImage::Format_RGB16);
-    auto *const words = reinterpret_cast<quint16 *>(picture.bits());
-    words[0] = 0xf800; // red 31 of 31
-    words[1] = 0x0410; // green 32 of 63, blue 16 of 31
-
-    const QImage page = to_page_image(std::move(picture));
-
-    QCOMPARE(page.pixel(0, 0), qRgb(255, 0, 0));
-    QCOMPARE(page.pixel(1, 0), qRgb(0, 130, 132)); // the high bits repeat below: 100000 10, 10000 100
-}
-
-void tst_page_image::alphaSurvives_data()
-{
-    QTest::addColumn<QImage::Format>("format");
-    QTest::newRow("ARGB32") << QImage::Format_ARGB32;
-    QTest::newRow("ARGB32_Premultiplied") << QImage::Format_ARGB32_Premultiplied;
-    QTest::newRow("RGBA8888") << QImage::Format_RGBA8888;
-    QTest::newRow("RGBA64") << QImage::Format_RGBA64;
-    QTest::newRow("RGBA64_Premultiplied") << QImage::Format_RGBA64_Premultiplied;
-}
-
-void tst_page_image::alphaSurvives()
-{
-    QFETCH(QImage::Format, format);
-    QImage picture(2, 1, QImage::Format_ARGB32);
-    picture.setPixel(0, 0, qRgba(255, 0, 255, 51));
-    picture.setPixel(1, 0, qRgba(0, 0, 0, 0));
-
-    const QImage page = to_page_image(std::move(picture).convertToFormat(format));
-
-    QCOMPARE(page.format(), QImage::Format_ARGB32);
-    QCOMPARE(page.pixel(0, 0), qRgba(255, 0, 255, 51));
-    QCOMPARE(page.pixel(1, 0), qRgba(0, 0, 0, 0));
-}
-
-void tst_page_image::alphaOnlyPictureBecomesTransparentBlack()
-{
-    QImage picture(2, 1, QImage::Format_Alpha8);
-    picture.bits()[0] = 0;
-    picture.bits()[1] = 200;
-
-    const QImage page = to_page_image(std::move(picture));
-
-    QCOMPARE(page.pixel(0, 0), qRgba(0, 0, 0, 0));
-    QCOMPARE(page.pixel(1, 0), qRgba(0, 0, 0, 200));
 }
 
 void tst_page_image::resolutionAndTextsSurvive_data()
@@ -411,5 +254,4 @@ void tst_page_image::resultTooWideForMemoryIsNull()
 }
 
 QTEST_GUILESS_MAIN(tst_page_image)
-
 #include "tst_page_image.moc"
