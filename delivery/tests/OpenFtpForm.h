@@ -13,11 +13,12 @@
 #include <QTest>
 
 #include <memory>
+#include <utility>
 
 /// A form on show about a page, in a home of its own, and a server to upload to.
 struct OpenFtpForm
 {
-    explicit OpenFtpForm(const QImage &shown = smallPage()) : page(shown), form(std::make_unique<FtpForm>(&page))
+    explicit OpenFtpForm(QImage shown = smallPage()) : page(std::move(shown)), form(std::make_unique<FtpForm>(&page))
     {
         form->show();
         isShown = QTest::qWaitForWindowExposed(form.get());

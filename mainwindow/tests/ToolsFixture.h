@@ -16,7 +16,7 @@ public:
     /// A file of two different pages.
     [[nodiscard]] QString twoPages() const
     {
-        const QString path = home.filePath(QStringLiteral("pages.tif"));
+        QString path = home.filePath(QStringLiteral("pages.tif"));
         ImageDocument document{QString(), QString()};
         QImage second = patterned_page({40, 30}).convertToFormat(QImage::Format_RGB32);
         second.fill(Qt::white);
