@@ -103,7 +103,7 @@ void FtpForm::takeFile(const QString &path)
 {
     localName = QFileInfo(path).fileName();
     ui->local_file->setText(path);
-    ui->local_file->setToolTip(path.toHtmlEscaped());
+    ui->local_file->setToolTip(u"<span style='white-space:pre'>"_s + path.toHtmlEscaped() + u"</span>"_s);
     m_bSavedMeanwhile = m_bTransfer;
     ui->upload->setEnabled(!m_bTransfer);
 }

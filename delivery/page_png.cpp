@@ -182,12 +182,13 @@ bool write_header(QIODevice &device, const QImage &page, const PngShape &shape)
     return write_bytes(device, Signature) && write_chunk(device, "IHDR", header);
 }
 
-/// A colour for every index that a pixel can have. The toolkit shows indices behind the table in black, and without
+/// A colour for every index that a pixel can have, and no more. The toolkit shows indices behind the table in black, and without
 /// a table in greys, or black and white.
 QList<QRgb> whole_table(const QImage &page)
 {
     QList<QRgb> table = page.colorTable();
     const auto size = static_cast<qsizetype>(page.depth() == 1 ? 2 : MostColors);
+    table.resize(std::min(table.size(), size)); // a reader may refuse the file, or its alphas, for colours too many
     if (table.isEmpty()) {
         for (qsizetype i = 0; i < size; ++i) {
             const int gray = static_cast<int>(i * 255 / (size - 1));

@@ -235,7 +235,7 @@ private:
 
     Q3Process *lprProcess = nullptr; ///< the print job under way, also where no lpr could be started
     std::array<char, L_tmpnam + sizeof ".png"> printFile{}; ///< the job's file, empty for none
-    std::unique_ptr<LeftoverWatch> printFileWatch; ///< of that file; null where it cannot be had
+    std::unique_ptr<LeftoverWatch> printFileWatch; ///< of that file, as long as the job
     UndoHistory undoHistory; ///< shared by all tabs
     QHash<QLatin1StringView, QAction *> actions; ///< every action by its name in the action table
     std::array<int, 8> zoomIds = {}; ///< menu ids of the zoom actions, by zoom index

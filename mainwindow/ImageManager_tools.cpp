@@ -34,8 +34,8 @@ bool ImageManager::savePrintFile(const QString &path)
     QFile file;
     if (!create_print_file(path, file))
         return false;
-    printFileWatch = LeftoverWatch::start(path);
-    if (write_print_file(file, firstPageImage()))
+    printFileWatch = LeftoverWatch::start(path); // without one the file might stay for ever
+    if (printFileWatch && write_print_file(file, firstPageImage()))
         return true;
     QFile::remove(path);
     if (printFileWatch)
@@ -65,7 +65,7 @@ void ImageManager::file_print()
     lprProcess->addArgument(path);
     connect(lprProcess, &Q3Process::processExited, this, &ImageManager::on_lpr_finished);
     // Intended: where there is no lpr the job stays under way, and nothing is printed until the program ends.
-    if (lprProcess->start() && printFileWatch)
+    if (lprProcess->start())
         printFileWatch->setReader(lprProcess->processIdentifier());
 }
 
@@ -76,8 +76,7 @@ void ImageManager::on_lpr_finished()
         QFile::remove(QFile::decodeName(printFile.data()));
         printFile.front() = '\0';
     }
-    if (printFileWatch)
-        printFileWatch->dismiss();
+    printFileWatch->dismiss();
     printFileWatch.reset();
     lprProcess = nullptr;
     // Intended: takes away what the cursor was set to by whoever did it last; printing itself has set none.

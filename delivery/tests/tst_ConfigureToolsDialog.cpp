@@ -55,6 +55,32 @@ private slots:
         QCOMPARE(QSettings().allKeys(), QStringList());
     }
 
+    void returnPressesTheButtonThatHasTheKeyboard()
+    {
+        Fixture fixture;
+        fixture.dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&fixture.dialog));
+        fixture.field(u"OCR"_s).setText(u"other"_s);
+        auto *const cancel = fixture.dialog.findChild<QPushButton *>(u"buttonCancel"_s);
+        cancel->setFocus();
+
+        QTest::keyClick(cancel, Qt::Key_Return);
+
+        QCOMPARE(fixture.dialog.result(), int{QDialog::Rejected});
+        QCOMPARE(QSettings().allKeys(), QStringList());
+    }
+
+    void returnInAFieldIsOk()
+    {
+        Fixture fixture;
+        fixture.dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&fixture.dialog));
+
+        QTest::keyClick(&fixture.field(u"OCR"_s), Qt::Key_Return);
+
+        QCOMPARE(fixture.dialog.result(), int{QDialog::Accepted});
+    }
+
     void okStoresAllFieldsAsTheyStand()
     {
         Fixture fixture;

@@ -66,6 +66,37 @@ class tst_page_png : public QObject
     Q_OBJECT
 
 private slots:
+    void tableHoldsTheColorsOfPixelsAlone_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::addColumn<int>("entries");
+
+        QTest::newRow("3 of 1 bit") << QImage::Format_Mono << 3;
+        QTest::newRow("256 of 1 bit") << QImage::Format_Mono << 256;
+        QTest::newRow("256 of 1 bit, lowest first") << QImage::Format_MonoLSB << 256;
+    }
+
+    void tableHoldsTheColorsOfPixelsAlone()
+    {
+        QFETCH(const QImage::Format, format);
+        QFETCH(const int, entries);
+        QImage page(9, 3, format);
+        QList<QRgb> table(entries, 0);
+        table[0] = 0xffffffff;
+        table[1] = 0x8000ff00;
+        page.setColorTable(table);
+        page.fill(1);
+        page.setPixel(4, 1, 0);
+
+        const QByteArray bytes = png(page);
+
+        const QByteArray twoColors = QByteArray::fromHex("00000006") + "PLTE" + QByteArray::fromHex("ffffff00ff00");
+        QVERIFY(bytes.contains(twoColors));
+        QVERIFY(bytes.contains(QByteArray::fromHex("00000002") + "tRNS" + QByteArray::fromHex("ff80")));
+        QCOMPARE(seen(page).pixel(0, 0), 0x8000ff00U);
+        QCOMPARE(seen(page).pixel(4, 1), 0xffffffffU);
+    }
+
     void everyPixelArrives_data()
     {
         QTest::addColumn<QImage::Format>("format");

@@ -200,6 +200,30 @@ private slots:
         QTRY_VERIFY(!has_children());
     }
 
+    void withoutAWatchOfItsFileNothingIsPrinted()
+    {
+        ToolsFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        const QStringList former = QDir(u"/tmp"_s).entryList();
+        {
+            // So many descriptors that the file can be made, but no socket pair.
+            rlimit usual{};
+            QCOMPARE(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+            const int free = ::dup(0);
+            ::close(free);
+            const rlimit one{.rlim_cur = static_cast<rlim_t>(free) + 1, .rlim_max = usual.rlim_max};
+            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &one), 0);
+            fixture.print();
+            QCOMPARE(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+        }
+
+        QCOMPARE(QDir(u"/tmp"_s).entryList({u"file*.png"_s}), former.filter(QRegularExpression(u"^file.*\\.png$"_s)));
+        QVERIFY(!has_children());
+        fixture.print(); // there is no job
+        QTRY_VERIFY(fixture.outside.has(u"lpr.done"_s));
+        QTRY_VERIFY(!has_children());
+    }
+
     void pageMayChangeAndItsTabCloseDuringAJob()
     {
         ToolsFixture fixture;

@@ -89,6 +89,8 @@ void FtpServer::answer(const QByteArray &step, const QByteArray &reply)
 {
     if (!control)
         return;
+    if (step == "STOR" && isDataCutBefore && dataConnection)
+        dataConnection->disconnectFromHost();
     control->write(replies.value(step, friendly_replies().value(step, reply)));
     if (cuts.contains(step))
         control->disconnectFromHost();

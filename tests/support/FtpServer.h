@@ -45,6 +45,8 @@ public:
     void stopDataAfter(qint64 bytes) { dataLimit = bytes; }
     /// Ends the data connection with an error once so many bytes have come.
     void cutDataAfter(qint64 bytes) { dataCut = bytes; }
+    /// Ends the data connection just before it says that the data may come.
+    void cutDataBeforeGoAhead() { isDataCutBefore = true; }
     /// Says the reply of "end" as soon as so many bytes have come.
     void endAfter(qint64 bytes) { earlyEnd = bytes; }
     /// Counts the data and forgets it.
@@ -94,6 +96,7 @@ private:
     qint64 flood = 0;
     int sessionCount = 0;
     bool isDataRefused = false;
+    bool isDataCutBefore = false;
     bool isDataEnded = false;
     bool isDiscarding = false;
     bool isStoring = false;

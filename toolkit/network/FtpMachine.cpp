@@ -186,7 +186,7 @@ QList<FtpAction> FtpMachine::refused(const FtpReply &reply)
 {
     QString text = reply.text;
     // Some servers repeat the command that they do not like. A short password would tear other words.
-    if (state == Password && request.password.size() >= ShortestHiddenPassword)
+    if (state >= Password && request.password.size() >= ShortestHiddenPassword)
         text.replace(request.password, u"***"_s);
     const bool isLoginRefused = (state == User || state == Password)
         && (reply.code == NotLoggedIn || reply.code == LoginInvalid

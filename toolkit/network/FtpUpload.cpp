@@ -204,7 +204,9 @@ void FtpUpload::dataWritten()
 void FtpUpload::sendMore()
 {
     isMoreDue = false;
-    if (!isSending)
+    // A connection that is lost takes nothing, and leaves nothing unsent: that its loss is yet to be told must not look
+    // like a file that has gone.
+    if (!isSending || data->state() != Q3Socket::Connected)
         return;
     while (unread > 0 && data->bytesToWrite() < UnsentLimit) {
         const std::optional<QByteArray> block = file.read(std::min(BlockSize, unread));
@@ -212,8 +214,9 @@ void FtpUpload::sendMore()
             perform(machine.fileFailed());
             return;
         }
+        if (data->write(*block) != block->size())
+            return;
         unread -= block->size();
-        data->write(*block);
     }
     if (unread == 0 && data->bytesToWrite() == 0)
         endData();

@@ -32,6 +32,7 @@ private slots:
     void confirmationBeforeTheLastByteIsAFailure();
     void serversWordsAfterACutAreShown();
     void cutWithoutWordsFailsAllTheSame();
+    void dataConnectionThatIsGoneBeforeTheGoAheadTookNothing();
     void refusedDataConnectionIsTold();
     void wordsThatWaitWinOverARefusedDataConnection();
     void hostThatIsNotThereIsTold_data();
@@ -193,6 +194,24 @@ void tst_FtpUpload_failures::cutWithoutWordsFailsAllTheSame()
 
     QCOMPARE(trial.failure(), u"12 Uploading file failed:\nData connection closed"_s);
     QVERIFY(trial.hasFile());
+}
+
+void tst_FtpUpload_failures::dataConnectionThatIsGoneBeforeTheGoAheadTookNothing()
+{
+    // Which of the two the client hears of first is by chance.
+    for (int i = 0; i < 10; ++i) {
+        UploadTrial trial;
+        QVERIFY(trial.write(QByteArray(300'000, 'x')));
+        trial.server->cutDataBeforeGoAhead();
+        trial.server->say("STOR", "150 Go on\r\n226 Done\r\n");
+        trial.server->say("end", {});
+
+        trial.upload(true);
+        QVERIFY(trial.ends());
+
+        QCOMPARE(trial.failure(), u"12 Uploading file failed:\nDone"_s);
+        QVERIFY(trial.hasFile());
+    }
 }
 
 void tst_FtpUpload_failures::refusedDataConnectionIsTold()
