@@ -22,7 +22,7 @@ namespace {
 
 constexpr int StatusLines = 6; ///< of the status text that are shown; a list of hosts may have hundreds
 
-/// "." takes any character and "\\w" those of any script.
+/// "." takes any character and "\\w" letters and figures of any script, but no combining marks.
 QRegularExpression whole_text(const QString &pattern)
 {
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
@@ -32,7 +32,8 @@ QRegularExpression whole_text(const QString &pattern)
 
 bool is_address(const QString &text)
 {
-    static const QRegularExpression address = whole_text(uR"(\w+([-+.]\w+)*@\w+([-.]\w+)*\.\w+([-.]\w+)*)"_s);
+    static const QRegularExpression address =
+        whole_text(uR"([\w\p{M}]+([-+.][\w\p{M}]+)*@[\w\p{M}]+([-.][\w\p{M}]+)*\.[\w\p{M}]+([-.][\w\p{M}]+)*)"_s);
     return address.match(text).hasMatch();
 }
 

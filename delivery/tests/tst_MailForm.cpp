@@ -118,6 +118,8 @@ private slots:
         QTest::newRow("then attachment") << u"25"_s << good << good << QString(250, u's') << QString() << fileText;
         QTest::newRow("letters of any script, dots and signs")
             << u"25"_s << u"j\u00f6rg-a.b+c@m\u00fcller.x-y.de"_s << u"a_b@c.d.ef"_s << u"s"_s << QString() << fileText;
+        QTest::newRow("an accent of its own")
+            << u"25"_s << u"jose\u0301@b.cd"_s << good << u"s"_s << QString() << fileText;
     }
     void wrongInputIsToldInThisOrder()
     {
