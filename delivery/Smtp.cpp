@@ -266,29 +266,38 @@ void Smtp::perform(const SmtpTransition &transition)
     if (!transition.completes)
         return;
     delivered = transition.code == 250;
+    const QPointer<Smtp> self(this);
+    ++boxes;
     emit completed();
+    if (self)
+        releaseBox();
 }
 
 void Smtp::unexpected(const QString &line)
 {
     const QPointer<Smtp> self(this);
+    ++boxes;
+    // Intended: a reply of any length must not make a box as long.
     showBox(tr("Unexpected reply from SMTP server:\n\n") + line.left(ShownLimit));
     if (!self)
         return;
     qDebug("Unknown state");
     // Intended: the state stays, no QUIT is sent, and the next reply is judged like this one.
     emit completed();
+    if (self)
+        releaseBox();
 }
 
 /// Returns when the box is answered. The object may be gone by then.
 void Smtp::showBox(const QString &text)
 {
-    const QPointer<Smtp> self(this);
-    ++boxes;
     (void)show_plain_box(QMessageBox::Warning, QApplication::activeWindow(), tr("Mail system error"), text,
                          QMessageBox::Ok);
-    if (!self)
-        return;
+}
+
+/// To be called when the slots of completed() have returned, as they may show boxes of their own.
+void Smtp::releaseBox()
+{
     --boxes;
     if (heldReads == 0)
         return;

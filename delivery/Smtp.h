@@ -20,7 +20,7 @@
 /// falls silent, or of an attachment that cannot be opened: then neither signal comes any more.
 ///
 /// Bounds:    1 MiB of a line without an end, after which the connection counts as silent; 1 Mi characters of
-///            responses; 16 boxes at once.
+///            responses; 16 boxes at once, with those that the slots of completed() show.
 /// Errors:    replies that fit nowhere are told in a box.
 /// Ownership: owns its sockets. Made without a parent; whoever made it deletes it.
 /// Threads:   GUI thread only.
@@ -67,7 +67,8 @@ private:
     void act(const QString &line);
     void perform(const SmtpTransition &transition);
     void unexpected(const QString &line);
-    void showBox(const QString &text);
+    static void showBox(const QString &text);
+    void releaseBox();
 
     // For a policy that tells failures.
     void refuse(int code);
@@ -97,7 +98,7 @@ private:
     QString reply; ///< all lines since the last step
     std::unique_ptr<Q3Dns> dns;
     QTimer patience;
-    int boxes = 0; ///< that stand
+    int boxes = 0; ///< of replies that stand, or whose completed() has not returned
     int heldReads = 0; ///< that wait until one of them is answered
     bool connectedFlag = false;
     bool delivered = false;

@@ -70,11 +70,15 @@ void Smtp::fail(const QString &reason)
     } else if (t) {
         t->send(policy->line(SmtpCommand::Quit, parties));
     }
-    emit status(tr("Message not sent"));
     const QPointer<Smtp> self(this);
+    emit status(tr("Message not sent"));
+    ++boxes;
     showBox(reason);
+    if (!self)
+        return;
+    emit completed();
     if (self)
-        emit completed();
+        releaseBox();
 }
 
 /// For the constructor: whoever made the object has to hear of it.

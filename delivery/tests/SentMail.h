@@ -14,10 +14,12 @@
 class SentMail
 {
 public:
-    SentMail()
+    SentMail() { attach("ABC"); }
+
+    void attach(const QByteArray &bytes) const
     {
         QFile file(attachment);
-        if (!file.open(QIODevice::WriteOnly) || file.write("ABC") != 3)
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("SentMail - no attachment");
     }
 

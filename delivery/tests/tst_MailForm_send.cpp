@@ -5,6 +5,7 @@
 #include "OpenMailForm.h"
 #include "private_namespaces.h"
 #include "ScriptedMailServer.h"
+#include "standing_boxes.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -139,6 +140,36 @@ private slots:
         QTRY_COMPARE(box.title(), u"File System Error"_s);
         QCOMPARE(box.text(), u"Unable to delete file %1"_s.arg(mail.path));
         QCOMPARE(box.buttons(), QMessageBox::Ok);
+    }
+
+    void boxesOfTheFormCountAmongTheSixteen()
+    {
+        ScriptedMailServer server(host, {"999 wrong\r\n"});
+        OpenMailForm mail;
+        mail.open();
+        mail.fillIn();
+        mail.widget<QCheckBox>("delete_file")->setChecked(true);
+        const DiagnosticLines diagnostics;
+        int mostBoxes = 0;
+        int said = 1;
+        // The boxes about replies are answered, those about the file, which has gone with the first one, stand.
+        QTimer user;
+        connect(&user, &QTimer::timeout, &server, [&] {
+            mostBoxes = std::max(mostBoxes, standing_boxes());
+            if (server.connections() > 0 && said < 100) {
+                ++said;
+                server.say("999 wrong\r\n");
+            }
+            if (said == 100 || (top_box() && top_box()->windowTitle() == u"Mail system error"_s))
+                answer_top_box();
+        });
+        user.start(0);
+
+        mail.button("send")->click();
+
+        QTRY_VERIFY_WITH_TIMEOUT(said == 100 && standing_boxes() == 0, 60000);
+        QCOMPARE(mostBoxes, 16);
+        QVERIFY(diagnostics.lines().count(u"Unknown state"_s) >= 16);
     }
 
     void closingTheFormEndsTheSession()

@@ -3,11 +3,9 @@
 #include "private_namespaces.h"
 #include "ScriptedMailServer.h"
 #include "SentMail.h"
+#include "standing_boxes.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QFile>
-#include <QMessageBox>
 
 #include <algorithm>
 
@@ -17,26 +15,6 @@ namespace {
 
 const QString host = u"127.0.0.2"_s;
 constexpr qint64 Mebibyte = qint64{1024} * 1024;
-
-int standing_boxes()
-{
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    return static_cast<int>(std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
-        return qobject_cast<const QMessageBox *>(widget) && widget->isVisible();
-    }));
-}
-
-void answer_top_box()
-{
-    if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
-        box->button(QMessageBox::Ok)->click();
-}
-
-bool make_attachment(const QString &path, qint64 size)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(QByteArray(size, 'x')) == size;
-}
 
 } // namespace
 
@@ -134,7 +112,7 @@ private slots:
         QStringList texts;
         QTimer watcher;
         connect(&watcher, &QTimer::timeout, &server, [&] {
-            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            const QMessageBox *const box = top_box();
             if (!box)
                 return;
             if (box->text() == texts.value(0)) {
@@ -190,7 +168,7 @@ private slots:
         QString text;
         QTimer watcher;
         connect(&watcher, &QTimer::timeout, &server, [&] {
-            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            const QMessageBox *const box = top_box();
             if (!box)
                 return;
             text = box->text();
@@ -209,7 +187,7 @@ private slots:
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
         SentMail mail;
         mail.server = host;
-        QVERIFY(make_attachment(mail.attachment, 30 * Mebibyte));
+        mail.attach(QByteArray(30 * Mebibyte, 'x'));
         mail.send();
         QTRY_COMPARE(mail.statuses.value(3), u"Sending mail..."_s);
         const Q3Socket *const socket = mail.connectedSocket();
@@ -234,7 +212,7 @@ private slots:
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
         SentMail mail;
         mail.server = host;
-        QVERIFY(make_attachment(mail.attachment, 30 * Mebibyte));
+        mail.attach(QByteArray(30 * Mebibyte, 'x'));
         mail.send();
         QTRY_VERIFY(server.received().contains("\r\nSubject: "));
 
