@@ -219,6 +219,10 @@ QString Smtp::readReply()
 void Smtp::act(const QString &line)
 {
     const int code = reply_code(line);
+    if (policy->tellsFailures() && t->isBusy()) { // the server cannot have read what this would be the answer to
+        refuse(code);
+        return;
+    }
     const int tabledCode = policy->tabledCode(code, state);
     if (state == SmtpState::Ehlo && tabledCode == 250) {
         authentication = policy->offered(authentication, reply);

@@ -73,6 +73,7 @@ private:
     // For a policy that tells failures.
     void refuse(int code);
     void lose(const Q3Socket *lost, const QString &reason);
+    void leaveHost();
     void giveUpHost(const QString &reason);
     void fail(const QString &reason);
     void failSoon(const QString &reason);

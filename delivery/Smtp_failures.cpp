@@ -43,15 +43,24 @@ void Smtp::refuse(int code)
         fail(reason);
 }
 
+void Smtp::leaveHost()
+{
+    patience.stop();
+    if (t && t->isBusy()) { // a message whose rest follows would be taken after all
+        t.reset();
+        socket->abort();
+    } else if (t) {
+        t->send(policy->line(SmtpCommand::Quit, parties));
+    }
+}
+
 void Smtp::giveUpHost(const QString &reason)
 {
     if (hostsTried == hosts.size()) {
         fail(reason);
         return;
     }
-    patience.stop();
-    if (t)
-        t->send(policy->line(SmtpCommand::Quit, parties));
+    leaveHost();
     t.reset();
     socket = nullptr;
     sockets.last()->close();
@@ -63,13 +72,7 @@ void Smtp::giveUpHost(const QString &reason)
 void Smtp::fail(const QString &reason)
 {
     state = SmtpState::Close;
-    patience.stop();
-    if (t && t->isBusy()) { // a message whose rest follows would be taken after all
-        t.reset();
-        socket->abort();
-    } else if (t) {
-        t->send(policy->line(SmtpCommand::Quit, parties));
-    }
+    leaveHost();
     const QPointer<Smtp> self(this);
     emit status(tr("Message not sent"));
     ++boxes;
