@@ -72,6 +72,7 @@ QString SmtpPolicy::line(SmtpCommand command, const SmtpParties &parties) const
         return u"QUIT"_s;
     case SmtpCommand::None:
     case SmtpCommand::AuthPlain:
+    case SmtpCommand::PlainResponse:
     case SmtpCommand::Message:
         break;
     }

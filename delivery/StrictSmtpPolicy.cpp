@@ -104,8 +104,10 @@ QString StrictSmtpPolicy::line(SmtpCommand command, const SmtpParties &parties) 
         return base64(parties.login.toUtf8());
     case SmtpCommand::Password:
         return base64(parties.password.toUtf8());
-    case SmtpCommand::AuthPlain: // RFC 4616
-        return u"AUTH PLAIN "_s + base64('\0' + parties.login.toUtf8() + '\0' + parties.password.toUtf8());
+    case SmtpCommand::AuthPlain: // alone, as the response would make the line too long (RFC 4954 section 4)
+        return u"AUTH PLAIN"_s;
+    case SmtpCommand::PlainResponse: // RFC 4616
+        return base64('\0' + parties.login.toUtf8() + '\0' + parties.password.toUtf8());
     case SmtpCommand::MailFrom:
         return u"MAIL FROM:<%1>"_s.arg(ascii_address(parties.from));
     case SmtpCommand::RcptTo:

@@ -14,22 +14,23 @@ constexpr bool no = false;
 
 // clang-format off
 constexpr auto transitions = std::to_array<SmtpTransition>({
-    // Reply  in state        none LOGIN PLAIN  is answered by       and leads to      the user is told          the end
-    {220, State::Init,      yes, no,  no,  Command::Helo,      State::Helo,      Progress::Authentication, no},
-    {220, State::Init,      no,  yes, yes, Command::Ehlo,      State::Ehlo,      Progress::Authentication, no},
-    {250, State::Ehlo,      yes, yes, no,  Command::AuthLogin, State::AuthLogin, Progress::None,           no},
-    {334, State::AuthLogin, yes, yes, no,  Command::User,      State::AuthUser,  Progress::None,           no},
-    {334, State::AuthUser,  yes, yes, no,  Command::Password,  State::AuthPass,  Progress::None,           no},
-    {250, State::Ehlo,      no,  no,  yes, Command::AuthPlain, State::AuthPass,  Progress::None,           no},
-    {235, State::AuthPass,  yes, yes, yes, Command::MailFrom,  State::Mail,      Progress::Sending,        no},
+    // Reply  in state        none LOGIN PLAIN  is answered by          and leads to      the user is told      the end
+    {220, State::Init,      yes, no,  no,  Command::Helo,          State::Helo,      Progress::Authentication, no},
+    {220, State::Init,      no,  yes, yes, Command::Ehlo,          State::Ehlo,      Progress::Authentication, no},
+    {250, State::Ehlo,      yes, yes, no,  Command::AuthLogin,     State::AuthLogin, Progress::None,           no},
+    {334, State::AuthLogin, yes, yes, no,  Command::User,          State::AuthUser,  Progress::None,           no},
+    {334, State::AuthUser,  yes, yes, no,  Command::Password,      State::AuthPass,  Progress::None,           no},
+    {250, State::Ehlo,      no,  no,  yes, Command::AuthPlain,     State::AuthUser,  Progress::None,           no},
+    {334, State::AuthUser,  no,  no,  yes, Command::PlainResponse, State::AuthPass,  Progress::None,           no},
+    {235, State::AuthPass,  yes, yes, yes, Command::MailFrom,      State::Mail,      Progress::Sending,        no},
     // Intended: a refused password ends the session as if the mail had gone, and no box tells otherwise.
-    {535, State::AuthPass,  yes, yes, yes, Command::Quit,      State::Close,     Progress::Sent,           yes},
-    {250, State::Helo,      yes, yes, yes, Command::MailFrom,  State::Mail,      Progress::Sending,        no},
-    {250, State::Mail,      yes, yes, yes, Command::RcptTo,    State::Rcpt,      Progress::None,           no},
-    {250, State::Rcpt,      yes, yes, yes, Command::Data,      State::Data,      Progress::None,           no},
-    {354, State::Data,      yes, yes, yes, Command::Message,   State::Body,      Progress::None,           no},
-    {250, State::Body,      yes, yes, yes, Command::Quit,      State::Close,     Progress::Sent,           yes},
-    {221, State::Close,     yes, yes, yes, Command::None,      State::Close,     Progress::None,           no},
+    {535, State::AuthPass,  yes, yes, yes, Command::Quit,          State::Close,     Progress::Sent,           yes},
+    {250, State::Helo,      yes, yes, yes, Command::MailFrom,      State::Mail,      Progress::Sending,        no},
+    {250, State::Mail,      yes, yes, yes, Command::RcptTo,        State::Rcpt,      Progress::None,           no},
+    {250, State::Rcpt,      yes, yes, yes, Command::Data,          State::Data,      Progress::None,           no},
+    {354, State::Data,      yes, yes, yes, Command::Message,       State::Body,      Progress::None,           no},
+    {250, State::Body,      yes, yes, yes, Command::Quit,          State::Close,     Progress::Sent,           yes},
+    {221, State::Close,     yes, yes, yes, Command::None,          State::Close,     Progress::None,           no},
 });
 // clang-format on
 

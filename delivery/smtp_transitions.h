@@ -10,7 +10,7 @@ enum class SmtpState : int {
     Helo = 1,
     Ehlo = 2,
     AuthLogin = 3, ///< the prompt for the user name
-    AuthUser = 4, ///< the prompt for the password
+    AuthUser = 4, ///< the prompt for the password, or for all at once
     AuthPass = 5, ///< the verdict on the password
     Rcpt = 6,
     Mail = 7,
@@ -30,6 +30,7 @@ enum class SmtpCommand {
     User,
     Password,
     AuthPlain,
+    PlainResponse,
     MailFrom,
     RcptTo,
     Data,

@@ -101,8 +101,8 @@ private slots:
         QTest::newRow("LOGIN before PLAIN")
             << "250-AUTH PLAIN LOGIN\r\n"_ba << QByteArrayList{"334 a\r\n", "334 b\r\n", "235 c\r\n"}
             << "AUTH LOGIN\r\nYW5u\r\nw6k=\r\n"_ba;
-        QTest::newRow("PLAIN alone") << "250-auth plain cram-md5\r\n"_ba << QByteArrayList{"235 c\r\n"}
-                                     << "AUTH PLAIN AGFubgDDqQ==\r\n"_ba;
+        QTest::newRow("PLAIN alone") << "250-auth plain cram-md5\r\n"_ba << QByteArrayList{"334 \r\n", "235 c\r\n"}
+                                     << "AUTH PLAIN\r\nAGFubgDDqQ==\r\n"_ba;
         QTest::newRow("as it was told of old")
             << "250-AUTH=LOGIN\r\n"_ba << QByteArrayList{"334 a\r\n", "334 b\r\n", "235 c\r\n"}
             << "AUTH LOGIN\r\nYW5u\r\nw6k=\r\n"_ba;
