@@ -125,6 +125,10 @@ void Smtp::dnsLookupHelper()
         qDebug("Smtp::dnsLookupHelper() excess call");
         return;
     }
+    if (dns && dns->hasFailed() && policy->tellsFailures()) {
+        failSoon(tr("The mail servers of %1 cannot be looked up at present.").arg(domain));
+        return;
+    }
     hosts = policy->hosts(dns ? dns->mailServers() : QList<Q3Dns::MailServer>(), server, domain);
     hostsTried = 0;
     if (hosts.isEmpty())

@@ -185,6 +185,8 @@ private slots:
         QTest::newRow("address") << u"address"_s << u"This address cannot be used:\nj\u00f6rg@example.test"_s;
         QTest::newRow("missing file") << u"missing"_s << u"The attached file cannot be read."_s;
         QTest::newRow("folder") << u"folder"_s << u"The attached file cannot be read."_s;
+        QTest::newRow("refused lookup") << u"refused"_s
+                                        << u"The mail servers of elsewhere.example cannot be looked up at present."_s;
         QTest::newRow("null exchanger") << u"null"_s << u"The domain null.test takes no mail."_s;
     }
     void whatIsKnownBeforehandIsToldWithoutAConnection()
@@ -200,6 +202,8 @@ private slots:
             QVERIFY(QFile::remove(mail.attachment));
         else if (kind == "folder"_L1)
             mail.attachment = mail.directory.path();
+        else if (kind == "refused"_L1) // the name server knows "test" alone
+            mail.to = u"bob@elsewhere.example"_s;
         else
             mail.to = u"bob@null.test"_s;
         const NextBox box(QMessageBox::Ok);

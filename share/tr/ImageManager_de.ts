@@ -1061,5 +1061,9 @@ Tragen Sie „Server“ ein oder leeren Sie „Anmeldename“.</translation>
         <translation>Diese Adresse kann nicht verwendet werden:
 %1</translation>
     </message>
+    <message>
+        <source>The mail servers of %1 cannot be looked up at present.</source>
+        <translation>Die Mailserver von %1 lassen sich zurzeit nicht ermitteln.</translation>
+    </message>
 </context>
 </TS>

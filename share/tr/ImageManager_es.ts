@@ -1061,5 +1061,9 @@ Rellene «Servidor» o deje vacío «Usuario».</translation>
         <translation>Esta dirección no se puede utilizar:
 %1</translation>
     </message>
+    <message>
+        <source>The mail servers of %1 cannot be looked up at present.</source>
+        <translation>Por ahora no se pueden averiguar los servidores de correo de %1.</translation>
+    </message>
 </context>
 </TS>

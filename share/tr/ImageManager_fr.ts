@@ -1061,5 +1061,9 @@ Remplissez « Serveur » ou videz « Identifiant ».</translation>
         <translation>Cette adresse ne peut pas être utilisée :
 %1</translation>
     </message>
+    <message>
+        <source>The mail servers of %1 cannot be looked up at present.</source>
+        <translation>Les serveurs de messagerie de %1 ne peuvent pas être trouvés pour le moment.</translation>
+    </message>
 </context>
 </TS>

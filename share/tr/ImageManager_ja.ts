@@ -1061,5 +1061,9 @@ Fill in &quot;Server&quot;, or empty &quot;Login&quot;.</source>
         <translation>このアドレスは使用できません:
 %1</translation>
     </message>
+    <message>
+        <source>The mail servers of %1 cannot be looked up at present.</source>
+        <translation>現在、%1 のメールサーバーを調べることができません。</translation>
+    </message>
 </context>
 </TS>

@@ -1061,5 +1061,9 @@ Wypełnij „Serwer” albo opróżnij „Login”.</translation>
         <translation>Nie można użyć tego adresu:
 %1</translation>
     </message>
+    <message>
+        <source>The mail servers of %1 cannot be looked up at present.</source>
+        <translation>W tej chwili nie można ustalić serwerów poczty domeny %1.</translation>
+    </message>
 </context>
 </TS>

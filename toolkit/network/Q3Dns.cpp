@@ -28,3 +28,9 @@ void Q3Dns::finish()
         servers.append({.name = record.exchange(), .priority = record.preference()});
     emit resultsReady();
 }
+
+bool Q3Dns::hasFailed() const
+{
+    const QDnsLookup::Error error = lookup->error();
+    return error == QDnsLookup::ServerFailureError || error == QDnsLookup::ServerRefusedError;
+}

@@ -8,7 +8,8 @@ class QDnsLookup;
 
 /// One question to the name servers of the system. It is asked once the event loop runs.
 ///
-/// Errors:  a name that does not exist, a server that does not answer and no server at all give an empty answer.
+/// Errors:  a name that does not exist, a server that does not answer and no server at all give an empty answer, and
+///          so does a lookup that failed, see hasFailed().
 /// Sources: RFC 1035 (MX), RFC 5321 section 5.1.
 /// Threads: GUI thread only; the question itself waits elsewhere.
 class Q3Dns : public QObject
@@ -32,6 +33,8 @@ public:
 
     /// Whether the answer is still to come.
     [[nodiscard]] bool isWorking() const { return working; }
+    /// Whether a name server has answered that it cannot or will not tell (SERVFAIL, REFUSED).
+    [[nodiscard]] bool hasFailed() const;
     /// The best first; those of one priority in any order.
     [[nodiscard]] QList<MailServer> mailServers() const { return servers; }
 

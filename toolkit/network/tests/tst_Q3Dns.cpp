@@ -1,8 +1,10 @@
 #include "NameServer.h"
 #include "Q3Dns.h"
 
+#include <QNetworkDatagram>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUdpSocket>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +20,30 @@ QStringList many_exchangers()
         options.append(u"--mx-host=many.test,relay-%1.many.test,%1"_s.arg(i));
     return options;
 }
+
+/// The only name server that this process asks, which answers each question with a bare code.
+class CodeNameServer
+{
+public:
+    explicit CodeNameServer(char code) : resolverFile(u"/etc/resolv.conf"_s, "nameserver 127.0.0.1\n")
+    {
+        if (!socket.bind(QHostAddress::LocalHost, 53))
+            qFatal("CodeNameServer - %s", qPrintable(socket.errorString()));
+        QObject::connect(&socket, &QUdpSocket::readyRead, &socket, [this, code] {
+            while (socket.hasPendingDatagrams()) {
+                const QNetworkDatagram question = socket.receiveDatagram();
+                QByteArray answer = question.data(); // RFC 1035 section 4.1.1
+                answer[2] = static_cast<char>(answer.at(2) | '\x80');
+                answer[3] = code;
+                socket.writeDatagram(question.makeReply(answer));
+            }
+        });
+    }
+
+private:
+    StandInFile resolverFile;
+    QUdpSocket socket;
+};
 
 } // namespace
 
@@ -52,6 +78,7 @@ private slots:
 
         QTRY_COMPARE(ready.size(), 1);
         QCOMPARE(dns.mailServers(), servers);
+        QVERIFY(!dns.hasFailed());
         QVERIFY(!dns.isWorking());
     }
 
@@ -89,6 +116,29 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(ready.size(), 1, 30000);
         QVERIFY(dns.mailServers().isEmpty());
         QVERIFY(!dns.isWorking());
+    }
+
+    void aNameServerThatCannotTellIsNoEmptyAnswer_data()
+    {
+        QTest::addColumn<char>("code");
+        QTest::addColumn<bool>("hasFailed");
+
+        QTest::newRow("SERVFAIL") << '\2' << true;
+        QTest::newRow("NXDOMAIN") << '\3' << false;
+        QTest::newRow("REFUSED") << '\5' << true;
+    }
+    void aNameServerThatCannotTellIsNoEmptyAnswer()
+    {
+        QFETCH(const char, code);
+        QFETCH(const bool, hasFailed);
+        const CodeNameServer names(code);
+
+        Q3Dns dns(u"one.test"_s, Q3Dns::Mx);
+        const QSignalSpy ready(&dns, &Q3Dns::resultsReady);
+
+        QTRY_COMPARE(ready.size(), 1);
+        QVERIFY(dns.mailServers().isEmpty());
+        QCOMPARE(dns.hasFailed(), hasFailed);
     }
 
     void anEmptyNameIsAnsweredFromTheEventLoop()
