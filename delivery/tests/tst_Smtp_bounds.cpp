@@ -225,24 +225,28 @@ private slots:
 
     void aSessionMayEndInEveryState_data()
     {
-        QTest::addColumn<int>("replies");
+        QTest::addColumn<QString>("login");
+        QTest::addColumn<QByteArrayList>("replies");
 
-        for (int i = 0; i <= 6; ++i)
-            QTest::addRow("%d replies", i) << i;
+        const QByteArrayList plain{"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n", "250 f\r\n"};
+        for (qsizetype i = 0; i <= plain.size(); ++i)
+            QTest::addRow("%lld replies", i) << QString() << plain.first(i);
+        const QByteArrayList proved{"220 a\r\n", "250 b\r\n", "334 c\r\n", "334 d\r\n", "235 e\r\n"};
+        for (qsizetype i = 1; i <= proved.size(); ++i)
+            QTest::addRow("%lld replies, with a login", i) << u"ann"_s << proved.first(i);
     }
     void aSessionMayEndInEveryState()
     {
-        QFETCH(const int, replies);
-        const QByteArrayList all{"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n", "250 f\r\n"};
-        ScriptedMailServer server(host, all.first(replies));
+        QFETCH(const QString, login);
+        QFETCH(const QByteArrayList, replies);
+        ScriptedMailServer server(host, replies);
         SentMail mail;
         mail.server = host;
+        mail.login = login;
+        mail.password = u"secret"_s;
         mail.send();
         QTRY_COMPARE(server.connections(), 1);
-        QString heard;
-        for (const QByteArray &reply : all.first(replies))
-            heard += QString::fromLatin1(reply);
-        QTRY_COMPARE(mail.smtp->response(), heard);
+        QTRY_COMPARE(mail.smtp->response(), QString::fromLatin1(replies.join()));
 
         mail.smtp.reset();
 
@@ -252,15 +256,17 @@ private slots:
     void aServerThatHangsUpLeavesTheSessionWithoutAWord_data() { aSessionMayEndInEveryState_data(); }
     void aServerThatHangsUpLeavesTheSessionWithoutAWord()
     {
-        QFETCH(const int, replies);
-        const QByteArrayList all{"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n", "250 f\r\n"};
-        ScriptedMailServer server(host, all.first(replies));
+        QFETCH(const QString, login);
+        QFETCH(const QByteArrayList, replies);
+        ScriptedMailServer server(host, replies);
         SentMail mail;
         mail.server = host;
+        mail.login = login;
+        mail.password = u"secret"_s;
         mail.send();
         const Q3Socket *const socket = mail.connectedSocket();
         QVERIFY(socket);
-        QTRY_COMPARE(mail.smtp->response().count(u'\n'), replies);
+        QTRY_COMPARE(mail.smtp->response(), QString::fromLatin1(replies.join()));
         const QStringList told = mail.statuses;
 
         server.hangUp();
