@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <list>
+#include <utility>
 
 class TargetFile;
 struct TargetOutcome;
@@ -60,9 +61,11 @@ public:
     [[nodiscard]] bool hasKeptPages() const { return !kept.empty(); }
     /// Whether save() would lose pictures that are not open: some that should be taken along cannot be, or the
     /// document's own file holds some that nobody keeps. The user is to be asked then, and for the first save()
-    /// fails until forgetKeptPages() was called.
+    /// fails until takeKeptPages() was called.
     [[nodiscard]] bool wouldLosePictures(const QString &filePath, const QString &imgFormat) const;
-    void forgetKeptPages() { kept.clear(); }
+    /// The document keeps none then; who takes them may give them back.
+    [[nodiscard]] std::list<KeptPages> takeKeptPages() { return std::exchange(kept, {}); }
+    void setKeptPages(std::list<KeptPages> given) { kept = std::move(given); }
     /// Takes along what another document keeps, behind the pages that are there.
     /// @return false, with nothing taken, if it cannot be kept together with what is kept already
     [[nodiscard]] bool keepPagesOf(const ImageDocument &other);

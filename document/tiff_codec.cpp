@@ -116,7 +116,7 @@ QImage make_page(TIFF *tif, const PageTags &tags)
     return page;
 }
 
-template <typename Value> Value tagOrDefault(TIFF *tif, ttag_t tag)
+template <typename Value> Value tag_or_default(TIFF *tif, ttag_t tag)
 {
     Value value = 0;
     return TIFFGetFieldDefaulted(tif, tag, &value) == 1 ? value : Value{0};
@@ -138,7 +138,7 @@ bool read_rgb_rows(TIFF *tif, QImage &image)
         return false;
     const auto clearRow = [&] { std::fill_n(row.get(), static_cast<std::size_t>(width) * SampleBytes, uchar{0}); };
     clearRow(); // a file of separate planes fills only a part of it
-    const bool isCompressed = tagOrDefault<quint16>(tif, TIFFTAG_COMPRESSION) != COMPRESSION_NONE;
+    const bool isCompressed = tag_or_default<quint16>(tif, TIFFTAG_COMPRESSION) != COMPRESSION_NONE;
     for (int y = 0; y < image.height(); ++y) {
         if (isCompressed)
             clearRow(); // damaged data may end early without a word
@@ -181,15 +181,15 @@ bool read_rows(TIFF *tif, QImage &image)
 /// Whether the rows hold the colours as they are shown, and nothing else tells about colours.
 bool is_plain_rgb(TIFF *tif)
 {
-    const auto compression = tagOrDefault<quint16>(tif, TIFFTAG_COMPRESSION);
+    const auto compression = tag_or_default<quint16>(tif, TIFFTAG_COMPRESSION);
     quint32 profileLength = 0;
     void *profile = nullptr;
-    return tagOrDefault<quint16>(tif, TIFFTAG_PHOTOMETRIC) == PHOTOMETRIC_RGB
-        && tagOrDefault<quint16>(tif, TIFFTAG_SAMPLESPERPIXEL) == 3
-        && tagOrDefault<quint16>(tif, TIFFTAG_BITSPERSAMPLE) == 8
-        && tagOrDefault<quint16>(tif, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT
-        && tagOrDefault<quint16>(tif, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG
-        && tagOrDefault<quint16>(tif, TIFFTAG_ORIENTATION) == ORIENTATION_TOPLEFT && TIFFIsTiled(tif) == 0
+    return tag_or_default<quint16>(tif, TIFFTAG_PHOTOMETRIC) == PHOTOMETRIC_RGB
+        && tag_or_default<quint16>(tif, TIFFTAG_SAMPLESPERPIXEL) == 3
+        && tag_or_default<quint16>(tif, TIFFTAG_BITSPERSAMPLE) == 8
+        && tag_or_default<quint16>(tif, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT
+        && tag_or_default<quint16>(tif, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG
+        && tag_or_default<quint16>(tif, TIFFTAG_ORIENTATION) == ORIENTATION_TOPLEFT && TIFFIsTiled(tif) == 0
         && (compression == COMPRESSION_NONE || compression == COMPRESSION_LZW || compression == COMPRESSION_PACKBITS
             || compression == COMPRESSION_ADOBE_DEFLATE || compression == COMPRESSION_DEFLATE)
         && TIFFGetField(tif, TIFFTAG_ICCPROFILE, &profileLength, &profile) == 0;
@@ -288,8 +288,8 @@ bool readTiffPage(TIFF *tif, QImage &image)
 
 bool read_plain_rgb_page(TIFF *tif, QImage &image)
 {
-    const auto width = tagOrDefault<quint32>(tif, TIFFTAG_IMAGEWIDTH);
-    const auto height = tagOrDefault<quint32>(tif, TIFFTAG_IMAGELENGTH);
+    const auto width = tag_or_default<quint32>(tif, TIFFTAG_IMAGEWIDTH);
+    const auto height = tag_or_default<quint32>(tif, TIFFTAG_IMAGELENGTH);
     if (std::cmp_not_equal(width, image.width()) || std::cmp_not_equal(height, image.height()) || !is_plain_rgb(tif)
         || TIFFScanlineSize(tif) != tmsize_t{image.width()} * SampleBytes || !read_rgb_rows(tif, image))
         return false;

@@ -207,7 +207,9 @@ private:
 
     [[nodiscard]] static bool isOpened(LoadOutcome outcome);
     [[nodiscard]] bool openFiles(const QStringList &words);
+    bool openMessage(const QString &msg);
     void endForWantOfFiles();
+    void bringUp();
     void offerToSaveRefused(ImageDocumentView *view);
     [[nodiscard]] LoadOutcome openFile(const QString &path, const QString &format, bool temporary);
     [[nodiscard]] LoadOutcome reportFailedLoad(ImageDocument *document, const QString &name);
@@ -215,6 +217,7 @@ private:
 
     bool save_file(ImageDocument *doc, const QString &filePath, const QString &format);
     bool saveTab(const CommandTab &tab, const SaveTarget &target, bool replaces);
+    bool saveWithoutKeptPages(const CommandTab &tab, const SaveTarget &target);
     [[nodiscard]] bool confirmLoss(const ImageDocument &document);
     void saveMerged(const QString &path);
     void saveEach(const SaveTargets &targets);

@@ -13,6 +13,8 @@
 #include <QMessageBox>
 #include <QTabWidget>
 
+#include <algorithm>
+#include <list>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -68,9 +70,19 @@ bool ImageManager::saveTab(const CommandTab &tab, const SaveTarget &target, bool
         if (!replaces && (!confirmLoss(*tab.document()) || !tab))
             return false;
         if (is_tiff_word(target.format)) // under another word they are not lost but stay where they are
-            tab.document()->forgetKeptPages();
+            return saveWithoutKeptPages(tab, target);
     }
     return save_file(tab.document(), target.path, target.format);
+}
+
+/// Saves the pages that are open alone. The others are forgotten once that has been done.
+bool ImageManager::saveWithoutKeptPages(const CommandTab &tab, const SaveTarget &target)
+{
+    std::list<KeptPages> forgotten = tab.document()->takeKeptPages();
+    const bool saved = save_file(tab.document(), target.path, target.format);
+    if (!saved && tab)
+        tab.document()->setKeptPages(std::move(forgotten));
+    return saved;
 }
 
 bool ImageManager::confirmLoss(const ImageDocument &document)
@@ -239,6 +251,9 @@ bool ImageManager::confirmSave()
 
 bool ImageManager::confirmSaveAll()
 {
+    QList<QPointer<ImageDocumentView>> present;
+    for (int i = 0; i < tabWidget->count(); ++i)
+        present.append(viewAt(i));
     QList<QPointer<ImageDocumentView>> asked; // tabs come and go while a question is open
     while (showTabBut(asked)) {
         asked.append(currentView());
@@ -247,7 +262,8 @@ bool ImageManager::confirmSaveAll()
         if (!confirmed)
             return false;
     }
-    return true;
+    // A file that has come meanwhile has been seen by nobody, and may be on no disk any more.
+    return std::ranges::all_of(asked, [&present](const auto &view) { return !view || present.contains(view); });
 }
 
 /// Brings up the first tab that is none of @p views, unless the current one is none of them. False if there is

@@ -48,10 +48,16 @@ void ImageManager::processArgs(const QStringList &args)
 
 void ImageManager::processArgs(const QStringList &args, const QStringList &earlyMessages)
 {
-    const bool anyOpened = openFiles(args);
-    for (const QString &message : earlyMessages)
-        processMessage(message); // one that opens nothing does not come back
-    if (!anyOpened && earlyMessages.isEmpty() && !closed)
+    bool anyOpened = openFiles(args);
+    for (const QString &message : earlyMessages) {
+        const bool opened = openMessage(message);
+        bringUp();
+        // Intended: one that opens nothing ends a program that shows something, as a later one does.
+        if (!opened && anyOpened && !closed)
+            endForWantOfFiles();
+        anyOpened = opened || anyOpened;
+    }
+    if (!anyOpened && !closed)
         endForWantOfFiles();
 }
 
@@ -95,8 +101,19 @@ void ImageManager::processMessage(const QString &msg)
         isCloseHeld = false; // nobody has seen the file when the window was to be closed
         return;
     }
+    if (!openMessage(msg) && !closed)
+        endForWantOfFiles();
+    bringUp();
+}
+
+bool ImageManager::openMessage(const QString &msg)
+{
     qDebug("msg=<%s> len=%u", msg.toLocal8Bit().constData(), static_cast<uint>(msg.length()));
-    processArgs(splitArgs(msg));
+    return openFiles(splitArgs(msg));
+}
+
+void ImageManager::bringUp()
+{
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();

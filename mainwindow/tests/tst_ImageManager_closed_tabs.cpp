@@ -262,6 +262,37 @@ private slots:
         QVERIFY(!QFile::exists(scan));
     }
 
+    void aTemporaryFileThatComesDuringTheCloseQuestionKeepsItsTab_data()
+    {
+        QTest::addColumn<bool>("closesWindow");
+
+        QTest::newRow("the window") << true;
+        QTest::newRow("all tabs") << false;
+    }
+
+    void aTemporaryFileThatComesDuringTheCloseQuestionKeepsItsTab()
+    {
+        QFETCH(const bool, closesWindow);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        fixture.currentView()->document()->setModified(true);
+        const QString scan = fixture.file(u"scan.png"_s);
+        const Once message([] { return open_box() != nullptr; },
+                           [&] {
+                               fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
+                               open_box()->button(QMessageBox::No)->click();
+                           });
+
+        if (closesWindow)
+            QVERIFY(!fixture.window.close());
+        else
+            fixture.action(u"file_close_all"_s)->trigger();
+
+        QVERIFY(fixture.window.isVisible());
+        QCOMPARE(fixture.tabs()->count(), 2);
+        QVERIFY(!QFile::exists(scan));
+    }
+
     void aTemporaryFileThatComesToAClosedWindowStays()
     {
         WindowFixture fixture;
@@ -309,6 +340,21 @@ private slots:
         fixture.window.processArgs({u"imagemanager"_s, u"/nowhere/at.all"_s}, {u"imagemanager:"_s + path});
 
         QCOMPARE(box.title(), u"Load failed"_s);
+        QCOMPARE(fixture.titles(), QStringList{u"early.png"_s});
+    }
+
+    void anEarlyMessageOpensNothingAndTheNextOneDoes()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"early.png"_s);
+        const NextBox own = answer_next_box(QMessageBox::Ok);
+        const NextBox early = answer_next_box(QMessageBox::Ok);
+
+        fixture.window.processArgs({u"imagemanager"_s, u"/nowhere/at.all"_s},
+                                   {u"imagemanager:/nowhere/else"_s, u"imagemanager:"_s + path});
+
+        QVERIFY(own.hasCome());
+        QVERIFY(early.hasCome());
         QCOMPARE(fixture.titles(), QStringList{u"early.png"_s});
     }
 

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
 #include <QTest>
@@ -62,8 +63,7 @@ void write_icon(const QString &path)
                 icon += static_cast<char>(number >> shift);
         pictures += png;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(icon + pictures) < 0)
+    if (QFile file(path); !file.open(QIODevice::WriteOnly) || file.write(icon + pictures) < 0)
         qFatal("cannot write %s", qPrintable(path));
 }
 
@@ -88,6 +88,7 @@ private slots:
     void saveAsUnderAnotherFormatTakesTheFirstPageWithoutAQuestion();
     void fileThatChangedRaisesTheQuestionAndNoSavesNothing();
     void fileThatChangedIsSavedAfterYes();
+    void saveThatFailsAfterYesForgetsNoPages();
     void saveAsToANewNameAsksWhereThePagesHaveGone();
     void saveAsAfterTheReplaceQuestionAsksNoSecondOne();
     void saveOverAnIconOfSeveralSizesAsks();
@@ -209,6 +210,20 @@ void tst_ImageManager_kept::fileThatChangedIsSavedAfterYes()
     QCOMPARE(fixture.tabs()->tabToolTip(0), QString());
     fixture.action(u"file_save"_s)->trigger(); // no question any more
     QCOMPARE(told_pages(path).size(), 2);
+}
+
+void tst_ImageManager_kept::saveThatFailsAfterYesForgetsNoPages()
+{
+    WindowFixture fixture;
+    const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
+    QVERIFY(QFile::rename(path, path + u'~') && QDir().mkdir(path));
+    const NextBox question = answer_next_box(QMessageBox::Yes);
+    const NextBox failure = answer_next_box(QMessageBox::Ok);
+    fixture.action(u"file_save"_s)->trigger();
+    QVERIFY(QDir().rmdir(path) && QFile::rename(path + u'~', path));
+    fixture.action(u"file_save"_s)->trigger(); // no question: they are there again
+    QCOMPARE(failure.title(), u"Save failed"_s);
+    QCOMPARE(told_pages(path).size(), 21); // the file and 20 pages
 }
 
 void tst_ImageManager_kept::saveAsToANewNameAsksWhereThePagesHaveGone()

@@ -47,7 +47,7 @@ struct Step
     void (*fillIn)(QDialog &dialog) = accept; ///< null for a command without a dialog
 };
 
-template <int Value> void setSlider(QDialog &dialog)
+template <int Value> void set_slider(QDialog &dialog)
 {
     dialog.findChild<QSlider *>()->setValue(Value);
     accept(dialog);
@@ -67,17 +67,17 @@ constexpr std::array Session{
     Step{"flip_horizontally"},
     Step{"image_invert"},
     Step{"rotate_180"},
-    Step{"image_brightness", setSlider<20>}, // a grey page keeps its look
+    Step{"image_brightness", set_slider<20>}, // a grey page keeps its look
     Step{"depth_32"},
-    Step{"image_brightness", setSlider<25>},
-    Step{"image_contrast", setSlider<-30>},
+    Step{"image_brightness", set_slider<25>},
+    Step{"image_contrast", set_slider<-30>},
     Step{"rotate_ccw"},
     Step{"flip_vertically"},
     Step{"image_invert"},
     Step{"image_crop", nullptr},
-    Step{"scale_proportionally", setSlider<8>},
-    Step{"image_contrast", setSlider<40>},
-    Step{"scale_horizontally", setSlider<9>},
+    Step{"scale_proportionally", set_slider<8>},
+    Step{"image_contrast", set_slider<40>},
+    Step{"scale_horizontally", set_slider<9>},
     Step{"depth_8"},
     Step{"depth_1"},
     Step{"rotate_cw"},
