@@ -166,6 +166,7 @@ void tst_FtpUpload_data_connection::floodOnTheDataConnectionIsNotTaken()
 
     trial.upload();
     QTRY_VERIFY(trial.server->isFloodHeldUp());
+    QTRY_VERIFY(trial.server->commands().constLast().startsWith("STOR")); // else it would be the answer to another one
 
     trial.server->sayNow("550 No\r\n");
     QVERIFY(trial.ends());
