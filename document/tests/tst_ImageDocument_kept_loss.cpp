@@ -31,6 +31,23 @@ QByteArray animated_gif()
     return one.first(13 + 6) + frame + frame + ';';
 }
 
+/// A chunk of a RIFF file; one of odd length has a byte behind it.
+QByteArray riff_chunk(const QByteArray &name, const QByteArray &content)
+{
+    return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
+}
+
+/// Two frames of the same picture, 16 by 16.
+QByteArray animated_webp()
+{
+    constexpr char LastColumn = 15;
+    const QByteArray size = QByteArray(1, LastColumn) + "\0\0"_ba + LastColumn + "\0\0"_ba;
+    const QByteArray picture = encoded(patterned_page({16, 16}), "webp").mid(12); // behind "RIFF", its length, "WEBP"
+    const QByteArray frame = riff_chunk("ANMF", QByteArray(6, '\0') + size + "\x64\0\0\0"_ba + picture);
+    const QByteArray chunks = riff_chunk("VP8X", "\x02\0\0\0"_ba + size) + riff_chunk("ANIM", QByteArray(6, '\0'));
+    return riff_chunk("RIFF", "WEBP" + chunks + frame + frame);
+}
+
 } // namespace
 
 class tst_ImageDocument_kept_loss : public QObject
@@ -217,6 +234,7 @@ void tst_ImageDocument_kept_loss::severalPicturesOfOtherFormatsAreCounted_data()
         icon += "\x10\x10\0\0\1\0\x20\0"_ba + little32(png.size()) + little32(6 + 2 * 16);
     QTest::newRow("icon of two sizes") << icon + png << 2U;
     QTest::newRow("animated GIF") << animated_gif() << 2U;
+    QTest::newRow("animated WebP") << animated_webp() << 2U;
     QTest::newRow("GIF") << small_gif() << 1U;
     QTest::newRow("PNG") << png << 1U;
     QTest::newRow("JPEG") << encoded(patterned_page({16, 16}), "jpg") << 1U;
