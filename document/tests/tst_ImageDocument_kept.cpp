@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <filesystem>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -43,6 +44,7 @@ private slots:
     void severalOwnPagesGoThroughTheCodecUnderAnyTiffWord();
     void keptPagesOfSeveralDocumentsStandBehindTheirOwn();
     void linkIsFollowedAndModeStays();
+    void fileOfTwoNamesIsWrittenWhereItStands();
     void fullDiskLeavesTheFileAsItWasWithWords();
     void nothingIsLeftBehind();
 
@@ -317,6 +319,22 @@ void tst_ImageDocument_kept::linkIsFollowedAndModeStays()
     QCOMPARE(::stat(QFile::encodeName(file).constData(), &status), 0);
     QCOMPARE(status.st_mode & 07777, mode_t{0640});
     QVERIFY(!document.wouldLosePictures(path(u"link.tif"_s), u"tif"_s)); // it is theirs through the link too
+}
+
+void tst_ImageDocument_kept::fileOfTwoNamesIsWrittenWhereItStands()
+{
+    const QString file = made(u"fax"_s, u"a.tif"_s);
+    const QString other = path(u"b.tif"_s);
+    std::filesystem::create_hard_link(file.toStdString(), other.toStdString());
+    const QStringList before = told_pages(file);
+    ImageDocument document(file, {});
+    QVERIFY(document.invert(1));
+
+    QVERIFY2(document.save(file, document.imgFormat()), qPrintable(document.lastError));
+
+    QVERIFY(std::filesystem::equivalent(file.toStdString(), other.toStdString()));
+    QCOMPARE(told_pages(other).mid(2), before.mid(2));
+    QCOMPARE(home->filesIn(u"tmp"_s), QStringList());
 }
 
 void tst_ImageDocument_kept::fullDiskLeavesTheFileAsItWasWithWords()
