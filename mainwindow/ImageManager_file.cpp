@@ -262,8 +262,9 @@ bool ImageManager::confirmSaveAll()
         if (!confirmed)
             return false;
     }
-    // A file that has come meanwhile has been seen by nobody, and may be on no disk any more.
-    return std::ranges::all_of(asked, [&present](const auto &view) { return !view || present.contains(view); });
+    // What has come meanwhile has been seen by nobody; without a file of its own it is nowhere else.
+    return std::ranges::all_of(
+        asked, [&present](const auto &view) { return !view || present.contains(view) || view->document()->hasFile(); });
 }
 
 /// Brings up the first tab that is none of @p views, unless the current one is none of them. False if there is
