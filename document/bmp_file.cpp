@@ -134,7 +134,7 @@ QByteArray read_table(QIODevice &file, const BmpShape &shape, qint64 entries)
 {
     if (!file.seek(shape.tableStart()))
         return {};
-    const QByteArray stored = file.read(entries * shape.colorBytes());
+    QByteArray stored = file.read(entries * shape.colorBytes());
     if (shape.colorBytes() == 4)
         return stored;
     QByteArray table;
