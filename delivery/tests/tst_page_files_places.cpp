@@ -63,7 +63,7 @@ private slots:
         QFETCH(const WritePage, write);
         const SmallDisk disk;
         QFile rest(disk.filePath(u"rest"_s));
-        constexpr qint64 room = 100 * 1024; // less than the smallest of the three files
+        constexpr qint64 room = 102400; // less than the smallest of the three files
         QVERIFY(rest.open(QIODevice::WriteOnly) && rest.write(QByteArray(SmallDisk::Bytes - room, 'x')) > 0
                 && rest.flush());
 
