@@ -21,7 +21,7 @@ bool has_byte_shuffle()
     return answer;
 }
 
-__attribute__((target("ssse3"))) void expandByShuffle(const uchar *rgb, QRgb *words, int width)
+__attribute__((target("ssse3"))) void expand_by_shuffle(const uchar *rgb, QRgb *words, int width)
 {
     const __m128i order = _mm_setr_epi8(2, 1, 0, -1, 5, 4, 3, -1, 8, 7, 6, -1, 11, 10, 9, -1);
     const __m128i opaque = _mm_set1_epi32(static_cast<int>(0xff000000U));
@@ -34,7 +34,7 @@ __attribute__((target("ssse3"))) void expandByShuffle(const uchar *rgb, QRgb *wo
     plain_rows::expand(rgb + x * qsizetype{RgbBytes}, words + x, width - x);
 }
 
-__attribute__((target("ssse3"))) void packByShuffle(const QRgb *words, uchar *rgb, int width)
+__attribute__((target("ssse3"))) void pack_by_shuffle(const QRgb *words, uchar *rgb, int width)
 {
     const __m128i order = _mm_setr_epi8(2, 1, 0, 6, 5, 4, 10, 9, 8, 14, 13, 12, -1, -1, -1, -1);
     int x = 0;
@@ -54,7 +54,7 @@ void expand_rgb_row(const uchar *rgb, QRgb *words, int width)
 {
 #ifdef __x86_64__
     if (has_byte_shuffle()) {
-        expandByShuffle(rgb, words, width);
+        expand_by_shuffle(rgb, words, width);
         return;
     }
 #endif
@@ -65,7 +65,7 @@ void pack_rgb_row(const QRgb *words, uchar *rgb, int width)
 {
 #ifdef __x86_64__
     if (has_byte_shuffle()) {
-        packByShuffle(words, rgb, width);
+        pack_by_shuffle(words, rgb, width);
         return;
     }
 #endif

@@ -140,7 +140,7 @@ TargetOutcome make_file(const QString &path, const Writer &write)
     DraftFile draft(QFileInfo(path).path(), AsTheUserWants);
     if (!draft.isOpen())
         return failure(TargetOutcome::NotOpened, draft.openError());
-    const TargetOutcome outcome = draft.fill(write);
+    TargetOutcome outcome = draft.fill(write);
     if (outcome.step != TargetOutcome::Done)
         return outcome;
     return take_place(draft, path) ? TargetOutcome() : failure(TargetOutcome::NotWritten, errno);
@@ -161,7 +161,7 @@ int reserve_all_room(const OldFile &old, qint64 bytes)
     struct statvfs disk = {};
     if (::fstatvfs(old.file.get(), &disk) != 0)
         return errno;
-    const auto room = static_cast<qint64>(disk.f_bavail * disk.f_frsize);
+    const qint64 room = static_cast<qint64>(disk.f_bavail) * static_cast<qint64>(disk.f_frsize);
     return old.status.st_blocks * StatusBlockBytes + room < bytes ? ENOSPC : 0;
 }
 

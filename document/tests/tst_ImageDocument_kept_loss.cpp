@@ -13,6 +13,7 @@
 #include <QtEndian>
 #include <QTest>
 
+#include <array>
 #include <fcntl.h>
 #include <functional>
 #include <optional>
@@ -110,8 +111,9 @@ void tst_ImageDocument_kept_loss::fileThatIsNotTheSameAnyMoreKeepsNothing_data()
     });
     QTest::newRow("shorter") << Change([](const QString &path) { return QFile::resize(path, QFile(path).size() - 1); });
     QTest::newRow("touched") << Change([](const QString &path) {
-        const timespec times[] = {{.tv_sec = 1'000'000'000, .tv_nsec = 0}, {.tv_sec = 1'000'000'000, .tv_nsec = 0}};
-        return ::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times, 0) == 0;
+        constexpr timespec longAgo{.tv_sec = 1'000'000'000, .tv_nsec = 0};
+        const std::array times{longAgo, longAgo};
+        return ::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times.data(), 0) == 0;
     });
     QTest::newRow("a pipe in its place") << Change([](const QString &path) {
         return QFile::remove(path) && ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0;

@@ -138,7 +138,7 @@ void tst_tiff_join_hostile::sharedDataIsCopiedOnce()
     constexpr int Pages = 1000;
     QByteArray bytes = header(8 + StripBytes) + QByteArray(StripBytes, 's');
     for (int i = 1; i <= Pages; ++i) {
-        const qint64 next = i < Pages ? 8 + StripBytes + i * (2 + 2 * 12 + 4) : 0;
+        const qint64 next = i < Pages ? 8 + StripBytes + qint64{i} * (2 + 2 * 12 + 4) : 0;
         bytes += directory_of({entry(273, 4, 8), entry(279, 4, StripBytes)}, next);
     }
     write_file(directory.filePath(u"a.tif"_s), bytes);
@@ -157,7 +157,7 @@ void tst_tiff_join_hostile::arraySharedByManyDirectoriesIsRefused()
     const QByteArray places(4 * Places, '\1');
     QByteArray bytes = header(8 + places.size()) + places;
     for (int i = 1; i <= Pages; ++i) {
-        const qint64 next = i < Pages ? 8 + places.size() + i * (2 + 12 + 4) : 0;
+        const qint64 next = i < Pages ? 8 + places.size() + qint64{i} * (2 + 12 + 4) : 0;
         bytes += directory_of({entry(65000, 4, 8, Places)}, next);
     }
     write_file(directory.filePath(u"a.tif"_s), bytes);

@@ -65,7 +65,7 @@ void tst_HelpWindow::init()
     QSettings().clear();
     m_directory.emplace();
     write(u"Overview.htm"_s,
-          "<title>Everything</title><h1>Overview</h1><a href=\"Scan.htm\">Scanning</a> <a href=\"Mail.htm\">Mail</a>");
+          R"(<title>Everything</title><h1>Overview</h1><a href="Scan.htm">Scanning</a> <a href="Mail.htm">Mail</a>)");
     write(u"Scan.htm"_s, "<title>Scanning</title><h1>Scan</h1><p>one two one</p><p>three one</p>");
     write(u"Mail.htm"_s, "<title>Mail</title><h1>Mail</h1>");
     write(u"de/Scan.htm"_s, "<title>Scannen</title><h1>Scan auf Deutsch</h1>");
@@ -190,7 +190,7 @@ void tst_HelpWindow::pictureComesFromTheLanguageOrTheDirectory()
     QImage picture(7, 5, QImage::Format_RGB32);
     picture.fill(Qt::red);
     QVERIFY(picture.save(m_directory->filePath(u"red.png"_s)));
-    write(u"de/Mail.htm"_s, "<p><img src=\"red.png\"></p>");
+    write(u"de/Mail.htm"_s, R"(<p><img src="red.png"></p>)");
     open(u"Mail.htm"_s, u"de_DE"_s);
 
     // Painted once already, so it is kept as it was decoded.

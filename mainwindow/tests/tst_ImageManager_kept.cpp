@@ -19,7 +19,7 @@ namespace {
 /// Opens a file of the kind, and answers its path.
 QString open_kind(WindowFixture &fixture, const QString &kind, const QString &name)
 {
-    const QString path = fixture.home.filePath(name);
+    QString path = fixture.home.filePath(name);
     make_tiff(kind, path);
     if (!fixture.window.load_file(path, {}, false))
         qFatal("cannot open %s", qPrintable(path));

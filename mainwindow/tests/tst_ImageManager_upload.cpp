@@ -14,7 +14,7 @@ namespace {
 /// Saves the page of the form as BMP and answers the file's path.
 QString save_page(const QDialog &form, const WindowFixture &fixture)
 {
-    const QString path = fixture.home.filePath(u"sent.bmp"_s);
+    QString path = fixture.home.filePath(u"sent.bmp"_s);
     const NextFileDialog dialog([&path](QFileDialog &box) {
         for (const QString &filter : box.nameFilters()) {
             if (filter.contains("*.bmp"_L1))

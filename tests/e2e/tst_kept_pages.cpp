@@ -6,6 +6,8 @@
 #include <QImageReader>
 #include <QTest>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
@@ -30,8 +32,8 @@ constexpr QSize roomy{1100, 700};
 /// What a file holds before it is changed.
 struct Contents
 {
-    explicit Contents(const QString &path_) :
-        path(path_),
+    explicit Contents(QString path_) :
+        path(std::move(path_)),
         pages(told_pages(path)),
         warnings(tiffinfo_warnings(path)),
         firstPage(QImageReader(path).read().convertToFormat(QImage::Format_RGB32))

@@ -62,8 +62,8 @@ public:
 
     [[nodiscard]] QString path() const { return m_path; }
 
-    /// Leaves no roomfor a single byte.
-    void fill()
+    /// Leaves no room for a single byte.
+    void fill() const
     {
         const QByteArray bytes(::fcntl(m_descriptor, F_SETPIPE_SZ, 4096), 'x');
         while (::write(m_descriptor, bytes.constData(), static_cast<size_t>(bytes.size())) > 0) { }

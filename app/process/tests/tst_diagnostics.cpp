@@ -82,7 +82,7 @@ private slots:
         QCOMPARE(::pipe(pipe.data()), 0);
         QVERIFY(::fcntl(pipe[1], F_SETPIPE_SZ, PipeSize) == PipeSize);
         const StandardError error(pipe[1]);
-        qDebug("%s", QByteArray(3 * PipeSize, 'x').constData());
+        qDebug("%s", QByteArray(qsizetype{3} * PipeSize, 'x').constData());
         const QByteArray cut = read_all(pipe[0]);
 
         qDebug("next");

@@ -111,7 +111,7 @@ void tst_FtpReplyReader::takeStopsBehindAReply()
 
 void tst_FtpReplyReader::longLineIsKeptInPartAndTheNextReplyIsWhole()
 {
-    const QByteArray banner = "220 " + QByteArray(10 * 1024 * 1024, 'x') + "\r\n";
+    const QByteArray banner = "220 " + QByteArray(qsizetype{10} * 1024 * 1024, 'x') + "\r\n";
 
     const QStringList replies = texts_of(banner + "331 Who?\r\n");
 
@@ -123,7 +123,7 @@ void tst_FtpReplyReader::longLineIsKeptInPartAndTheNextReplyIsWhole()
 void tst_FtpReplyReader::endlessLineGivesNothingAndTakesNoMemory()
 {
     FtpReplyReader reader;
-    const QByteArray piece(1024 * 1024, 'x');
+    const QByteArray piece(qsizetype{1024} * 1024, 'x');
     for (int i = 0; i < 64; ++i)
         QCOMPARE(texts_of(reader, piece), QStringList());
 
