@@ -3,6 +3,7 @@
 #include "ChildScope.h"
 
 #include <QProcess>
+#include <QSet>
 
 #include <memory>
 
@@ -19,6 +20,13 @@ bool set_program(QProcess &process, const QStringList &arguments)
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return true;
+}
+
+/// The processes whose programs run, known to the end of this one: what is never deleted on purpose is no leak.
+QSet<QProcess *> &running_processes()
+{
+    static auto *const processes = new QSet<QProcess *>;
+    return *processes;
 }
 
 } // namespace
@@ -43,7 +51,11 @@ bool Q3Process::start()
     if (!process->waitForStarted(-1))
         return false;
     m_process = process.release();
-    connect(m_process, &QProcess::finished, m_process, &QObject::deleteLater);
+    running_processes().insert(m_process);
+    connect(m_process, &QProcess::finished, m_process, [ended = m_process.data()] {
+        running_processes().remove(ended);
+        ended->deleteLater();
+    });
     connect(m_process, &QProcess::finished, this, [this] {
         m_process = nullptr;
         emit processExited(); // may destroy this
