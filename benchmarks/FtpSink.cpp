@@ -46,7 +46,7 @@ QByteArray heard(int client)
 
 FtpSink::FtpSink(bool stall) : stalls(stall)
 {
-    std::fill_n(block.get(), BlockSize, 'x'); // its memory is there before anything is measured
+    std::fill_n(block.data(), BlockSize, 'x'); // its memory is there before anything is measured
     control = listening_socket(controlPort);
     passive = listening_socket(passivePort);
     thread = std::thread([this] { serve(); });
@@ -114,7 +114,7 @@ bool FtpSink::takeData(int client)
         return false;
     }
     bytes = 0;
-    for (ssize_t count = 0; (count = ::recv(data, block.get(), BlockSize, 0)) > 0;)
+    for (ssize_t count = 0; (count = ::recv(data, block.data(), BlockSize, 0)) > 0;)
         bytes += count;
     ::close(data);
     const bool isSaid = say(client, "226 Thanks");

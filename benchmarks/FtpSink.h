@@ -4,9 +4,9 @@
 
 #include <atomic>
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <thread>
+#include <vector>
 
 /// An FTP server on the loopback that takes every upload and forgets it, one session after the other, on a thread of
 /// its own. It measures what it sees of an upload: from STOR to its own 226.
@@ -32,7 +32,7 @@ private:
     static constexpr std::size_t BlockSize = 262144;
 
     bool stalls;
-    std::unique_ptr<char[]> block = std::make_unique<char[]>(BlockSize);
+    std::vector<char> block = std::vector<char>(BlockSize);
     int control = -1;
     int passive = -1;
     quint16 controlPort = 0;

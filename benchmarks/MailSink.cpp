@@ -17,7 +17,7 @@ void say(int client, const QByteArray &line)
 /// Appends what comes next. False at the end of the connection.
 bool receive(int client, QByteArray &buffer)
 {
-    static thread_local QByteArray block(256 * 1024, Qt::Uninitialized);
+    static thread_local QByteArray block(qsizetype{256} * 1024, Qt::Uninitialized);
     const ssize_t count = ::recv(client, block.data(), static_cast<size_t>(block.size()), 0);
     if (count <= 0)
         return false;

@@ -96,7 +96,7 @@ std::optional<double> extra_peak_of_save(EditedPage &page, double /*bareBytes*/)
     return save(page, files) ? std::optional(peak_memory() - before) : std::nullopt;
 }
 
-std::function<std::optional<double>(EditedPage &page, double bareBytes)> residentAfterEdits(int count)
+std::function<std::optional<double>(EditedPage &page, double bareBytes)> resident_after_edits(int count)
 {
     return [=](EditedPage &page, double /*bareBytes*/) {
         return edit_repeatedly(page, count) ? std::optional(resident_memory()) : std::nullopt;
@@ -121,7 +121,7 @@ QList<Row> memory_rows()
          {{u"decoded bytes"_s, Bar::BytesRatio, 0.01, measured_side(Tiff, extra_peak_of_save), page_bytes_side()}}},
         {50,
          u"resident set after 20 same-size edits"_s,
-         {{u"after the first"_s, Bar::BytesRatio, 1.10, measured_side(Tiff, residentAfterEdits(ManyEdits)),
-           measured_side(Tiff, residentAfterEdits(1))}}},
+         {{u"after the first"_s, Bar::BytesRatio, 1.10, measured_side(Tiff, resident_after_edits(ManyEdits)),
+           measured_side(Tiff, resident_after_edits(1))}}},
     };
 }

@@ -26,7 +26,7 @@ class FtpForm : public QDialog
     Q_OBJECT
 
 public:
-    explicit FtpForm(const QImage *image, QWidget *parent = nullptr, Qt::WindowFlags flags = {});
+    explicit FtpForm(const QImage *page, QWidget *parent = nullptr, Qt::WindowFlags flags = {});
     ~FtpForm() override;
     Q_DISABLE_COPY_MOVE(FtpForm)
 

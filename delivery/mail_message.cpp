@@ -3,8 +3,8 @@
 #include <QFileInfo>
 
 #include <array>
+#include <clocale>
 #include <istream>
-#include <locale.h>
 #include <string_view>
 #include <vector>
 

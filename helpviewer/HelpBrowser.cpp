@@ -1,6 +1,8 @@
 #include "HelpBrowser.h"
 
-HelpBrowser::HelpBrowser(const HelpPages &pages, QWidget *parent) : QTextBrowser(parent), m_pages(pages)
+#include <utility>
+
+HelpBrowser::HelpBrowser(HelpPages pages, QWidget *parent) : QTextBrowser(parent), m_pages(std::move(pages))
 {
     setOpenLinks(false); // each link is looked at first
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::follow);

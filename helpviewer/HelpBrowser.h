@@ -12,7 +12,7 @@ class HelpBrowser : public QTextBrowser
     Q_OBJECT
 
 public:
-    explicit HelpBrowser(const HelpPages &pages, QWidget *parent = nullptr);
+    explicit HelpBrowser(HelpPages pages, QWidget *parent = nullptr);
 
     /// Shows the page, hands it to the desktop, or refuses it, as its target tells.
     void follow(const QUrl &address);

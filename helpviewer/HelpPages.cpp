@@ -7,6 +7,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -55,9 +56,9 @@ template <typename Visit> void for_each_link(const QString &html, Visit visit)
 
 } // namespace
 
-HelpPages::HelpPages(const QString &directory, const QString &overview, const QString &locale) :
+HelpPages::HelpPages(const QString &directory, QString overview, const QString &locale) :
     m_root(QDir::cleanPath(QDir(directory).absolutePath())),
-    m_overview(overview),
+    m_overview(std::move(overview)),
     m_languages{locale}
 {
     if (const qsizetype end = locale.indexOf(u'_'); end > 0)
@@ -93,7 +94,7 @@ QByteArray HelpPages::contents(const QUrl &address) const
     if (name.isEmpty())
         return {};
     for (const QString &language : m_languages) {
-        const QByteArray bytes = read_below(m_root, m_root + u'/' + language + u'/' + name);
+        QByteArray bytes = read_below(m_root, m_root + u'/' + language + u'/' + name);
         if (!bytes.isNull())
             return bytes;
     }
@@ -110,7 +111,7 @@ QString HelpPages::html(const QUrl &address) const
     const QString sentence = QFileInfo(m_root).isDir()
         ? tr("There is no help page \"%1\".").arg(wanted)
         : tr("The help pages are not installed: there is no directory \"%1\".").arg(m_root);
-    const QString notice =
+    QString notice =
         u"<h1>"_s + tr("Page not found").toHtmlEscaped() + u"</h1><p>"_s + sentence.toHtmlEscaped() + u"</p>"_s;
     const QByteArray overview = contents(this->address(m_overview));
     if (overview.isNull())

@@ -35,7 +35,7 @@ public:
     /// @param directory  of the pages; it need not exist
     /// @param overview   file name of the page that stands for the whole, may be empty
     /// @param locale     such as "de_AT": its directories are "de_AT", then "de"
-    HelpPages(const QString &directory, const QString &overview, const QString &locale);
+    HelpPages(const QString &directory, QString overview, const QString &locale);
 
     /// The address of a page by its name, that of the overview for an empty one. A name that leads out of the directory
     /// gives the address of a page that does not exist.

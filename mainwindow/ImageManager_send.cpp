@@ -4,14 +4,16 @@
 #include "MailedDocument.h"
 #include "MailForm.h"
 
+#include <utility>
+
 namespace {
 
 /// The tab that a mail form is about. Another start may bring other tabs to the front meanwhile.
 class MailedTab final : public MailedDocument
 {
 public:
-    MailedTab(const CommandTab &mailedTab, QTabWidget *allTabs, ImageManager *manager) :
-        tab(mailedTab),
+    MailedTab(CommandTab mailedTab, QTabWidget *allTabs, ImageManager *manager) :
+        tab(std::move(mailedTab)),
         tabs(allTabs),
         window(manager)
     {

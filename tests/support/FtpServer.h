@@ -59,7 +59,7 @@ public:
 
     void takeData();
     /// Says something unasked.
-    void sayNow(const QByteArray &bytes);
+    void sayNow(const QByteArray &words);
 
     /// The lines that came, without their ends, of all sessions.
     [[nodiscard]] const QList<QByteArray> &commands() const { return lines; }

@@ -81,7 +81,7 @@ bool tells(const QString &page, int tag, const QString &text)
 {
     QByteArray told;
     const QJsonArray bytes = values_of(page, tag);
-    for (const QJsonValue &byte : bytes)
+    for (const auto &byte : bytes)
         told += QByteArray::fromHex(byte.toString().toLatin1());
     return told == text.toUtf8() + '\0';
 }
@@ -107,7 +107,7 @@ QStringList pictures_below(const QString &page)
     constexpr auto SubIfds = "330"_L1;
     QStringList pictures;
     const QJsonArray below = QJsonDocument::fromJson(page.toUtf8()).object().value(SubIfds).toArray();
-    for (const QJsonValue &picture : below)
+    for (const auto &picture : below)
         pictures.append(QString::fromUtf8(QJsonDocument(picture.toObject()).toJson(QJsonDocument::Compact)));
     return pictures;
 }

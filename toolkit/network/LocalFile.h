@@ -13,7 +13,7 @@ class LocalFile
 {
 public:
     /// @return false if there is no plain file of this name that may be read
-    [[nodiscard]] bool open(const QString &path);
+    [[nodiscard]] bool open(const QString &wanted);
 
     /// In bytes, at present.
     [[nodiscard]] qint64 size() const { return file.size(); }

@@ -56,8 +56,8 @@ public:
         ErrPermissionDenied = 14,
     };
 
-    /// @param arguments  what it works on, such as URL texts
-    Q3NetworkOperation(Operation operation, QStringList arguments, QObject *parent);
+    /// @param args  what it works on, such as URL texts
+    Q3NetworkOperation(Operation operation, QStringList args, QObject *parent);
     ~Q3NetworkOperation() override;
     Q_DISABLE_COPY_MOVE(Q3NetworkOperation)
 

@@ -40,7 +40,7 @@ private:
     void removeFile();
     void end();
     void makeUpload();
-    void tellProgress(qint64 done, Q3NetworkOperation *operation);
+    void tellProgress(qint64 count, Q3NetworkOperation *operation);
 
     Q3UrlOperator *owner;
     QString path; ///< of the local file
