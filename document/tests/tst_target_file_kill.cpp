@@ -38,6 +38,7 @@ constexpr std::size_t PieceBytes = 1024;
 
 // These stand before those of the C library, for the toolkit and the TIFF library as well. A long writing is done in
 // pieces, as the system may do it.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library reserves the names it gives
 
 extern "C" ssize_t pwrite64(int fd, const void *bytes, size_t count, off64_t position)
 {
@@ -63,6 +64,7 @@ extern "C" int fsync(int fd)
     // Power cuts are not made here, and the disk of the machine is slow.
     return stepsLeft < 0 ? static_cast<int>(::syscall(SYS_fsync, fd)) : 0;
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace {
 

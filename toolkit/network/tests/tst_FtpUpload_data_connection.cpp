@@ -161,7 +161,7 @@ void tst_FtpUpload_data_connection::floodOnTheDataConnectionIsNotTaken()
 {
     UploadTrial trial;
     QVERIFY(trial.write("0123456789"));
-    trial.server->floodData(8 * 1024 * 1024);
+    trial.server->floodData(qint64{8} * 1024 * 1024);
     trial.server->say("STOR", {});
 
     trial.upload();

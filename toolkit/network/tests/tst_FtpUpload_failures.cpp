@@ -178,7 +178,7 @@ void tst_FtpUpload_failures::passiveAnswerNamingAnotherHostIsNotFollowed()
 void tst_FtpUpload_failures::hugeGreetingIsPassedOver_data()
 {
     QTest::addColumn<QByteArray>("greeting");
-    constexpr qsizetype size = 10 * 1024 * 1024;
+    constexpr qsizetype size = qsizetype{10} * 1024 * 1024;
     QTest::newRow("one line") << "220 " + QByteArray(size, 'x') + "\r\n";
     QTest::newRow("many lines") << QByteArray("220-hello\r\n").repeated(size / 11) + "220 end\r\n";
 }

@@ -201,7 +201,7 @@ private slots:
         Pair pair;
         QVERIFY(pair.isConnected);
         const QSignalSpy finished(&pair.socket, &Q3Socket::delayedCloseFinished);
-        const QByteArray much(16 * 1024 * 1024, 'x'); // more than the system's own buffers
+        const QByteArray much(qsizetype{16} * 1024 * 1024, 'x'); // more than the system's own buffers
 
         pair.socket.write(much);
         pair.socket.close();

@@ -118,7 +118,7 @@ void tst_Q3UrlOperator::fileArrivesAsItIs_data()
 
     QTest::newRow("0 bytes") << qsizetype{0} << QHostAddress(QHostAddress::LocalHost);
     QTest::newRow("1 byte") << qsizetype{1} << QHostAddress(QHostAddress::LocalHost);
-    QTest::newRow("a block") << qsizetype{256 * 1024} << QHostAddress(QHostAddress::LocalHost);
+    QTest::newRow("a block") << qsizetype{256} * 1024 << QHostAddress(QHostAddress::LocalHost);
     QTest::newRow("many blocks") << qsizetype{5'000'001} << QHostAddress(QHostAddress::LocalHost);
     QTest::newRow("many blocks over IPv6") << qsizetype{5'000'001} << QHostAddress(QHostAddress::LocalHostIPv6);
 }
