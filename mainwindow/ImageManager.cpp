@@ -41,26 +41,31 @@ QImage ImageManager::firstPageImage() const
     return document && !document->isEmpty() ? document->page(1) : QImage();
 }
 
+/// Switches on or off what has this need.
+void ImageManager::enableActions(Need need, bool on)
+{
+    for (const ActionRow &row : action_table()) {
+        if (row.use.need != need)
+            continue;
+        if (row.use.target.kind == ActionTarget::Kind::ZoomSteps)
+            zoomGroup->setEnabled(on);
+        else
+            actions.value(row.name)->setEnabled(on);
+    }
+}
+
 void ImageManager::updateDocumentActions()
 {
     const bool hasDocument = currentDocument() != nullptr;
 
-    for (const QLatin1StringView name :
-         {"file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, "file_print"_L1, "file_close"_L1, "file_close_all"_L1})
-        actions.value(name)->setEnabled(hasDocument);
+    enableActions(Need::Document, hasDocument);
     if (!hasDocument) { // the history decides otherwise
-        actions.value("edit_undo"_L1)->setEnabled(false);
-        actions.value("edit_redo"_L1)->setEnabled(false);
+        enableActions(Need::Past, false);
+        enableActions(Need::Future, false);
     }
-    zoomGroup->setEnabled(hasDocument);
-    for (const QLatin1StringView name :
-         {"view_zoom_in"_L1, "view_zoom_out"_L1, "view_scroll"_L1, "depth_menu"_L1, "scale_menu"_L1, "rotate_menu"_L1,
-          "flip_menu"_L1, "effects_menu"_L1, "image_brightness"_L1, "image_contrast"_L1, "image_invert"_L1,
-          "image_properties"_L1})
-        actions.value(name)->setEnabled(hasDocument);
+    enableActions(Need::LargerZoom, hasDocument);
+    enableActions(Need::SmallerZoom, hasDocument);
     updateImageCropControls();
-    for (const QLatin1StringView name : {"tool_graphics_editor"_L1, "tool_ocr"_L1, "tool_send"_L1, "tool_upload"_L1})
-        actions.value(name)->setEnabled(hasDocument);
     updateZoomControls();
 }
 
@@ -84,8 +89,8 @@ void ImageManager::updateZoomControls()
         action->setCheckable(true);
         action->setChecked(true);
     }
-    actions.value("view_zoom_in"_L1)->setEnabled(limit < index);
-    actions.value("view_zoom_out"_L1)->setEnabled(index < last);
+    enableActions(Need::LargerZoom, limit < index);
+    enableActions(Need::SmallerZoom, index < last);
 }
 
 void ImageManager::updateTabTitle(ImageDocumentView *view, bool modified)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "action_table.h"
 #include "LeftoverWatch.h"
 #include "pixel_operations.h"
 #include "save_targets.h"
@@ -29,6 +30,7 @@ class QActionGroup;
 class QDialog;
 class QTabWidget;
 class QToolBar;
+struct ActionPlace;
 
 /// The one main window: a tab for each document, the actions, menus and tool bar, and the commands that
 /// drive documents and views.
@@ -157,19 +159,16 @@ private:
     [[nodiscard]] QImage firstPageImage() const;
 
     void makeActions();
+    void makeAction(const ActionRow &row, const QHash<QLatin1StringView, QActionGroup *> &groups);
     void makeZoomActions();
-    void makeMenus();
-    void makeToolBar();
+    QAction *makeGroupMenu(QActionGroup *group);
+    void makePlaces();
+    void makeMenu(QMenu *menu, const ActionPlace &place);
+    void makeToolBar(const ActionPlace &place);
+    void placeActions(QWidget *widget, const ActionPlace &place);
     void readSettings();
     void connectActions();
-    QAction *makeAction(QLatin1StringView name, QObject *parent);
-    void makeActions(std::initializer_list<QLatin1StringView> names, QObject *parent);
-    QActionGroup *makeActionGroup(std::initializer_list<QLatin1StringView> names);
-    QAction *makeGroupMenu(QActionGroup *group, QLatin1StringView name);
-    void applyIcons();
-    void addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names);
-    void makeToolsMenu();
-    void placeActions(QWidget *place, std::initializer_list<QLatin1StringView> names);
+    void enableActions(Need need, bool on);
 
     void letEventsThrough();
     void freezeUi();

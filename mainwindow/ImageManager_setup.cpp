@@ -1,4 +1,5 @@
-#include "action_table.h"
+#include "action_places.h"
+#include "action_records.h"
 #include "IdMenu.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
@@ -15,7 +16,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include <array>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -24,36 +25,37 @@ namespace {
 constexpr QSize DefaultSize(335, 564); // pixels
 constexpr int IconSide = 24;
 
-constexpr QLatin1StringView Separator; // an entry without a name
+using Groups = QHash<QLatin1StringView, QActionGroup *>; ///< by the action that opens the sub-menu
 
-using Slot = void (ImageManager::*)();
-
-struct EditCommand
+/// What an action belongs to: the group that lists it as its own, or the window.
+QObject *parent_of(QLatin1StringView action, const Groups &groups, QObject *window)
 {
-    QLatin1StringView name;
-    Slot slot;
-};
+    const auto place = std::ranges::find_if(action_places::All, [action](const ActionPlace &candidate) {
+        return candidate.kind == ActionPlace::Kind::Group && std::ranges::count(candidate.entries, action) != 0;
+    });
+    return place == action_places::All.end() ? window : groups.value(QLatin1StringView(place->name));
+}
 
-constexpr std::array EditCommands = {
-    EditCommand{"edit_undo"_L1, &ImageManager::edit_undo},
-    EditCommand{"edit_redo"_L1, &ImageManager::edit_redo},
-    EditCommand{"scale_horizontally"_L1, &ImageManager::image_scale_horizontally},
-    EditCommand{"scale_vertically"_L1, &ImageManager::image_scale_vertically},
-    EditCommand{"scale_proportionally"_L1, &ImageManager::image_scale_proportionally},
-    EditCommand{"image_resize"_L1, &ImageManager::image_resize},
-    EditCommand{"rotate_ccw"_L1, &ImageManager::image_rotate_90},
-    EditCommand{"rotate_cw"_L1, &ImageManager::image_rotate_270},
-    EditCommand{"rotate_180"_L1, &ImageManager::image_rotate_180},
-    EditCommand{"flip_horizontally"_L1, &ImageManager::image_flip_horizontally},
-    EditCommand{"flip_vertically"_L1, &ImageManager::image_flip_vertically},
-    EditCommand{"image_invert"_L1, &ImageManager::image_invert},
-    EditCommand{"image_brightness"_L1, &ImageManager::image_brightness},
-    EditCommand{"image_contrast"_L1, &ImageManager::image_contrast},
-    EditCommand{"depth_1"_L1, &ImageManager::image_depth_1_bit},
-    EditCommand{"depth_8"_L1, &ImageManager::image_depth_8_bit},
-    EditCommand{"depth_32"_L1, &ImageManager::image_depth_32_bit},
-    EditCommand{"image_crop"_L1, &ImageManager::image_crop},
-};
+/// The group of a sub-menu, which the window's own actions have joined where the place gathers them.
+void join_group(QActionGroup *group, QLatin1StringView menu, const QHash<QLatin1StringView, QAction *> &actions)
+{
+    for (const ActionPlace &place : action_places::All) {
+        if (place.kind != ActionPlace::Kind::Gathering || QLatin1StringView(place.name) != menu)
+            continue;
+        for (const QLatin1StringView entry : place.entries)
+            group->addAction(actions.value(entry));
+    }
+}
+
+void apply_records(QAction *action, const ActionRow &row)
+{
+    if (row.texts.text)
+        applyActionRecord(action, action_record(row.texts));
+    if (row.use.icon.isEmpty())
+        return;
+    const IconRecord icon = icon_record(row.use.icon);
+    applyIconRecord(action, embeddedPixmap(icon.color), embeddedPixmap(icon.gray), embeddedPixmap(icon.disable));
+}
 
 } // namespace
 
@@ -64,8 +66,7 @@ ImageManager::ImageManager(QWidget *parent) : QMainWindow(parent)
 
     setWindowTitle(tr("Image Manager"));
     makeActions();
-    makeMenus();
-    makeToolBar();
+    makePlaces();
 
     tabWidget = new QTabWidget(this);
     tabWidget->setAccessibleName(tr("Documents"));
@@ -83,40 +84,46 @@ ImageManager::ImageManager(QWidget *parent) : QMainWindow(parent)
 void ImageManager::makeActions()
 {
     zoomGroup = new QActionGroup(this);
-    for (const QLatin1StringView name :
-         {"file_new"_L1, "file_open"_L1, "file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, "file_print"_L1,
-          "file_close"_L1, "file_close_all"_L1, "file_exit"_L1, "edit_undo"_L1, "edit_redo"_L1})
-        makeAction(name, this);
-    makeZoomActions();
-    for (const QLatin1StringView name : {"view_scroll"_L1, "view_zoom_out"_L1, "view_zoom_in"_L1, "view_labels"_L1,
-                                         "view_movable"_L1, "view_big_pixmaps"_L1, "view_reset"_L1})
-        makeAction(name, this);
-    for (const QLatin1StringView name : {"view_scroll"_L1, "view_labels"_L1, "view_movable"_L1, "view_big_pixmaps"_L1})
-        actions.value(name)->setCheckable(true);
+    Groups groups;
+    for (const ActionPlace &place : action_places::All) {
+        if (!place.isSubMenu())
+            continue;
+        auto *const group = new QActionGroup(this);
+        group->setExclusive(false);
+        groups.insert(QLatin1StringView(place.name), group);
+    }
+    for (const ActionRow &row : action_table())
+        makeAction(row, groups);
+    for (const ActionRow &row : action_table())
+        if (QAction *const action = actions.value(row.name))
+            apply_records(action, row);
+    actions.value("effects_menu"_L1)->setText(tr("Effects"));
+}
 
-    QActionGroup *const scale =
-        makeActionGroup({"scale_horizontally"_L1, "scale_vertically"_L1, "scale_proportionally"_L1, "image_resize"_L1});
-    QActionGroup *const rotate = makeActionGroup({"rotate_ccw"_L1, "rotate_cw"_L1, "rotate_180"_L1});
-    QActionGroup *const flip = makeActionGroup({"flip_horizontally"_L1, "flip_vertically"_L1});
-    QActionGroup *const depth = makeActionGroup({"depth_1"_L1, "depth_8"_L1, "depth_32"_L1});
-
-    for (const QLatin1StringView name :
-         {"image_invert"_L1, "image_brightness"_L1, "image_contrast"_L1, "image_crop"_L1, "image_properties"_L1,
-          "tool_graphics_editor"_L1, "tool_ocr"_L1, "tool_send"_L1, "tool_upload"_L1, "tool_configure"_L1})
-        makeAction(name, this);
-
-    makeGroupMenu(scale, "scale_menu"_L1);
-    makeGroupMenu(rotate, "rotate_menu"_L1);
-    makeGroupMenu(flip, "flip_menu"_L1);
-    makeGroupMenu(depth, "depth_menu"_L1);
-
-    QActionGroup *const effects = makeActionGroup({});
-    for (const QLatin1StringView name :
-         {"image_brightness"_L1, "image_contrast"_L1, "depth_menu"_L1, "image_invert"_L1})
-        effects->addAction(actions.value(name));
-    makeGroupMenu(effects, "effects_menu"_L1)->setText(tr("Effects"));
-
-    applyIcons();
+void ImageManager::makeAction(const ActionRow &row, const QHash<QLatin1StringView, QActionGroup *> &groups)
+{
+    QAction *action = nullptr;
+    switch (row.use.target.kind) {
+    case ActionTarget::Kind::None:
+        return;
+    case ActionTarget::Kind::ZoomSteps:
+        makeZoomActions();
+        return;
+    case ActionTarget::Kind::SubMenu:
+        join_group(groups.value(row.name), row.name, actions);
+        action = makeGroupMenu(groups.value(row.name));
+        break;
+    case ActionTarget::Kind::Toggled:
+    case ActionTarget::Kind::ToggledForViews:
+        action = new QAction(parent_of(row.name, groups, this));
+        action->setCheckable(true);
+        break;
+    case ActionTarget::Kind::Triggered:
+        action = new QAction(parent_of(row.name, groups, this));
+        break;
+    }
+    action->setObjectName(row.name);
+    actions.insert(row.name, action);
 }
 
 void ImageManager::makeZoomActions()
@@ -133,110 +140,73 @@ void ImageManager::makeZoomActions()
     }
 }
 
-QAction *ImageManager::makeAction(QLatin1StringView name, QObject *parent)
-{
-    auto *const action = new QAction(parent);
-    action->setObjectName(name);
-    applyActionRecord(action, *action_record(name));
-    actions.insert(name, action);
-    return action;
-}
-
-QActionGroup *ImageManager::makeActionGroup(std::initializer_list<QLatin1StringView> names)
-{
-    auto *const group = new QActionGroup(this);
-    group->setExclusive(false);
-    for (const QLatin1StringView name : names)
-        makeAction(name, group);
-    return group;
-}
-
-QAction *ImageManager::makeGroupMenu(QActionGroup *group, QLatin1StringView name)
+QAction *ImageManager::makeGroupMenu(QActionGroup *group)
 {
     auto *const menu = new QMenu(this);
     menu->addActions(group->actions());
-    QAction *const action = menu->menuAction();
-    action->setObjectName(name);
-    if (const ActionRecord *const record = action_record(name))
-        applyActionRecord(action, *record);
-    actions.insert(name, action);
-    return action;
+    return menu->menuAction();
 }
 
-void ImageManager::applyIcons()
+void ImageManager::makePlaces()
 {
-    for (const IconRecord &record : icon_table())
-        applyIconRecord(actions.value(record.action), embeddedPixmap(record.base + "_color.png"_L1),
-                        embeddedPixmap(record.base + "_gray.png"_L1), embeddedPixmap(record.base + "_disable.png"_L1));
-}
-
-void ImageManager::makeMenus()
-{
-    addBarMenu(tr("&File"),
-               {"file_open"_L1, Separator, "file_save"_L1, "file_save_as"_L1, "file_save_all"_L1, Separator,
-                "file_print"_L1, Separator, "file_close"_L1, "file_close_all"_L1, Separator, "file_exit"_L1});
-    addBarMenu(tr("&Edit"), {"edit_undo"_L1, "edit_redo"_L1});
-    addBarMenu(tr("&View"), {"view_labels"_L1, "view_movable"_L1, "view_reset"_L1});
-
-    zoomMenu = new IdMenu(this);
-    zoomMenu->setTitle(tr("&Zoom"));
-    zoomMenu->addActions(zoomGroup->actions());
-    menuBar()->addMenu(zoomMenu);
-    for (size_t i = 0; i < zoomIds.size(); ++i)
-        zoomIds.at(i) = zoomMenu->findIdForAction(zoomMenu->actions().value(static_cast<int>(i)));
-
-    addBarMenu(tr("&Image"),
-               {"depth_menu"_L1, "image_invert"_L1, "image_brightness"_L1, "image_contrast"_L1, "rotate_menu"_L1,
-                "flip_menu"_L1, "scale_menu"_L1, "image_crop"_L1, "image_properties"_L1});
-
-    makeToolsMenu();
-}
-
-// Intended: unless a setting asks for it the menu is on no bar, and there is no way to its commands.
-void ImageManager::makeToolsMenu()
-{
-    auto *const menu = new QMenu(this);
-    placeActions(menu,
-                 {"tool_graphics_editor"_L1, "tool_ocr"_L1, "tool_send"_L1, "tool_upload"_L1, "tool_configure"_L1});
-    if (!read_window_setting(WindowSetting::ToolsMenu, false).toBool())
-        return;
-    menu->setTitle(tr("&Tools"));
-    menuBar()->addMenu(menu);
-}
-
-void ImageManager::addBarMenu(const QString &title, std::initializer_list<QLatin1StringView> names)
-{
-    auto *const menu = new QMenu(title, this);
-    placeActions(menu, names);
-    menuBar()->addMenu(menu);
-}
-
-void ImageManager::placeActions(QWidget *place, std::initializer_list<QLatin1StringView> names)
-{
-    for (const QLatin1StringView name : names) {
-        QAction *action = actions.value(name);
-        if (name == Separator) {
-            action = new QAction(place);
-            action->setSeparator(true);
+    for (const ActionPlace &place : action_places::All) {
+        switch (place.kind) {
+        case ActionPlace::Kind::Menu:
+        case ActionPlace::Kind::ToolsMenu:
+            makeMenu(new QMenu(this), place);
+            break;
+        case ActionPlace::Kind::ZoomMenu:
+            zoomMenu = new IdMenu(this);
+            makeMenu(zoomMenu, place);
+            for (size_t i = 0; i < zoomIds.size(); ++i)
+                zoomIds.at(i) = zoomMenu->findIdForAction(zoomMenu->actions().value(static_cast<int>(i)));
+            break;
+        case ActionPlace::Kind::ToolBar:
+            makeToolBar(place);
+            break;
+        case ActionPlace::Kind::Group:
+        case ActionPlace::Kind::Gathering:
+            break; // made with the actions
         }
-        place->addAction(action);
     }
 }
 
-void ImageManager::makeToolBar()
+void ImageManager::makeMenu(QMenu *menu, const ActionPlace &place)
+{
+    placeActions(menu, place);
+    // Intended: unless a setting asks for it the menu of the tools is on no bar, and there is no way to its commands.
+    if (place.kind == ActionPlace::Kind::ToolsMenu && !read_window_setting(WindowSetting::ToolsMenu, false).toBool())
+        return;
+    menu->setTitle(tr(place.name));
+    menuBar()->addMenu(menu);
+}
+
+void ImageManager::makeToolBar(const ActionPlace &place)
 {
     toolBar = new QToolBar(this);
     toolBar->setIconSize(QSize(IconSide, IconSide));
-    toolBar->setWindowTitle(tr("Image Manager Toolbar"));
-    toolBar->setObjectName(tr("Image Manager Toolbar"));
+    toolBar->setWindowTitle(tr(place.name));
+    toolBar->setObjectName(tr(place.name));
     toolBar->setAccessibleName(toolBar->windowTitle());
     // The button behind which the bar hides what a narrow window has no room for.
     if (auto *const extension = toolBar->findChild<QToolButton *>(u"qt_toolbar_ext_button"_s))
         extension->setAccessibleName(tr("More commands"));
-    placeActions(toolBar,
-                 {"file_save"_L1, Separator, "edit_undo"_L1, "edit_redo"_L1, Separator, "view_zoom_out"_L1,
-                  "view_zoom_in"_L1, Separator, "view_scroll"_L1, "image_crop"_L1, Separator, "scale_menu"_L1,
-                  "rotate_menu"_L1, "flip_menu"_L1, "effects_menu"_L1, Separator, "image_properties"_L1});
+    placeActions(toolBar, place);
+}
+
+void ImageManager::placeActions(QWidget *widget, const ActionPlace &place)
+{
+    for (const QLatin1StringView entry : place.entries) {
+        if (entry == action_places::Separator) {
+            auto *const separator = new QAction(widget);
+            separator->setSeparator(true);
+            widget->addAction(separator);
+        } else if (QAction *const action = actions.value(entry)) {
+            widget->addAction(action);
+        } else {
+            widget->addActions(zoomGroup->actions());
+        }
+    }
 }
 
 void ImageManager::readSettings()
@@ -264,27 +234,7 @@ void ImageManager::connectActions()
             tabChanged(tabWidget->widget(index));
     });
 
-    connect(actions.value("file_new"_L1), &QAction::triggered, this, &ImageManager::file_new);
-    connect(actions.value("file_open"_L1), &QAction::triggered, this, &ImageManager::file_open);
-    connect(actions.value("file_save"_L1), &QAction::triggered, this, &ImageManager::file_save);
-    connect(actions.value("file_save_as"_L1), &QAction::triggered, this, &ImageManager::file_save_as);
-    connect(actions.value("file_save_all"_L1), &QAction::triggered, this, &ImageManager::file_save_all);
-    connect(actions.value("file_print"_L1), &QAction::triggered, this, &ImageManager::file_print);
-    connect(actions.value("file_close"_L1), &QAction::triggered, this, &ImageManager::file_close);
-    connect(actions.value("file_close_all"_L1), &QAction::triggered, this, &ImageManager::file_close_all);
-    for (const EditCommand &command : EditCommands)
-        connect(actions.value(command.name), &QAction::triggered, this, command.slot);
-    connect(actions.value("image_properties"_L1), &QAction::triggered, this, &ImageManager::image_properties);
-    connect(actions.value("tool_graphics_editor"_L1), &QAction::triggered, this, &ImageManager::start_graphics_editor);
-    connect(actions.value("tool_ocr"_L1), &QAction::triggered, this, &ImageManager::start_OCR);
-    connect(actions.value("tool_send"_L1), &QAction::triggered, this, &ImageManager::send);
-    connect(actions.value("tool_upload"_L1), &QAction::triggered, this, &ImageManager::upload_ftp);
-    connect(actions.value("tool_configure"_L1), &QAction::triggered, this, &ImageManager::configure_tools);
-    connect(actions.value("file_exit"_L1), &QAction::triggered, this, &QWidget::close);
-    connect(actions.value("view_labels"_L1), &QAction::toggled, this, &ImageManager::view_show_labels);
-    connect(actions.value("view_movable"_L1), &QAction::toggled, this, &ImageManager::view_movable_toolbars);
-    connect(actions.value("view_big_pixmaps"_L1), &QAction::toggled, this, &ImageManager::view_big_pixmaps);
-    connect(actions.value("view_reset"_L1), &QAction::triggered, this, &ImageManager::view_reset_layout);
-    connect(actions.value("view_zoom_out"_L1), &QAction::triggered, this, &ImageManager::view_zoom_out);
-    connect(actions.value("view_zoom_in"_L1), &QAction::triggered, this, &ImageManager::view_zoom_in);
+    for (const ActionRow &row : action_table())
+        if (row.use.target.connect)
+            row.use.target.connect(actions.value(row.name), this);
 }

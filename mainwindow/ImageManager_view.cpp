@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 void ImageManager::updateImageCropControls()
 {
     const ImageDocumentView *const view = currentView();
-    actions.value("image_crop"_L1)->setEnabled(view && view->hasSelection());
+    enableActions(Need::Selection, view && view->hasSelection());
 }
 
 void ImageManager::view_show_labels(bool v)
