@@ -1,5 +1,6 @@
 // Pages of a TIFF file that are not open and stay in it.
 #include "descriptor.h"
+#include "file_room.h"
 #include "file_state.h"
 #include "ImageDocument.h"
 #include "ImageFormat.h"
@@ -144,6 +145,7 @@ bool ImageDocument::joinWithKeptPages(TargetFile &ownPages, TargetFile &file, QS
     }
     if (pageCount() > pagesDone && !join.add(ownPages.handle(), pagesDone, pageCount() - pagesDone))
         return false;
+    reserve_room(file.handle(), static_cast<qint64>(join.bytes()));
     if (!join.write(file)) {
         *reason = join.isTooLarge() ? qt_error_string(EFBIG) : QString();
         return false;

@@ -101,17 +101,10 @@ quint64 write_directory(TiffOutput &output, const std::vector<WrittenEntry> &ent
 
 bool DirectoryWriter::copyData()
 {
-    std::vector<uchar> block(BlockBytes);
     for (MovedData::Run &run : data.runs()) {
         output.alignToWord();
         run.newStart = output.position();
-        for (quint64 position = run.start; position < run.end; position += block.size()) {
-            const std::span<uchar> bytes = std::span(block).first(std::min<quint64>(BlockBytes, run.end - position));
-            if (!structure.read(position, bytes))
-                return false;
-            output.append(bytes);
-        }
-        if (output.hasFailed())
+        if (!output.appendFrom(structure, run.start, run.end - run.start) || output.hasFailed())
             return false;
     }
     return true;
@@ -276,16 +269,6 @@ bool write_part(TiffJoinPart &part, TiffOutput &output, quint64 &pointer)
     return !output.hasFailed();
 }
 
-quint64 data_bytes(const std::vector<std::unique_ptr<TiffJoinPart>> &parts)
-{
-    quint64 bytes = 0;
-    for (const auto &part : parts) {
-        for (const MovedData::Run &run : part->source.survey.data().runs())
-            bytes += run.end - run.start;
-    }
-    return bytes;
-}
-
 } // namespace
 
 TiffJoin::TiffJoin(TiffKind kind_) : kind(kind_) { }
@@ -340,9 +323,24 @@ bool TiffJoin::addInPlaceOf(int file, int former, bool keepsResolution)
     return true;
 }
 
+quint64 TiffJoin::bytes() const
+{
+    quint64 bytes = kind.headerBytes();
+    for (const auto &part : parts) {
+        for (Source *const source : {&part->source, part->former.get()}) {
+            if (source)
+                bytes += source->survey.data().bytes() + source->survey.directoryBytes();
+        }
+    }
+    return bytes;
+}
+
 bool TiffJoin::write(QIODevice &file)
 {
-    tooLarge = data_bytes(parts) > kind.largestOffset();
+    quint64 dataBytes = 0;
+    for (const auto &part : parts)
+        dataBytes += part->source.survey.data().bytes();
+    tooLarge = dataBytes > kind.largestOffset();
     if (tooLarge)
         return false;
     TiffOutput output(file, kind);

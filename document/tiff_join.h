@@ -32,6 +32,8 @@ public:
     /// @param keepsResolution  the resolution too is that of the former directory, if it has one
     [[nodiscard]] bool addInPlaceOf(int file, int former, bool keepsResolution);
 
+    /// About the size of the file that write() makes.
+    [[nodiscard]] quint64 bytes() const;
     /// Writes the file from its start on.
     /// @param file  open for writing and empty, and has the words for what the disk refused
     [[nodiscard]] bool write(QIODevice &file);

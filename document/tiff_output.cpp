@@ -10,25 +10,44 @@ constexpr std::size_t BufferBytes = std::size_t{256} * 1024;
 
 } // namespace
 
-TiffOutput::TiffOutput(QIODevice &file_, TiffKind kind) : file(file_), kind_(kind)
+TiffOutput::TiffOutput(QIODevice &file_, TiffKind kind) : file(file_), kind_(kind), buffer(BufferBytes) { }
+
+bool TiffOutput::takes(quint64 bytes)
 {
-    buffer.reserve(BufferBytes);
+    tooLarge = tooLarge || bytes > kind_.largestOffset() - position();
+    failed = failed || tooLarge;
+    return !failed;
 }
 
 void TiffOutput::append(std::span<const uchar> bytes)
 {
-    tooLarge = tooLarge || bytes.size() > kind_.largestOffset() - position();
-    failed = failed || tooLarge;
-    if (failed)
+    if (!takes(bytes.size()))
         return;
-    if (buffer.size() + bytes.size() > BufferBytes)
+    if (bytes.size() > buffer.size() - used)
         flush();
-    if (bytes.size() < BufferBytes) {
-        buffer.insert(buffer.end(), bytes.begin(), bytes.end());
+    if (bytes.size() <= buffer.size()) {
+        std::ranges::copy(bytes, buffer.begin() + static_cast<qint64>(used));
+        used += bytes.size();
     } else {
         write(bytes);
         written += bytes.size();
     }
+}
+
+bool TiffOutput::appendFrom(const TiffStructure &source, quint64 place, quint64 bytes)
+{
+    if (!takes(bytes))
+        return true;
+    // The buffer goes out when it is full, so that the system is given whole blocks.
+    for (quint64 count = 0; bytes > 0; place += count, bytes -= count) {
+        if (used == buffer.size())
+            flush();
+        count = std::min<quint64>(bytes, buffer.size() - used);
+        if (!source.read(place, std::span(buffer).subspan(used, count)))
+            return false;
+        used += count;
+    }
+    return true;
 }
 
 void TiffOutput::appendNumber(quint64 number, quint64 width)
@@ -60,9 +79,9 @@ void TiffOutput::patchNumber(quint64 place, quint64 number, quint64 width)
 
 void TiffOutput::flush()
 {
-    write(buffer);
-    written += buffer.size();
-    buffer.clear();
+    write(std::span(buffer).first(used));
+    written += used;
+    used = 0;
 }
 
 std::array<uchar, 8> TiffOutput::bytesOf(quint64 number, quint64 width) const

@@ -19,11 +19,14 @@ public:
     TiffOutput(QIODevice &file, TiffKind kind);
 
     [[nodiscard]] TiffKind kind() const { return kind_; }
-    [[nodiscard]] quint64 position() const { return written + buffer.size(); }
+    [[nodiscard]] quint64 position() const { return written + used; }
     [[nodiscard]] bool hasFailed() const { return failed; }
     [[nodiscard]] bool isTooLarge() const { return tooLarge; }
 
     void append(std::span<const uchar> bytes);
+    /// Appends so many bytes of another file, which are read right into the buffer.
+    /// @return false if that file does not give them
+    [[nodiscard]] bool appendFrom(const TiffStructure &source, quint64 place, quint64 bytes);
     /// @param width  2, 4 or 8 bytes
     void appendNumber(quint64 number, quint64 width);
     /// Values and directories begin at even places.
@@ -36,11 +39,14 @@ public:
     [[nodiscard]] std::array<uchar, 8> bytesOf(quint64 number, quint64 width) const;
 
 private:
+    /// Whether so many bytes more can be written.
+    bool takes(quint64 bytes);
     void write(std::span<const uchar> bytes);
 
     QIODevice &file;
     TiffKind kind_;
     std::vector<uchar> buffer;
+    std::size_t used = 0; ///< of the buffer
     quint64 written = 0;
     bool failed = false;
     bool tooLarge = false;

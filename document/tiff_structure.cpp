@@ -12,7 +12,9 @@
 
 namespace {
 
-constexpr std::size_t WindowBytes = std::size_t{16} * 1024;
+// Directories often stand between the strips of their pages: more would be read for nothing, at each of them.
+constexpr std::size_t WindowBytes = std::size_t{4} * 1024;
+constexpr std::size_t BytesBefore = std::size_t{1} * 1024; // at most: values tend to stand before their directory
 constexpr std::size_t MostDirectories = 1U << 20; // as many as libtiff reads
 constexpr quint64 MostEntries = 65535;
 
@@ -98,12 +100,12 @@ bool TiffStructure::read(quint64 position, std::span<uchar> bytes) const
 {
     if (!holds(position, bytes.size()))
         return false;
-    if (bytes.size() > WindowBytes)
+    if (bytes.size() > WindowBytes - BytesBefore)
         return readDirect(position, bytes);
     if (position < windowStart || position + bytes.size() > windowStart + window.size()) {
-        window.resize(std::min<quint64>(WindowBytes, size_ - position));
-        windowStart = position;
-        if (!readDirect(position, window)) {
+        windowStart = position - std::min<quint64>(position, BytesBefore);
+        window.resize(std::min<quint64>(WindowBytes, size_ - windowStart));
+        if (!readDirect(windowStart, window)) {
             window.clear();
             return false;
         }

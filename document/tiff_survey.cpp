@@ -17,6 +17,12 @@ constexpr quint16 InteroperabilityTag = 40965;
 constexpr quint16 GlobalParametersTag = 400;
 constexpr quint16 ImageSourceDataTag = 37724; // layers of the former picture
 
+/// With what brings the next bytes to an even place.
+quint64 even(quint64 bytes)
+{
+    return bytes + bytes % 2;
+}
+
 /// The tag that tells the lengths of what another tag tells the places of; 0 if none does.
 quint16 lengths_tag(quint16 offsetsTag)
 {
@@ -169,6 +175,12 @@ void MovedData::settle()
     runs_ = std::move(settled);
 }
 
+quint64 MovedData::bytes() const
+{
+    const auto add = [](quint64 sum, const Run &run) { return sum + even(run.end - run.start); };
+    return std::accumulate(runs_.cbegin(), runs_.cend(), quint64{0}, add);
+}
+
 quint64 MovedData::newPlace(quint64 offset) const
 {
     const auto behind = std::ranges::upper_bound(runs_, offset, {}, &Run::start);
@@ -220,6 +232,7 @@ bool TiffSurvey::addDirectory(quint64 position, int depth, quint64 *next)
         return false;
     if (next)
         *next = directory->next;
+    directoryBytes_ += source.kind().countBytes() + source.kind().offsetBytes();
     return std::ranges::all_of(directory->entries,
                                [&](const TiffEntry &entry) { return addEntry(*directory, entry, depth, false); });
 }
@@ -230,6 +243,8 @@ bool TiffSurvey::addEntry(const TiffDirectory &directory, const TiffEntry &entry
     if (bytes > valueBytesLeft || (tiff_type_bytes(entry.type) == 0 && source.kind() != target))
         return false;
     valueBytesLeft -= bytes;
+    const bool isInside = entry.bytes() <= source.kind().offsetBytes();
+    directoryBytes_ += source.kind().entryBytes() + (isInside ? 0 : even(entry.bytes()));
     switch (role_of(entry)) {
     case TiffRole::Value:
         return true;

@@ -44,6 +44,8 @@ public:
     /// Puts the runs into order; called once, after the last add().
     void settle();
     [[nodiscard]] std::vector<Run> &runs() { return runs_; }
+    /// Of all runs, each beginning at an even place.
+    [[nodiscard]] quint64 bytes() const;
     /// Where a byte has gone; one in no run stays where it was.
     [[nodiscard]] quint64 newPlace(quint64 offset) const;
 
@@ -71,6 +73,8 @@ public:
     [[nodiscard]] MovedData &data() { return data_; }
     /// Directories gone over, also those below.
     [[nodiscard]] std::size_t directoryCount() const { return met.size(); }
+    /// What they and the values that hang on them take in a file of the same kind.
+    [[nodiscard]] quint64 directoryBytes() const { return directoryBytes_; }
 
 private:
     [[nodiscard]] bool addDirectory(quint64 position, int depth, quint64 *next);
@@ -85,6 +89,7 @@ private:
     TiffKind target;
     MovedData data_;
     std::unordered_set<quint64> met; ///< positions of directories
+    quint64 directoryBytes_ = 0;
     quint64 valueBytesLeft; ///< of all entries together; what is shared counts each time
     quint64 partsLeft; ///< strips and tiles of all directories together
 };

@@ -124,6 +124,7 @@ void tst_tiff_join::pagesOfEveryKindAreTheSameInTheNewFile()
     QVERIFY(join.write(copy));
 
     QVERIFY(copy.flush());
+    QCOMPARE(static_cast<qint64>(join.bytes()), copy.size());
     QCOMPARE(told_pages(copy.fileName()), told_pages(source));
     QCOMPARE(tiffinfo_warnings(copy.fileName()), tiffinfo_warnings(source));
     if (kind != "BigTIFF, big-endian"_L1) // Pillow does not read these
