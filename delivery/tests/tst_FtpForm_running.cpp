@@ -4,6 +4,7 @@
 #include "NextBox.h"
 #include "OpenFtpForm.h"
 
+#include <QAbstractAnimation>
 #include <QCheckBox>
 #include <QProgressBar>
 
@@ -128,9 +129,8 @@ void tst_FtpForm_running::barWithNothingToGoThroughStandsStill()
 
     QCOMPARE(bar->maximum(), 0);
     QTRY_VERIFY(bar->isVisible());
-    const QImage before = bar->grab().toImage();
-    QTest::qWait(300);
-    QCOMPARE(bar->grab().toImage(), before);
+    (void)bar->grab(); // painting is what starts an animation
+    QVERIFY(bar->findChildren<QAbstractAnimation *>().isEmpty());
 }
 
 void tst_FtpForm_running::lostOperationsAreNoted()
