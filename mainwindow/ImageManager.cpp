@@ -160,8 +160,7 @@ void ImageManager::help_context()
 
 void ImageManager::closeEvent(QCloseEvent *event)
 {
-    if (!isEnabled()) { // the window manager closes a frozen window too, but an edit needs its page to the end
-        isCloseHeld = heldMessages.isEmpty(); // nobody has seen the files that wait
+    if (bracket->holdsClose()) { // the window manager closes a frozen window too
         event->ignore();
         return;
     }

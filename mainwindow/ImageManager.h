@@ -1,6 +1,8 @@
 #pragma once
 
 #include "action_table.h"
+#include "EditBracket.h"
+#include "EditHost.h"
 #include "LeftoverWatch.h"
 #include "pixel_operations.h"
 #include "save_targets.h"
@@ -140,8 +142,6 @@ private slots:
     void onStatusChanged(const QString &text);
 
 private:
-    enum HistoryStep : int { HistoryUndo = 0, HistoryRedo = 1, HistoryRollback = 2 };
-
     /// What a scale command asks for, and which sides its factor applies to.
     struct ScaleCommand
     {
@@ -170,19 +170,16 @@ private:
     void connectActions();
     void enableActions(Need need, bool on);
 
-    void letEventsThrough();
-    void freezeUi();
-    void thawUi();
-    void workOffMessages();
-    void carryOutClose();
-    void endEdit();
-    void updateActions();
-    void showStatus(const QString &text);
-    [[nodiscard]] bool saveUndoState();
-    [[nodiscard]] bool beginEdit();
-    void finishEdit(bool ok);
-    [[nodiscard]] bool applyHistory(HistoryStep step, uint steps);
-    void stepThroughHistory(const std::function<void()> &step);
+    void makeBracket();
+    // The steps of the bracket one by one, see EditBracket. Only updateActions() has a caller.
+    void freezeUi() { bracket->freezeUi(); }
+    void thawUi() { bracket->thawUi(); }
+    void endEdit() { bracket->endEdit(); }
+    void updateActions() { bracket->updateActions(); }
+    [[nodiscard]] bool saveUndoState() { return bracket->saveUndoState(); }
+    [[nodiscard]] bool beginEdit() { return bracket->beginEdit(); }
+    void finishEdit(bool ok) { bracket->finishEdit(ok); }
+    [[nodiscard]] bool applyHistory(HistoryStep step, uint steps) { return bracket->applyHistory(step, steps); }
     bool runEdit(const std::function<bool(uint)> &operation);
     [[nodiscard]] bool isAccepted(QDialog &dialog);
     void previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint));
@@ -245,9 +242,8 @@ private:
     QActionGroup *zoomGroup = nullptr;
     QToolBar *toolBar = nullptr;
     QTabWidget *tabWidget = nullptr;
-    QStringList heldMessages; ///< of other starts, that came while an edit was under way
-    bool isWorkingOff = false; ///< the held messages are being followed
-    bool isCloseHeld = false; ///< the window was to be closed while an edit was under way
+    std::unique_ptr<EditHost> editHost; ///< the window as the bracket knows it
+    std::unique_ptr<EditBracket> bracket; ///< around each change of a page
     bool viewStatusEnabled = true; ///< whether status texts of the views are shown
     bool closed = false; ///< the window has gone for good
 };

@@ -96,11 +96,8 @@ bool ImageManager::openFiles(const QStringList &words)
 
 void ImageManager::processMessage(const QString &msg)
 {
-    if (!isEnabled()) { // an edit works on the tab that is current
-        heldMessages.append(msg);
-        isCloseHeld = false; // nobody has seen the file when the window was to be closed
+    if (bracket->holdsMessage(msg))
         return;
-    }
     if (!openMessage(msg) && !closed)
         endForWantOfFiles();
     bringUp();

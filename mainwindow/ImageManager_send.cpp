@@ -4,6 +4,8 @@
 #include "MailedDocument.h"
 #include "MailForm.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace {
@@ -46,7 +48,7 @@ void ImageManager::send()
     MailedTab mailed(tab, tabWidget, this);
     const FrontTabScope front(tabWidget);
     MailForm form(&image, mailed, this);
-    letEventsThrough();
+    QCoreApplication::processEvents();
     if (tab)
         form.exec();
 }

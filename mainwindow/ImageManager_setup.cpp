@@ -72,6 +72,7 @@ ImageManager::ImageManager(QWidget *parent) : QMainWindow(parent)
     tabWidget->setAccessibleName(tr("Documents"));
     setCentralWidget(tabWidget);
     tabWidget->setVisible(true);
+    makeBracket();
 
     readSettings();
     addToolBar(toolBar);

@@ -10,6 +10,7 @@
 #include "WaitCursor.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
@@ -138,7 +139,7 @@ void ImageManager::configure_tools()
 {
     ConfigureToolsDialog dialog(this);
     dialog.setObjectName(u"cfg_tools_dlg"_s);
-    letEventsThrough();
+    QCoreApplication::processEvents();
     if (!isClosed())
         dialog.exec();
 }

@@ -2,6 +2,8 @@
 #include "FtpForm.h"
 #include "ImageManager.h"
 
+#include <QCoreApplication>
+
 void ImageManager::upload_ftp()
 {
     const CommandTab tab(currentView());
@@ -9,7 +11,7 @@ void ImageManager::upload_ftp()
         return;
     const QImage page = tab.document()->isEmpty() ? QImage() : tab.document()->page(1);
     FtpForm form(&page, this);
-    letEventsThrough();
+    QCoreApplication::processEvents();
     if (tab)
         form.exec();
 }
