@@ -98,6 +98,9 @@ bool ImageView::event(QEvent *event)
     // A box stands in front: the pointer is its own now, and the view would not hear of a release.
     if (event->type() == QEvent::WindowBlocked)
         stopScrollTimer();
+    // Nothing is kept for tabs that do not show: there may be many of them.
+    if (event->type() == QEvent::Hide)
+        m_imageItem->image()->forgetAverages();
     return Q3CanvasView::event(event);
 }
 

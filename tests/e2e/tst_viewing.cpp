@@ -1,5 +1,6 @@
 #include "ImageManagerProgram.h"
 #include "pictures.h"
+#include "plain_averages.h"
 
 #include <QTest>
 
@@ -19,6 +20,7 @@ private slots:
     void zoomMenuChecksTheChosenStep();
     void zoomCommandsStopAtTheEnds();
     void zoomedPictureShowsSquarePixels();
+    void reducedPictureShowsAverages();
 
     void statusTellsSizeAndPointOverThePicture();
     void statusTellsTheSizeAloneBesideThePicture();
@@ -167,6 +169,20 @@ void tst_viewing::zoomedPictureShowsSquarePixels()
     const QPoint corner = program.canvas().topLeft();
     for (const QPoint inside : {QPoint(0, 0), QPoint(3, 0), QPoint(0, 3), QPoint(3, 3)})
         QTRY_COMPARE(program.desktop().pixel(corner + QPoint(4 * 20, 4 * 10) + inside), position_color({20, 10}));
+}
+
+void tst_viewing::reducedPictureShowsAverages()
+{
+    constexpr QSize size{400, 320};
+    const Place place;
+    ImageManagerProgram program(place);
+    QVERIFY(program.open({place.page(u"a.png"_s, size)}, roomy));
+
+    QVERIFY(program.menuEntry(u"Zoom"_s, u"1:4"_s).press());
+
+    const QImage expected =
+        averaged_plainly(patterned_page(size), {1, 4}, {1, 4}).convertToFormat(QImage::Format_RGB32);
+    QTRY_VERIFY(compare_pictures(program.desktop().picture({program.canvas().topLeft(), size / 4}), expected));
 }
 
 void tst_viewing::statusTellsSizeAndPointOverThePicture()

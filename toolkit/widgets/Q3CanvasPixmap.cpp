@@ -5,7 +5,6 @@
 
 #include <QPainter>
 #include <QRect>
-#include <QRegion>
 #include <QtMath>
 #include <QTransform>
 
@@ -15,18 +14,15 @@
 namespace {
 
 constexpr int BandPixels = 64 * 1024; // a band of this many colours stays in the processor's cache
-constexpr int PainterLimit = 32767; // longest side of a picture that the painter scales fast and exactly
-constexpr int SmallestExponent = -12; // of a reduction, as a power of two
 constexpr int LargestExponent = 12; // of a magnification
 
-/// Whether @p device only moves by whole pixels and scales both ways by one power of two.
+/// Whether @p device only moves by whole pixels and magnifies both ways by one power of two, or not at all.
 bool is_plain_zoom(const QTransform &device)
 {
     int exponent = 0;
     return device.type() <= QTransform::TxScale && device.m11() == device.m22()
-        && std::frexp(device.m11(), &exponent) == 0.5 && exponent - 1 >= SmallestExponent
-        && exponent - 1 <= LargestExponent && std::floor(device.dx()) == device.dx()
-        && std::floor(device.dy()) == device.dy();
+        && std::frexp(device.m11(), &exponent) == 0.5 && exponent - 1 >= 0 && exponent - 1 <= LargestExponent
+        && std::floor(device.dx()) == device.dx() && std::floor(device.dy()) == device.dy();
 }
 
 /// The part of the painter's own coordinates that can show.
@@ -36,29 +32,30 @@ QRectF exposed_part(const QPainter &painter)
     return painter.hasClipping() ? window & painter.clipBoundingRect() : window;
 }
 
-/// Neighbouring colours along one axis of a target, each a sample of the page.
+/// A side of the part that is read pixel by pixel.
 struct Samples
 {
-    int first = 0; ///< target coordinate of the first sample
+    int first = 0; ///< target coordinate of the first pixel
     int count = 0;
-    int source = 0; ///< page pixel of the first sample; the next ones follow in steps
+    int source = 0; ///< page pixel of it
 };
 
-int floor_divide(int dividend, int divisor)
+/// Whether @p painter shows a page smaller than it is, as averages can show it. On a screen of several pixels a point
+/// a reduced page may still be magnified by them.
+bool is_reduced(const QPainter &painter, const QTransform &device)
 {
-    return static_cast<int>(std::floor(static_cast<double>(dividend) / divisor));
+    return device.type() <= QTransform::TxScale && device.m11() == device.m22()
+        && device.m11() >= ReducedAxis::SmallestScale && painter.worldTransform().m11() < 1.0;
 }
 
-/// The device pixels from @p first to @p last that show a page on an axis.
-/// @param zero  device pixel at which the axis starts
-/// @param at    where on the axis the page starts, in page pixels
-Samples reduced_samples(int first, int last, int zero, int at, int length, int step)
+/// How a page of @p length pixels lies that begins at screen coordinate @p begin.
+/// @param[out] zero  the screen pixel that it begins in
+ReducedAxis reduced_axis(double begin, double scale, int length, int *zero)
 {
-    // A device pixel shows the last page pixel before its middle: the toolkit's own choice.
-    const int lead = step / 2 - 1 - at;
-    first = std::max(first, zero - floor_divide(lead, step));
-    last = std::min(last, zero + floor_divide(length - 1 - lead, step));
-    return {.first = first, .count = std::max(0, last - first + 1), .source = step * (first - zero) + lead};
+    constexpr double grid = 1 << 30; // scales such as 1.1 make one position differ in its last bits
+    begin = std::round(begin * grid) / grid;
+    *zero = qFloor(begin);
+    return {.scale = scale, .phase = begin - *zero, .length = length};
 }
 
 /// The painter would premultiply word by word.
@@ -70,7 +67,7 @@ QImage ready_to_blend(const QImage &band)
 /// Reads @p across by @p down colours of @p page, band by band, and hands each band and its first row to
 /// @p drawBand.
 template <typename DrawBand>
-void for_each_band(const QImage &page, const Samples &across, const Samples &down, int step, const DrawBand &drawBand)
+void for_each_band(const QImage &page, const Samples &across, const Samples &down, const DrawBand &drawBand)
 {
     if (across.count == 0 || down.count == 0)
         return;
@@ -86,7 +83,7 @@ void for_each_band(const QImage &page, const Samples &across, const Samples &dow
         const int height = std::min(bandHeight, down.count - row);
         for (int y = 0; y < height; ++y)
             fetch.readRow(reinterpret_cast<QRgb *>(bits + y * bytesPerLine), across.count, across.source,
-                          down.source + (row + y) * step, step);
+                          down.source + row + y);
         drawBand(ready_to_blend(QImage(bits, across.count, height, bytesPerLine, band.format())), row);
     }
 }
@@ -103,23 +100,6 @@ void draw_in_place(QPainter &painter, const QImage &page, const QPoint &at, cons
         QImage(reinterpret_cast<const uchar *>(bits), part.width(), part.height(), page.bytesPerLine(), page.format()));
 }
 
-/// Draws the device pixels of @p shown, one sample of the page each.
-void draw_reduced(QPainter &painter, const QImage &page, const QPoint &at, const QRect &shown)
-{
-    const QTransform device = painter.deviceTransform();
-    const int step = qRound(1.0 / device.m11());
-    const Samples across =
-        reduced_samples(shown.left(), shown.right(), qRound(device.dx()), at.x(), page.width(), step);
-    const Samples down = reduced_samples(shown.top(), shown.bottom(), qRound(device.dy()), at.y(), page.height(), step);
-
-    const QTransform world = painter.worldTransform();
-    painter.setWorldTransform(device.inverted() * world); // one unit is now one device pixel
-    for_each_band(page, across, down, step, [&](const QImage &band, int row) {
-        painter.drawImage(QPoint(across.first, down.first + row), band);
-    });
-    painter.setWorldTransform(world);
-}
-
 /// Draws @p part of a page that is not reduced.
 void draw_magnified(QPainter &painter, const QImage &page, const QPoint &at, const QRect &part)
 {
@@ -130,17 +110,9 @@ void draw_magnified(QPainter &painter, const QImage &page, const QPoint &at, con
     const QPoint corner = at + part.topLeft();
     const Samples across{.first = corner.x(), .count = part.width(), .source = part.left()};
     const Samples down{.first = corner.y(), .count = part.height(), .source = part.top()};
-    for_each_band(page, across, down, 1, [&](const QImage &band, int row) {
+    for_each_band(page, across, down, [&](const QImage &band, int row) {
         painter.drawImage(QPoint(across.first, down.first + row), band);
     });
-}
-
-/// The device pixels that lie wholly in @p area.
-QRect whole_pixels(const QRectF &area)
-{
-    const QPoint first(qCeil(area.left()), qCeil(area.top()));
-    const QPoint end(qFloor(area.right()), qFloor(area.bottom()));
-    return {first, end - QPoint(1, 1)};
 }
 
 } // namespace
@@ -152,23 +124,35 @@ void Q3CanvasPixmap::draw(QPainter &painter, const QPoint &at) const
     if (isNull())
         return;
     const QTransform device = painter.deviceTransform();
-    if (!is_plain_zoom(device) || painter.testRenderHint(QPainter::SmoothPixmapTransform)) {
+    const bool smooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
+    if (!smooth && is_reduced(painter, device)) {
+        drawAverages(painter, at);
+        return;
+    }
+    m_averages.clear();
+    if (smooth || !is_plain_zoom(device)) {
         painter.drawImage(at, m_image);
         return;
     }
-    const QRectF target = device.mapRect(QRectF(at, m_image.size()));
-    const QRect shown = device.mapRect(exposed_part(painter)).toAlignedRect() & target.toRect();
-    const QRect whole = shown & whole_pixels(target);
-    const QRect part = device.inverted().mapRect(QRectF(whole)).toAlignedRect().translated(-at) & m_image.rect();
+    const QRect target = device.mapRect(QRectF(at, m_image.size())).toRect();
+    const QRect shown = device.mapRect(exposed_part(painter)).toAlignedRect() & target;
+    const QRect part = device.inverted().mapRect(QRectF(shown)).toAlignedRect().translated(-at) & m_image.rect();
+    draw_magnified(painter, m_image, at, part);
+}
 
-    if (device.m11() >= 1.0) {
-        draw_magnified(painter, m_image, at, part);
-    } else if (m_image.format() == QImage::Format_RGB32 && std::max(part.width(), part.height()) <= PainterLimit) {
-        // The painter is quick with these, but would round the edges of the part, not those of the page.
-        draw_in_place(painter, m_image, at, part);
-        for (const QRect &rim : QRegion(shown) - whole)
-            draw_reduced(painter, m_image, at, rim);
-    } else {
-        draw_reduced(painter, m_image, at, shown);
-    }
+void Q3CanvasPixmap::drawAverages(QPainter &painter, const QPoint &at) const
+{
+    const QTransform device = painter.deviceTransform();
+    const QTransform world = painter.worldTransform();
+    const QRectF window = world.inverted().mapRect(QRectF(painter.window()));
+    const double scale = device.m11();
+    QPoint origin;
+    const ReducedPlane plane{.across = reduced_axis(device.dx() + at.x() * scale, scale, m_image.width(), &origin.rx()),
+                             .down = reduced_axis(device.dy() + at.y() * scale, scale, m_image.height(), &origin.ry())};
+    const QRect visible = device.mapRect(window).toAlignedRect().translated(-origin) & plane.shown();
+    const QRect exposed = device.mapRect(exposed_part(painter)).toAlignedRect().translated(-origin) & visible;
+
+    painter.setWorldTransform(device.inverted() * world); // one unit is now one device pixel
+    m_averages.draw(painter, origin, m_image, plane, exposed, visible.size());
+    painter.setWorldTransform(world);
 }

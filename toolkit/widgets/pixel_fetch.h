@@ -5,7 +5,7 @@
 
 #include <array>
 
-/// Reads pixels of a page, all or every n-th of them, as 32-bit colours.
+/// Reads pixels of a page as 32-bit colours.
 ///
 /// The page must be in one of the formats of a page (Mono, MonoLSB, Indexed8, RGB32, ARGB32) and must
 /// outlive the object.
@@ -19,21 +19,17 @@ public:
     /// ARGB32_Premultiplied for a page with a table.
     [[nodiscard]] QImage::Format format() const;
 
-    /// Writes @p count colours, those of the pixels x, x + step, ... of row @p y. All of them must lie
-    /// on the page.
-    void readRow(QRgb *target, int count, int x, int y, int step) const;
+    /// Writes the colours of @p count pixels of row @p y, from @p x on. All of them must lie on the page.
+    void readRow(QRgb *target, int count, int x, int y) const;
 
 private:
     static constexpr int BitsPerByte = 8;
     using ByteColours = std::array<QRgb, BitsPerByte>;
 
-    void fillColours();
     void fillByteColours();
     [[nodiscard]] int bitShift(int x) const;
-    void readBits(QRgb *target, int count, const uchar *row, int x, int step) const;
-    void readBitRun(QRgb *target, int count, const uchar *row, int x) const;
-    void readBytes(QRgb *target, int count, const uchar *row, int x, int step) const;
-    static void readWords(QRgb *target, int count, const QRgb *row, int x, int step);
+    void readBits(QRgb *target, int count, const uchar *row, int x) const;
+    void readBytes(QRgb *target, int count, const uchar *row, int x) const;
 
     const QImage &m_page;
     bool m_bAlpha; ///< the page has an alpha channel, as a whole or in its table

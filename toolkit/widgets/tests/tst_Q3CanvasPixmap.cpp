@@ -1,8 +1,8 @@
+#include "noise_pages.h"
+#include "painted_window.h"
 #include "Q3CanvasPixmap.h"
 
-#include <QPainter>
 #include <QPixmap>
-#include <QRandomGenerator>
 #include <QTest>
 #include <QtMath>
 
@@ -10,85 +10,12 @@
 
 namespace {
 
-constexpr QSize Window(150, 110);
-constexpr QRgb Backdrop = 0xff9a8040;
-
 struct Zoom
 {
     const char *name;
     double factor;
 };
-constexpr std::array<Zoom, 8> Zooms = {{{"8:1", 8.0},
-                                        {"4:1", 4.0},
-                                        {"2:1", 2.0},
-                                        {"1:1", 1.0},
-                                        {"1:2", 0.5},
-                                        {"1:4", 0.25},
-                                        {"1:8", 0.125},
-                                        {"1:16", 0.0625}}};
-
-struct PageKind
-{
-    const char *name;
-    QImage::Format format;
-    QList<QRgb> table;
-};
-
-QList<QRgb> table_of(int count, bool alpha)
-{
-    QRandomGenerator random(5);
-    QList<QRgb> table;
-    for (int i = 0; i < count; ++i)
-        table.append(alpha ? random.generate() : random.generate() | 0xff000000U);
-    return table;
-}
-
-QList<PageKind> page_kinds()
-{
-    return {
-        {"Mono", QImage::Format_Mono, {qRgb(255, 255, 255), qRgb(0, 0, 0)}},
-        {"MonoLSB", QImage::Format_MonoLSB, {qRgb(10, 20, 30), qRgb(200, 210, 220)}},
-        {"Mono with alpha", QImage::Format_Mono, {qRgba(255, 0, 0, 0), qRgba(0, 90, 200, 128)}},
-        {"Mono without table", QImage::Format_Mono, {}},
-        {"Mono with one entry", QImage::Format_MonoLSB, {qRgb(3, 90, 7)}},
-        {"Indexed8", QImage::Format_Indexed8, table_of(256, false)},
-        {"Indexed8 with alpha", QImage::Format_Indexed8, table_of(256, true)},
-        {"Indexed8 with short table", QImage::Format_Indexed8, table_of(100, false)},
-        {"Indexed8 with short table and alpha", QImage::Format_Indexed8, table_of(100, true)},
-        {"Indexed8 without table", QImage::Format_Indexed8, {}},
-        {"RGB32", QImage::Format_RGB32, {}},
-        {"ARGB32", QImage::Format_ARGB32, {}},
-    };
-}
-
-/// A page of noise; its colours differ from pixel to pixel, so that every wrong sample shows.
-QImage noise_page(const PageKind &kind, const QSize &size)
-{
-    QImage page(size, kind.format);
-    page.setColorTable(kind.table);
-    QRandomGenerator random(42);
-    random.fillRange(reinterpret_cast<quint32 *>(page.bits()), page.sizeInBytes() / 4);
-    return page;
-}
-
-QTransform zoom_transform(double factor, const QPoint &scroll)
-{
-    return QTransform::fromScale(factor, factor) * QTransform::fromTranslate(-scroll.x(), -scroll.y());
-}
-
-/// The window after one painting job under a zoom and a scroll offset.
-template <typename Draw> QImage painted(double factor, const QPoint &scroll, const QRegion &exposed, const Draw &draw)
-{
-    QImage window(Window, QImage::Format_RGB32);
-    window.fill(Backdrop);
-    QPainter painter(&window);
-    if (!exposed.isNull())
-        painter.setClipRegion(exposed);
-    painter.setTransform(zoom_transform(factor, scroll));
-    draw(painter);
-    painter.end();
-    return window;
-}
+constexpr std::array<Zoom, 4> Zooms = {{{"8:1", 8.0}, {"4:1", 4.0}, {"2:1", 2.0}, {"1:1", 1.0}}}; // not reduced
 
 QImage painted_plainly(const QImage &page, const QPoint &at, double factor, const QPoint &scroll)
 {
@@ -123,13 +50,12 @@ private slots:
     void hotSpotIsTheOffsetOfTheImage();
     void onlyAPictureWithoutAlphaIsOpaque();
     void nullPictureDrawsNothing();
-    void paintsAsAPixmapAtEveryZoom_data();
-    void paintsAsAPixmapAtEveryZoom();
+    void paintsAsAPixmapUnlessReduced_data();
+    void paintsAsAPixmapUnlessReduced();
     void partialExposureShowsThePixelsOfTheWhole_data();
     void partialExposureShowsThePixelsOfTheWhole();
     void pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd_data();
     void pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd();
-    void widePartOfAReducedPageIsSampledToItsEnd();
     void otherTransformsPaintAsThePainterDoes();
     void smoothingPainterSmooths();
     void painterKeepsItsTransform();
@@ -204,7 +130,7 @@ void tst_Q3CanvasPixmap::nullPictureDrawsNothing()
     QCOMPARE(window, painted(1.0, {}, {}, [](QPainter &) {}));
 }
 
-void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom_data()
+void tst_Q3CanvasPixmap::paintsAsAPixmapUnlessReduced_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<double>("factor");
@@ -220,7 +146,7 @@ void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom_data()
     }
 }
 
-void tst_Q3CanvasPixmap::paintsAsAPixmapAtEveryZoom()
+void tst_Q3CanvasPixmap::paintsAsAPixmapUnlessReduced()
 {
     QFETCH(int, kind);
     QFETCH(double, factor);
@@ -301,7 +227,7 @@ void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
     QFETCH(QSize, size);
     const bool indexed = format == QImage::Format_Indexed8 || format == QImage::Format_Mono;
     const QImage page = indexed
-        ? noise_page({"", format, table_of(format == QImage::Format_Mono ? 2 : 256, false)}, size)
+        ? noise_page({"", format, noise_table(format == QImage::Format_Mono ? 2 : 256, false)}, size)
         : noise_page({"", QImage::Format_RGB32, {}}, size).convertToFormat(format);
     const Q3CanvasPixmap pixmap(page);
     // The far corner of the contents in the far corner of the window.
@@ -310,10 +236,7 @@ void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
 
     const QImage actual = painted(factor, scroll, {}, [&](QPainter &painter) { pixmap.draw(painter, {}); });
 
-    // Of the page pixels under a screen pixel the last one before the middle shows.
-    const auto source = [factor](int pixel) {
-        return factor >= 1.0 ? qFloor(pixel / factor) : qRound(pixel / factor + 0.5 / factor) - 1;
-    };
+    const auto source = [factor](int pixel) { return qFloor(pixel / factor); };
     for (int y = 0; y < qMin(Window.height(), contents.height()); ++y) {
         for (int x = 0; x < qMin(Window.width(), contents.width()); ++x) {
             const QRgb expected = page.pixel(source(x + scroll.x()), source(y + scroll.y())) | 0xff000000U;
@@ -324,30 +247,13 @@ void tst_Q3CanvasPixmap::pageBeyondThePaintersCoordinatesIsRightAtItsFarEnd()
     }
 }
 
-void tst_Q3CanvasPixmap::widePartOfAReducedPageIsSampledToItsEnd()
-{
-    // A window so wide that the part of the page in it is beyond the painter's coordinates.
-    const QImage page = noise_page({"", QImage::Format_RGB32, {}}, QSize(48000, 32));
-    const Q3CanvasPixmap pixmap(page);
-    QImage window(3000, 2, QImage::Format_RGB32);
-    window.fill(Backdrop);
-
-    QPainter painter(&window);
-    painter.scale(0.0625, 0.0625);
-    pixmap.draw(painter, QPoint(0, 0));
-    painter.end();
-
-    for (int x = 0; x < window.width(); ++x)
-        QCOMPARE(window.pixel(x, 1), page.pixel(16 * x + 7, 16 + 7) | 0xff000000U);
-}
-
 void tst_Q3CanvasPixmap::otherTransformsPaintAsThePainterDoes()
 {
     const QImage page = noise_page({"", QImage::Format_RGB32, {}}, QSize(61, 43));
     const Q3CanvasPixmap pixmap(page);
-    const QList<QTransform> transforms = {QTransform::fromScale(3.0, 3.0), QTransform::fromScale(2.0, 1.0),
+    const QList<QTransform> transforms = {QTransform::fromScale(3.0, 3.0),      QTransform::fromScale(2.0, 1.0),
                                           QTransform::fromTranslate(0.5, 0.25), QTransform().rotate(30.0),
-                                          QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(0.25, 0.0)};
+                                          QTransform::fromScale(0.5, 0.25),     QTransform::fromScale(0.005, 0.005)};
     for (const QTransform &transform : transforms) {
         const auto adjusted = [&](auto draw) {
             return painted(1.0, {}, {}, [&](QPainter &painter) {
