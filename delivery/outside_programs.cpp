@@ -30,10 +30,7 @@ ProgramRun run_to_end(const QString &command)
 bool read_to_end(std::FILE *stream)
 {
     std::array<char, 1024> dropped{};
-    while (std::feof(stream) == 0) {
-        (void)std::fgets(dropped.data(), dropped.size(), stream);
-        if (std::ferror(stream) != 0)
-            return false;
-    }
-    return true;
+    while (std::fgets(dropped.data(), dropped.size(), stream) != nullptr)
+        continue;
+    return std::ferror(stream) == 0;
 }

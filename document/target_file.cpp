@@ -154,7 +154,9 @@ int reserve_all_room(const OldFile &old, qint64 bytes)
         return 0;
     const int error = errno;
     if (error == ENOSPC || error == EDQUOT || error == EFBIG) {
-        (void)::ftruncate(old.file.get(), old.status.st_size); // gives back what it had got; the size is its own
+        // Gives back what it had got; the size is its own.
+        if (::ftruncate(old.file.get(), old.status.st_size) != 0)
+            qDebug("target_file - room that was reserved stays with the file");
         return error;
     }
     // A file system that knows no reserving.
