@@ -88,7 +88,7 @@ const QRgb *BlockSums::words(int row, int first, int width, Line &multiplied) co
         common &= line[x];
     if (common == Opaque)
         return line;
-    std::transform(line, line + width, multiplied.begin(), qPremultiply);
+    std::transform(line, line + width, multiplied.begin(), [](QRgb word) { return qPremultiply(word); });
     return multiplied.data();
 }
 
