@@ -309,17 +309,12 @@ static_assert(std::ranges::all_of(ActionTable, is_alone), "two rows have the sam
 static_assert(std::ranges::all_of(action_places::All, has_known_entries), "an entry of a place has no action");
 static_assert(std::ranges::all_of(ActionTable, stands_as_told), "a row says wrongly whether it stands in a place");
 static_assert(std::ranges::all_of(ActionTable, has_its_sub_menu), "a row that opens a sub-menu has no such place");
-static_assert(std::ranges::all_of(action_places::All, is_made_in_order), "a sub-menu comes before its entries");
+static_assert(std::ranges::all_of(action_places::All, is_made_in_order),
+              "a sub-menu's entries are not made before it in its order");
 
 } // namespace
 
 std::span<const ActionRow> action_table()
 {
     return ActionTable;
-}
-
-const ActionRow *action_row(QLatin1StringView name)
-{
-    const auto row = row_of(name);
-    return row == ActionTable.end() ? nullptr : &*row;
 }

@@ -97,6 +97,3 @@ struct ActionRow
 /// The commands in the order in which their actions are made. Every list of the places names rows of this table;
 /// that is checked where the table is compiled.
 [[nodiscard]] std::span<const ActionRow> action_table();
-
-/// The row of the action called @p name, null if the table has none.
-[[nodiscard]] const ActionRow *action_row(QLatin1StringView name);

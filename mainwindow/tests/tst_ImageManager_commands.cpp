@@ -165,13 +165,10 @@ private slots:
     {
         const WindowFixture fixture;
         const QStringList tools = QString(described::ToolsMenu).split(' '_L1);
-        const QMenu *menu = nullptr;
-        for (const QString &name : tools) {
-            const QList<QObject *> places = fixture.action(name)->associatedObjects();
-            QCOMPARE(places.size(), 1);
-            menu = qobject_cast<QMenu *>(places.constFirst());
-            QVERIFY2(menu, qPrintable(name));
-        }
+        auto *const menu = qobject_cast<QMenu *>(fixture.action(tools.constFirst())->associatedObjects().value(0));
+        QVERIFY(menu);
+        for (const QString &name : tools)
+            QVERIFY2(fixture.action(name)->associatedObjects() == QList<QObject *>{menu}, qPrintable(name));
         QCOMPARE(names_of(menu->actions()), described::ToolsMenu);
         QCOMPARE(menu->title(), QString());
         QVERIFY(menu->menuAction()->associatedObjects().isEmpty());
