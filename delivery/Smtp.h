@@ -43,7 +43,7 @@ public:
 
     /// Whether the attached file may be deleted on completed(), as far as the session is concerned.
     [[nodiscard]] bool releasesFile() const { return delivered || !policy->tellsFailures(); }
-    /// What servers have said, the oldest being dropped.
+    /// What servers have said, the oldest being dropped. No form shows it.
     [[nodiscard]] const QString &response() const { return response_; }
 
 signals:

@@ -16,7 +16,7 @@ public:
     explicit ComboBoxEx(QWidget *parent = nullptr, const char *name = nullptr);
 
     /// Appends the entry @p shown, which stands for @p orig. For an @p orig that is known already the
-    /// former entry stays in the list, and the new text takes its place in the pair.
+    /// former entry stays in the list, and the new text takes its place in the pair. No box is filled so.
     void insertTranslated(const QString &shown, const QString &orig);
 
 signals:

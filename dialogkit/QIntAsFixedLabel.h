@@ -13,6 +13,6 @@ public:
     using QLabel::setNum;
 
     /// Shows @p v divided by 10. Reached by a call on this class alone: QLabel's slot of the same name
-    /// is not virtual and shows @p v as it is.
+    /// is not virtual and shows @p v as it is. No slider calls it so far.
     virtual void setNum(int v);
 };

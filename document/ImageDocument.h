@@ -74,7 +74,7 @@ public:
     void setFileName(const QString &name);
     /// Always emits modifiedStateChanged(), also when the value is the old one.
     void setModified(bool value);
-    /// Seven lines of state for a log.
+    /// Seven lines of state for a log, which nobody writes so far.
     [[nodiscard]] QString dump() const;
 
     QString lastError; ///< why the last save() failed; empty if it did not say
@@ -100,6 +100,7 @@ public slots:
     /// Appends a page; a null image is refused. A resolution of 0 or less becomes the toolkit's default: no writer
     /// could keep it.
     [[nodiscard]] bool addPage(const QImage &img);
+    /// No command of the window removes or swaps pages so far.
     void removePage(uint pi);
     void swapPages(uint pi1, uint pi2);
     QImage &page(uint pi);

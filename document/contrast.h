@@ -19,6 +19,7 @@ struct ChannelBounds
 using ChannelMap = std::array<uchar, 256>;
 
 /// Lowest and highest value of one colour channel over a run of 0xAARRGGBB words.
+/// contrast_words() finds all three at once; this one is for tests, which look at them one by one.
 /// @param shift  lowest bit of the channel: 16 red, 8 green, 0 blue
 [[nodiscard]] ChannelBounds channel_bounds(std::span<const QRgb> words, int shift);
 

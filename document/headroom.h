@@ -25,7 +25,7 @@ enum FreeSpaceMask : int {
 /// The same of any stream in the form of /proc/meminfo, which stays open.
 [[nodiscard]] int count_free_space(std::FILE *meminfo, int mask);
 
-/// @return bytes, at most 2147483647; -1024 if get_free_space() knows nothing
+/// @return bytes, at most 2147483647; -1024 if get_free_space() knows nothing. Nobody asks for those with swap so far.
 [[nodiscard]] int free_ram();
 [[nodiscard]] int free_swap();
 [[nodiscard]] int free_ram_or_swap();

@@ -92,6 +92,7 @@ public slots:
 
     void view_show_labels(bool v);
     void view_big_pixmaps(bool v);
+    /// No action leads to it, see the action table.
     void view_show_tooltips(bool v);
     void view_movable_toolbars(bool v);
     void view_save_layout();
@@ -128,7 +129,7 @@ public slots:
     /// Uploads the first page, whatever page is on show, see FtpForm.
     void upload_ftp();
 
-    /// Opens the menu of the tool button that sent the signal.
+    /// Opens the menu of the tool button that sent the signal. No button is connected to it.
     void OnToolButtonActivated();
     void tabChanged(QWidget *tab);
 
@@ -136,7 +137,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private slots:
-    void help_context();
+    void help_context(); ///< no entry, key or button leads here
     void documentModifiedStateChanged(bool modified);
     void updateImageCropControls();
     void onStatusChanged(const QString &text);

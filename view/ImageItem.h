@@ -31,6 +31,7 @@ public:
 
     void draw(QPainter &painter) override;
 
+    /// One line of state for a log, which nobody writes so far.
     [[nodiscard]] QString dump() const;
 
 private:

@@ -69,6 +69,7 @@ public:
     /// Moves the rectangle by the way from the point it is held at to @p point, within the canvas.
     void moveTo(const QPoint &point);
 
+    /// One line of state for a log, which nobody writes so far.
     [[nodiscard]] QString dump() const;
 
 private:

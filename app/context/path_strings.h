@@ -14,7 +14,7 @@
 /// Copies, and fills what is left of the buffer with NULs.
 char *copy_str(char *dst, const char *src, std::size_t size);
 
-/// Removes one "\n" from the end.
+/// Removes one "\n" from the end. Nobody calls it so far.
 char *strip_newline(char *s);
 
 /// Puts the current directory in front of a relative path, less one "./"; without a current directory the
@@ -28,7 +28,7 @@ char *abs_path_static(const char *path); ///< 4096 bytes
 char *join_path(const char *dir, const char *name, char *buf, std::size_t size);
 char *join_path_static(const char *dir, const char *name); ///< 4096 bytes
 
-/// Byte by byte, as the process's locale has it.
+/// Byte by byte, as the process's locale has it. Nobody calls those named "static" so far.
 char *str_lower(const char *src, char *dst, int size);
 char *str_upper(const char *src, char *dst, int size);
 char *str_lower_static(const char *src); ///< 1024 bytes

@@ -29,7 +29,7 @@ public:
     QtSingleApplication(const QString &id, int &argc, char **argv, bool GUIenabled = true);
 
     /// The same on the server that @p display is connected to. The toolkit makes a connection of its own and
-    /// chooses visual and colour map itself.
+    /// chooses visual and colour map itself. The program is built without it.
     QtSingleApplication(Display *display, const QString &id, int &argc, char **argv, unsigned long visual = 0,
                         unsigned long colorMap = 0);
     ~QtSingleApplication() override;
@@ -43,7 +43,7 @@ public:
     /// @param activate  every message also calls activateMainWidget(), before receivers that connect later
     void startListening(bool activate);
 
-    /// Whether some instance, this one included, would get a message.
+    /// Whether some instance, this one included, would get a message. Nobody asks so far: sending tells it too.
     [[nodiscard]] bool ownerExists() const;
 
 public slots:
@@ -52,7 +52,9 @@ public slots:
     /// the owner.
     /// @return false if there is no owner, or if the message is larger than a request to the server may be
     bool sendMessage(const QString &message);
-    bool sendMessage(const QString &message, int timeout); ///< @param timeout  not used
+    /// The same; nobody calls it so far.
+    /// @param timeout  not used
+    bool sendMessage(const QString &message, int timeout);
 
     /// Brings a widget of the application to the front.
     virtual void activateMainWidget();

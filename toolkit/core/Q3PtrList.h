@@ -14,6 +14,7 @@
 /// Errors:    answered by nullptr or false.
 /// Ownership: the caller's, until setAutoDelete(true) hands the items over to the list. An item is
 ///            deleted after it has been unlinked, so that its destructor sees the list without it.
+/// Callers:   autoDelete() and removeFirst() are there for completeness; nobody calls them.
 template <typename T> class Q3PtrList
 {
 public:

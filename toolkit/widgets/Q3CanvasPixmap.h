@@ -31,6 +31,7 @@ public:
 
     [[nodiscard]] bool isOpaque() const { return !isNull() && !m_image.hasAlphaChannel(); }
 
+    /// For tests; the program has its pages drawn.
     [[nodiscard]] const QImage &image() const { return m_image; }
 
     /// Draws the picture in its natural size with its top left corner at @p at, in the coordinates of

@@ -15,7 +15,7 @@ class Q3CanvasRectangle : public Q3CanvasItem
 public:
     static constexpr int Rtti = 5;
 
-    /// 32 by 32 at (0,0).
+    /// 32 by 32 at (0,0). The program makes its rectangles with a place and a size.
     explicit Q3CanvasRectangle(Q3Canvas *canvas);
 
     /// Position and size of @p rect; a null one is 0 by 0 at (0,0).
@@ -33,6 +33,7 @@ public:
     [[nodiscard]] QPen pen() const { return m_pen; }
     void setPen(const QPen &pen);
 
+    /// For filled rectangles; the program has none so far.
     [[nodiscard]] QBrush brush() const { return m_brush; }
     void setBrush(const QBrush &brush);
 

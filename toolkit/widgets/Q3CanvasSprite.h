@@ -21,6 +21,7 @@ public:
     /// Takes @p array for the frames; a frame that it does not have becomes frame 0.
     void setSequence(Q3CanvasPixmapArray *array);
 
+    /// Nobody asks so far: the sprites of the program have one frame.
     [[nodiscard]] int frame() const { return m_frame; }
     [[nodiscard]] int frameCount() const { return m_array ? m_array->count() : 0; }
 

@@ -26,7 +26,7 @@ public:
     [[nodiscard]] Q3Canvas *canvas() const { return m_canvas; }
     void setCanvas(Q3Canvas *canvas);
 
-    /// From canvas to contents coordinates.
+    /// From canvas to contents coordinates. Nobody asks so far: views ask for the inverse.
     [[nodiscard]] const QTransform &worldMatrix() const { return m_world; }
 
     /// From contents to canvas coordinates.

@@ -17,5 +17,6 @@ public:
 
     /// Shows the entry at @p index; unlike a pick by the user this activates nothing.
     void setCurrentItem(int index) { setCurrentIndex(index); }
+    /// Its counterpart, which nobody calls so far.
     [[nodiscard]] int currentItem() const { return currentIndex(); }
 };
