@@ -279,6 +279,26 @@ private slots:
         QCOMPARE(fixture.tabs()->count(), 0);
     }
 
+    void aFileTooLargeThatHasGoneBeforeItsCopyIsTold()
+    {
+        WindowFixture fixture;
+        const QString path = sparse_file(fixture, u"large.bin"_s, LoadLimit + 1);
+        const QString copy = fixture.file(u"copy.ppm"_s);
+        const NextBox question = answer_next_box(QMessageBox::Yes);
+        const NextFileDialog dialog([&](QFileDialog &chooser) {
+            QVERIFY(QFile::remove(path));
+            NextFileDialog::accept(chooser, copy);
+        });
+        const NextBox replace = answer_next_box(QMessageBox::Yes);
+        const NextBox box = answer_next_box(QMessageBox::Ok);
+
+        QVERIFY(!fixture.window.load_file(path, {}, false));
+
+        QCOMPARE(box.title(), u"Save failed"_s);
+        QCOMPARE(box.text(), u"Error saving image: No such file or directory"_s);
+        QCOMPARE(QImage(copy).size(), QSize(64, 48));
+    }
+
     void temporaryFileStaysWhereItsCopyFailed()
     {
         WindowFixture fixture;
