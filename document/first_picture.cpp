@@ -43,11 +43,13 @@ QImage cleared_image(QSize size, QImage::Format format)
 /// the reader had better make one itself.
 QImage image_to_fill(const QImageReader &reader, bool isTiff)
 {
+    const QSize size = reader.size();
+    if (!size.isValid())
+        return {}; // for a broken header the toolkit's JPEG reader tells a format out of the blue
     const QImage::Format format = reader.imageFormat();
     const bool isPageFormat = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32;
     if (format == QImage::Format_Invalid || (!isPageFormat && !isTiff))
         return {}; // colour tables come with the picture
-    const QSize size = reader.size();
     const qint64 bits = qint64{QImage::toPixelFormat(format).bitsPerPixel()} * size.width() * size.height();
     constexpr qint64 MiB = qint64{1024} * 1024;
     if (bits / 8 > MiB * QImageReader::allocationLimit())

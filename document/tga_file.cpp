@@ -104,7 +104,7 @@ bool is_tga(QIODevice &file)
 bool is_complete_tga(QIODevice &file)
 {
     const std::optional<TgaShape> shape = read_shape(file);
-    return shape && shape->pixelStart + shape->pixelBytes() + FooterBytes <= file.size();
+    return shape && shape->pixelBytes() > 0 && shape->pixelStart + shape->pixelBytes() + FooterBytes <= file.size();
 }
 
 QByteArray mended_tga(QIODevice &file)

@@ -1,5 +1,6 @@
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "odd_files.h"
 #include "page_buffers.h"
 #include "pictures.h"
 
@@ -56,6 +57,7 @@ private slots:
     void deviceFails();
     void danglingLinkIsNoFile();
 
+    void pictureWithoutPixelsFailsAtOnce();
     void promiseThatCannotBeKeptFailsAtOnce_data();
     void promiseThatCannotBeKeptFailsAtOnce();
     void pageIsHeldOnceWhileItLoads_data();
@@ -216,6 +218,13 @@ void tst_damaged_files::danglingLinkIsNoFile()
     const ImageDocument document(path(u"link.png"_s), {});
 
     QCOMPARE(document.loadStatus, 0);
+}
+
+void tst_damaged_files::pictureWithoutPixelsFailsAtOnce()
+{
+    write_file(path(u"a.tga"_s), tga_file({.width = 0, .height = 0, .descriptor = TgaRightToLeft, .name = "scan"}));
+
+    verifyFails(u"a.tga"_s, u"tga"_s); // a loop without end would be ended by the time limit of the test
 }
 
 void tst_damaged_files::promiseThatCannotBeKeptFailsAtOnce_data()
