@@ -1,4 +1,5 @@
 #include "brightness.h"
+#include "plain_pixels.h"
 
 #include <QColor>
 #include <QList>
@@ -8,13 +9,6 @@
 #include <vector>
 
 namespace {
-
-QRgb plain_brightness(QRgb word, int percent)
-{
-    const QColor color(word);
-    const QColor changed = percent > 0 ? color.lighter(100 + percent) : color.darker(100 - percent);
-    return (word & 0xff000000) | (changed.rgb() & 0x00ffffff);
-}
 
 /// The percentages that are tried over all colours: all 200 if the environment asks for them, as
 /// scripts/test-brightness does.

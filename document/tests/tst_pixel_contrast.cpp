@@ -1,5 +1,6 @@
 #include "contrast.h"
 #include "pixel_operations.h"
+#include "plain_pixels.h"
 
 #include <QImage>
 #include <QList>
@@ -13,45 +14,6 @@
 #include <unistd.h>
 
 namespace {
-
-/// The rule, one word after the other.
-ChannelBounds plain_bounds(const QList<QRgb> &words, int shift)
-{
-    ChannelBounds bounds;
-    for (const QRgb word : words) {
-        const int value = static_cast<int>(word >> shift & 0xff);
-        if (value < bounds.minimum)
-            bounds.minimum = value;
-        else if (value > bounds.maximum)
-            bounds.maximum = value;
-    }
-    return bounds;
-}
-
-/// The arithmetic of one channel, written out.
-QRgb plain_value(QRgb word, int shift, ChannelBounds bounds, int percent)
-{
-    const int range = bounds.maximum - bounds.minimum + 1;
-    const int above = static_cast<int>(word >> shift & 0xff) - bounds.minimum;
-    int value = 0;
-    if (percent > 0)
-        value = above * ((100 + percent) * 256) / (range * 100);
-    else
-        value = above * 25600 / ((100 - percent) * range);
-    return static_cast<QRgb>(value < 0 ? 0 : value > 255 ? 255 : value) << shift;
-}
-
-QList<QRgb> plain_contrast(const QList<QRgb> &words, int percent)
-{
-    QList<QRgb> result;
-    for (const QRgb word : words) {
-        QRgb changed = word & 0xff000000;
-        for (const int shift : {16, 8, 0})
-            changed |= plain_value(word, shift, plain_bounds(words, shift), percent);
-        result.append(changed);
-    }
-    return result;
-}
 
 QList<QRgb> contrasted(const QList<QRgb> &words, int percent)
 {

@@ -1,5 +1,6 @@
 #include "page_depth.h"
 #include "page_scale.h"
+#include "plain_pixels.h"
 #include "random_pages.h"
 
 #include <QTest>
@@ -7,20 +8,6 @@
 #include <limits>
 
 namespace {
-
-/// Black and white pixel by pixel, as it is defined.
-QImage plain_mono(const QImage &page)
-{
-    QImage mono(page.size(), QImage::Format_Mono);
-    mono.setColorTable({0xffffffff, 0xff000000});
-    for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < page.width(); ++x) {
-            const QRgb color = page.pixel(x, y);
-            mono.setPixel(x, y, qRed(color) + qGreen(color) + qBlue(color) < 387 ? 1 : 0);
-        }
-    }
-    return mono;
-}
 
 /// The colour at a place of a page, counted along its lines, from a random number.
 using ColorOf = QRgb (*)(int place, quint32 noise);
