@@ -9,6 +9,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -53,6 +54,9 @@ struct Desktop::Connection
         return items;
     }
 
+    /// Those that the window manager lists, oldest first.
+    [[nodiscard]] QList<WindowId> windows() const { return property<WindowId>(root(), "_NET_CLIENT_LIST", XA_WINDOW); }
+
     void sendMessage(Window window, const char *message, std::array<long, 5> data) const
     {
         XEvent event{};
@@ -87,7 +91,7 @@ Desktop::~Desktop()
 QList<WindowId> Desktop::windowsOf(qint64 processId) const
 {
     QList<WindowId> windows;
-    const auto listed = m_connection->property<WindowId>(m_connection->root(), "_NET_CLIENT_LIST", XA_WINDOW);
+    const auto listed = m_connection->windows();
     for (const WindowId window : listed) {
         const auto owner = m_connection->property<unsigned long>(window, "_NET_WM_PID", XA_CARDINAL);
         if (owner.size() == 1 && static_cast<qint64>(owner.first()) == processId)
@@ -101,6 +105,14 @@ QString Desktop::title(WindowId window) const
     const Atom utf8 = m_connection->atom("UTF8_STRING");
     const auto bytes = m_connection->property<char>(window, "_NET_WM_NAME", utf8);
     return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
+WindowId Desktop::windowTitled(const QString &wanted) const
+{
+    const auto listed = m_connection->windows();
+    const auto found =
+        std::find_if(listed.rbegin(), listed.rend(), [&](WindowId window) { return title(window) == wanted; });
+    return found == listed.rend() ? 0 : *found;
 }
 
 QRect Desktop::geometry(WindowId window) const

@@ -25,6 +25,8 @@ public:
     /// Top-level windows of a process that the window manager lists, oldest first.
     [[nodiscard]] QList<WindowId> windowsOf(qint64 processId) const;
     [[nodiscard]] QString title(WindowId window) const;
+    /// The newest window with this title, whose ever it is; 0 if there is none.
+    [[nodiscard]] WindowId windowTitled(const QString &wanted) const;
     /// The client area, without the window manager's frame.
     [[nodiscard]] QRect geometry(WindowId window) const;
     /// The window that has the keyboard by the window manager's word, 0 for none.
