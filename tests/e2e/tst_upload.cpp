@@ -1,11 +1,15 @@
 #include "FtpServer.h"
 #include "ImageManagerProgram.h"
+#include "lost_display.h"
 #include "private_namespaces.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QImage>
 #include <QSettings>
 #include <QTest>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
@@ -57,8 +61,10 @@ public:
             return false;
         type(name);
         press("Return");
-        return QTest::qWaitFor([this] { return control(Role::Button, u"Upload"_s).has(State::Enabled); },
-                               Program::patienceMs);
+        // The next key is for the form, once the window manager has given it the keyboard again.
+        return QTest::qWaitFor(
+            [this] { return control(Role::Button, u"Upload"_s).has(State::Enabled) && activeTitle() == FormTitle; },
+            Program::patienceMs);
     }
 
     [[nodiscard]] QString savedFile(const QString &name) const { return place.home() + u'/' + name; }
@@ -96,6 +102,9 @@ private slots:
     void pageIsUploadedByTheKeyboard();
     void refusalIsShownAndItsBoxMayBeClosedByTheWindowManager();
     void stalledUploadShowsItsProgressAndIsClosed();
+    void signalDuringAnUploadEndsIt_data();
+    void signalDuringAnUploadEndsIt();
+    void displayThatGoesDuringAnUploadEndsIt();
 };
 
 void tst_upload::everyControlHasAName()
@@ -171,6 +180,72 @@ void tst_upload::stalledUploadShowsItsProgressAndIsClosed()
     QVERIFY(QTest::qWaitFor([&] { return !shown.isOpen() && !server.hasClient(); }, Program::patienceMs));
     QVERIFY(QFile::exists(shown.savedFile(u"sent.bmp"_s)));
     QCOMPARE(shown.program.close(), 0);
+}
+
+namespace {
+
+/// An upload that the server takes no more bytes of.
+class StalledUpload
+{
+public:
+    StalledUpload() : server(QHostAddress(QHostAddress::LocalHost), 21), shown({3000, 3000})
+    {
+        server.stopDataAfter(1000);
+        if (!shown.isReady)
+            return;
+        shown.type(u"127.0.0.1"_s);
+        if (!shown.saveAs(u"sent.bmp"_s))
+            return;
+        shown.press("u", {"Alt_L"});
+        isStalled = QTest::qWaitFor([this] { return server.dataCount() > 0; }, Program::patienceMs);
+    }
+
+    [[nodiscard]] Program &process() { return shown.program.process(); }
+    /// Whether the server has lost its client and the file is whole.
+    [[nodiscard]] bool hasEnded()
+    {
+        return QTest::qWaitFor([this] { return !server.hasClient(); }, Program::patienceMs)
+            && QImage(shown.savedFile(u"sent.bmp"_s)).size() == QSize(3000, 3000);
+    }
+
+    FtpServer server;
+    FormOnShow shown;
+    bool isStalled = false;
+};
+
+} // namespace
+
+void tst_upload::signalDuringAnUploadEndsIt_data()
+{
+    QTest::addColumn<int>("number");
+
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGHUP") << SIGHUP;
+    QTest::newRow("SIGINT") << SIGINT;
+}
+
+void tst_upload::signalDuringAnUploadEndsIt()
+{
+    QFETCH(const int, number);
+    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
+    StalledUpload upload;
+    QVERIFY(upload.isStalled);
+
+    ::kill(static_cast<pid_t>(upload.process().processId()), number);
+
+    QCOMPARE(upload.process().waitForEndBySignal(), number);
+    QVERIFY(upload.hasEnded());
+}
+
+void tst_upload::displayThatGoesDuringAnUploadEndsIt()
+{
+    StalledUpload upload;
+    QVERIFY(upload.isStalled);
+
+    lose_display_of(upload.shown.program.window());
+
+    QCOMPARE(upload.process().waitForExit(), 1);
+    QVERIFY(upload.hasEnded());
 }
 
 int main(int argc, char **argv)

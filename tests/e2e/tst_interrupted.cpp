@@ -1,0 +1,277 @@
+#include "ImageManagerProgram.h"
+#include "lost_display.h"
+#include "pictures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+using State = Accessible::State;
+
+/// The end comes in the middle of an edit or of a save.
+class tst_interrupted : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void signalDuringASaveWaitsForItsEnd_data();
+    void signalDuringASaveWaitsForItsEnd();
+    void signalDuringAnEditWaitsForItsEnd_data();
+    void signalDuringAnEditWaitsForItsEnd();
+    void killDuringASaveLeavesTheOldFile();
+    void displayThatGoesWhileNothingHappensLeavesTheFile();
+    void displayThatGoesDuringASaveLeavesAWholeFile();
+    void displayThatGoesDuringAnEditLeavesTheFile();
+    void snapshotsOfAnEarlierRunInTheSameSecondStay();
+};
+
+namespace {
+
+QImage rgb(const QString &path)
+{
+    return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+QImage inverted_page()
+{
+    QImage page = patterned_page({100, 80});
+    page.invertPixels();
+    return page;
+}
+
+/// The program with one page, under a shim that stops it at a certain place.
+class StoppingProgram
+{
+public:
+    StoppingProgram() : path(place.page(u"a.bmp"_s)), program(place)
+    {
+        program.process().setEnvironment(u"LD_PRELOAD"_s, QStringLiteral(IM_SHIM));
+    }
+
+    /// Opens the page, changes it and begins to save it. Answers once the process has stopped itself in the save.
+    [[nodiscard]] bool stopInASave()
+    {
+        program.process().setEnvironment(u"IM_STOP_AT"_s, u"/.imagemanager-"_s);
+        if (!program.open({path}))
+            return false;
+        window = program.window();
+        if (!program.invert() || !QTest::qWaitFor([this] { return program.desktop().activeWindow() == window; }))
+            return false;
+        program.desktop().pressKey("s", {"Control_L"});
+        return waitForStop();
+    }
+
+    /// Opens the page and changes it. Answers once the process has stopped itself in the snapshot.
+    [[nodiscard]] bool stopInAnEdit()
+    {
+        program.process().setEnvironment(u"IM_STOP_AT"_s, place.home() + "/tmp/"_L1);
+        if (!program.open({path}))
+            return false;
+        window = program.window();
+        if (!program.askToInvert())
+            return false;
+        program.desktop().pressKey("Return");
+        return waitForStop();
+    }
+
+    void send(int number) { ::kill(static_cast<pid_t>(program.process().processId()), number); }
+    void goOn() { send(SIGCONT); }
+
+    [[nodiscard]] QStringList files() const
+    {
+        return QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden);
+    }
+    [[nodiscard]] QStringList snapshots() const { return QDir(place.home() + "/tmp"_L1).entryList(QDir::Files); }
+
+    const Place place;
+    const QString path;
+    ImageManagerProgram program;
+    WindowId window = 0;
+
+private:
+    [[nodiscard]] bool waitForStop()
+    {
+        return QTest::qWaitFor(
+            [this] {
+                QFile status(u"/proc/%1/stat"_s.arg(program.process().processId()));
+                return status.open(QIODevice::ReadOnly) && status.readLine().contains(") T ");
+            },
+            Program::patienceMs);
+    }
+};
+
+void add_signals()
+{
+    QTest::addColumn<int>("number");
+
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGHUP") << SIGHUP;
+    QTest::newRow("SIGINT") << SIGINT;
+}
+
+} // namespace
+
+void tst_interrupted::signalDuringASaveWaitsForItsEnd_data()
+{
+    add_signals();
+}
+
+void tst_interrupted::signalDuringASaveWaitsForItsEnd()
+{
+    QFETCH(const int, number);
+    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInASave());
+
+    stopping.send(number);
+    stopping.goOn();
+
+    QCOMPARE(stopping.program.process().waitForEndBySignal(), number);
+    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
+    QCOMPARE(stopping.snapshots(), QStringList());
+}
+
+void tst_interrupted::signalDuringAnEditWaitsForItsEnd_data()
+{
+    add_signals();
+}
+
+void tst_interrupted::signalDuringAnEditWaitsForItsEnd()
+{
+    QFETCH(const int, number);
+    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInAnEdit());
+    QCOMPARE(stopping.snapshots().size(), 1);
+
+    stopping.send(number);
+    stopping.goOn();
+
+    QCOMPARE(stopping.program.process().waitForEndBySignal(), number);
+    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QCOMPARE(stopping.snapshots(), QStringList());
+}
+
+void tst_interrupted::killDuringASaveLeavesTheOldFile()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInASave());
+
+    stopping.send(SIGKILL);
+
+    QCOMPARE(stopping.program.process().waitForEndBySignal(), SIGKILL);
+    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QStringList others = stopping.files();
+    QVERIFY(others.removeOne(u"a.bmp"_s));
+    QCOMPARE(others.size(), 1);
+    QVERIFY2(others.first().startsWith(u".imagemanager-"_s), qPrintable(others.first()));
+}
+
+void tst_interrupted::displayThatGoesWhileNothingHappensLeavesTheFile()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.program.open({stopping.path}));
+    QVERIFY(stopping.program.invert());
+    stopping.window = stopping.program.window();
+
+    lose_display_of(stopping.window);
+
+    QCOMPARE(stopping.program.process().waitForExit(), 1);
+    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+}
+
+void tst_interrupted::displayThatGoesDuringASaveLeavesAWholeFile()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInASave());
+
+    lose_display_of(stopping.window);
+    stopping.goOn();
+
+    QCOMPARE(stopping.program.process().waitForExit(), 1);
+    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page())); // a save does not look at the display
+    QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
+}
+
+void tst_interrupted::displayThatGoesDuringAnEditLeavesTheFile()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInAnEdit());
+
+    lose_display_of(stopping.window);
+    stopping.goOn();
+
+    QCOMPARE(stopping.program.process().waitForExit(), 1);
+    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
+}
+
+namespace {
+
+constexpr auto Second = "1000000000"_L1;
+
+/// A program for which it is always the same second.
+class StandingClock
+{
+public:
+    explicit StandingClock(const Place &place) : program(place)
+    {
+        program.process().setEnvironment(u"LD_PRELOAD"_s, QStringLiteral(IM_SHIM));
+        program.process().setEnvironment(u"IM_SECOND"_s, Second);
+    }
+
+    /// Undoes the last change, and saves.
+    [[nodiscard]] bool undoAndSave()
+    {
+        const QString name = program.currentTab().chopped(1);
+        const auto canRedo = [this] { return program.tool(u"Redo"_s).has(State::Enabled); };
+        if (!program.tool(u"Undo"_s).press() || !QTest::qWaitFor(canRedo, Program::patienceMs))
+            return false;
+        program.desktop().pressKey("s", {"Control_L"});
+        return QTest::qWaitFor([&] { return program.currentTab() == name; }, Program::patienceMs);
+    }
+
+    ImageManagerProgram program;
+};
+
+QStringList snapshots_of(const Place &place)
+{
+    return QDir(place.home() + "/tmp"_L1).entryList(QDir::Files);
+}
+
+} // namespace
+
+void tst_interrupted::snapshotsOfAnEarlierRunInTheSameSecondStay()
+{
+    const Place place;
+    {
+        StandingClock earlier(place);
+        QVERIFY(earlier.program.open({place.page(u"earlier.bmp"_s, {60, 50})}));
+        QVERIFY(earlier.program.invert());
+        ::kill(static_cast<pid_t>(earlier.program.process().processId()), SIGKILL);
+        QCOMPARE(earlier.program.process().waitForEndBySignal(), SIGKILL);
+    }
+    const QStringList left = snapshots_of(place);
+    QCOMPARE(left.size(), 1);
+    QVERIFY2(left.first().startsWith(Second), qPrintable(left.first()));
+
+    StandingClock later(place);
+    const QString path = place.page(u"a.bmp"_s);
+    QVERIFY(later.program.open({path}));
+    QVERIFY(later.program.invert());
+    QCOMPARE(snapshots_of(place).size(), 2);
+    QVERIFY(later.undoAndSave());
+
+    QVERIFY(compare_pictures(rgb(path), patterned_page({100, 80})));
+    QCOMPARE(later.program.close(), 0);
+    QCOMPARE(snapshots_of(place), left);
+    QCOMPARE(QImage(place.home() + "/tmp/"_L1 + left.first()).size(), QSize(60, 50));
+}
+
+QTEST_GUILESS_MAIN(tst_interrupted)
+#include "tst_interrupted.moc"
