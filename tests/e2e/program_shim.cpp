@@ -3,6 +3,7 @@
 //
 //   IM_STOP_AT   the process stops itself, once, before it writes into a file whose path holds this text
 //   IM_SECOND    the clock stands still at this second since 1970
+//   IM_STOP_BEHIND_LOOK_UP   the process stops itself, once, when it knows who owns a selection
 
 #include <array>
 #include <csignal>
@@ -11,8 +12,10 @@
 #include <ctime>
 #include <string>
 
+#include <dlfcn.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+#include <X11/Xlib.h>
 
 namespace {
 
@@ -62,5 +65,18 @@ extern "C" time_t time(time_t *seconds) noexcept
     if (seconds)
         *seconds = answer;
     return answer;
+}
+
+extern "C" Window XGetSelectionOwner(Display *display, Atom selection)
+{
+    using Function = Window (*)(Display *, Atom);
+    static const auto real = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, "XGetSelectionOwner"));
+    static bool isToStop = std::getenv("IM_STOP_BEHIND_LOOK_UP") != nullptr;
+    const Window owner = real(display, selection);
+    if (isToStop && owner != 0) {
+        isToStop = false;
+        (void)::raise(SIGSTOP);
+    }
+    return owner;
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
