@@ -55,7 +55,10 @@ qint64 count_available_bytes(std::istream &meminfo)
             swap = kibibytes;
         meminfo.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
     }
-    return memory < 0 ? Unlimited : (memory + swap) * 1024;
+    if (memory < 0)
+        return Unlimited;
+    constexpr qint64 most = Unlimited / 2048; // so that the sum does not run over
+    return (std::min(memory, most) + std::clamp(swap, qint64{0}, most)) * 1024;
 }
 
 qint64 image_share(qint64 availableBytes)

@@ -41,6 +41,9 @@ void tst_image_memory::availableBytesAreFreeMemoryAndFreeSwap_data()
     QTest::newRow("no swap") << QByteArray("MemAvailable: 2000 kB\n") << qint64{2000} * 1024;
     QTest::newRow("swap alone says nothing") << QByteArray("SwapFree: 2000 kB\n") << Unlimited;
     QTest::newRow("lines without a unit") << QByteArray("Odd: 7\nMemAvailable: 1 kB\n") << qint64{1024};
+    QTest::newRow("more than can be counted")
+        << QByteArray("MemAvailable: 9223372036854775807 kB\nSwapFree: 9223372036854775807 kB\n")
+        << qint64{9223372036854773760}; // twice (2^63 - 1) / 2048, cut, kibibytes
     QTest::newRow("nothing") << QByteArray() << Unlimited;
     QTest::newRow("garbage") << QByteArray("\xff\xff not a number") << Unlimited;
 }
