@@ -2,39 +2,17 @@
 
 #include "file_dialogs.h"
 #include "ImageFormat.h"
+#include "Language.h"
 #include "NextDialog.h"
 #include "PropertiesDialog.h"
 
 #include <QFileDialog>
 #include <QPushButton>
 #include <QTest>
-#include <QTranslator>
-
-#include <memory>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The package's catalogues of a language while the object lives.
-class Language
-{
-public:
-    explicit Language(const QString &language)
-    {
-        for (const QString &name : {u"ImageManager"_s, u"imageview"_s, u"utils"_s}) {
-            auto translator = std::make_unique<QTranslator>();
-            if (!translator->load(name + '_'_L1 + language, QStringLiteral(IM_PACKAGE_SHARE "/tr")))
-                qFatal("no catalogue %s for %s", qPrintable(name), qPrintable(language));
-            QCoreApplication::installTranslator(translator.get());
-            m_translators.push_back(std::move(translator));
-        }
-    }
-
-private:
-    std::vector<std::unique_ptr<QTranslator>> m_translators;
-};
 
 void add_languages()
 {
