@@ -9,6 +9,7 @@ namespace {
 constexpr quint64 OneEach = 0x0001000100010001U; ///< 1 in each channel
 constexpr quint64 Bytes = 0x00ff00ff00ff00ffU;
 constexpr int ChannelBits = 16;
+constexpr std::size_t BlockColumns = 256; // at a time: their sums stay in the nearest cache
 constexpr quint64 LowChannel = 0xffffU;
 
 quint64 spread(QRgb color)
@@ -26,9 +27,23 @@ QRgb gathered(quint64 channels)
 
 } // namespace
 
-ByteAverage::ByteAverage(const std::array<QRgb, 256> &colors)
+ByteAverage::ByteAverage(const std::array<QRgb, 256> &colors) : m_ramp(rampOf(colors))
 {
     std::ranges::transform(colors, m_colors.begin(), spread);
+}
+
+ByteAverage::Ramp ByteAverage::rampOf(const std::array<QRgb, 256> &colors)
+{
+    bool rises = true;
+    bool falls = true;
+    for (int i = 0; i < std::ssize(colors); ++i) {
+        const QRgb color = colors.at(static_cast<std::size_t>(i));
+        rises = rises && color == qRgb(i, i, i);
+        falls = falls && color == qRgb(255 - i, 255 - i, 255 - i);
+    }
+    if (rises)
+        return Ramp::Rising;
+    return falls ? Ramp::Falling : Ramp::None;
 }
 
 void ByteAverage::average(const PageRows &rows, const ReducedColumns &columns, std::span<QRgb> target) const
@@ -67,25 +82,69 @@ void ByteAverage::averageEvenly(const PageRows &rows, int step, int first, std::
 /// Columns of @p Step pixels that follow one another from pixel @p first on, over as many lines.
 template <int Step> void ByteAverage::averageEvenly(const PageRows &rows, int first, std::span<QRgb> target) const
 {
-    constexpr std::size_t block = 256; // columns at a time: their sums stay in the nearest cache
+    for (std::size_t from = 0; from < target.size(); from += BlockColumns) {
+        const std::size_t count = std::min(BlockColumns, target.size() - from);
+        const int origin = first + static_cast<int>(from) * Step;
+        if (m_ramp == Ramp::None)
+            averageColors<Step>(rows, origin, target.subspan(from, count));
+        else
+            averageRamp<Step>(rows, origin, target.subspan(from, count));
+    }
+}
+
+/// At most BlockColumns columns of greys, which need no look-up.
+template <int Step> void ByteAverage::averageRamp(const PageRows &rows, int first, std::span<QRgb> target) const
+{
+    constexpr quint32 half = Step * Step / 2;
+    constexpr quint32 white = 255 * Step * Step;
+    constexpr QRgb opaque = 0xff000000U;
+    constexpr QRgb eachColor = 0x00010101U;
+    const std::size_t width = target.size() * Step;
+    std::array<quint16, BlockColumns * Step> sums;
+    for (int y = 0; y < Step; y += 2) {
+        const uchar *const upper = rows.row(y) + first;
+        const uchar *const lower = rows.row(y + 1) + first;
+        quint16 *const __restrict sum = sums.data();
+        if (y == 0) {
+            for (std::size_t x = 0; x < width; ++x)
+                sum[x] = static_cast<quint16>(upper[x] + lower[x]);
+        } else {
+            for (std::size_t x = 0; x < width; ++x)
+                sum[x] = static_cast<quint16>(sum[x] + upper[x] + lower[x]);
+        }
+    }
+    for (std::size_t i = 0; i < target.size(); ++i) {
+        quint32 sum = 0;
+        for (std::size_t x = 0; x < Step; ++x)
+            sum += sums[i * Step + x];
+        const quint32 grey = ((m_ramp == Ramp::Rising ? sum : white - sum) + half) / (Step * Step);
+        target[i] = opaque | grey * eachColor;
+    }
+}
+
+/// At most BlockColumns columns of any colours.
+template <int Step> void ByteAverage::averageColors(const PageRows &rows, int first, std::span<QRgb> target) const
+{
     constexpr quint64 half = Step * Step / 2 * OneEach;
     constexpr int shift = std::countr_zero(unsigned{Step * Step});
-    std::array<quint64, block> sums;
+    constexpr int lines = std::min(Step, 4); // read at once, so that a sum is fetched and stored less often
+    std::array<quint64, BlockColumns> sums;
 
-    for (std::size_t from = 0; from < target.size(); from += block) {
-        const std::size_t count = std::min(block, target.size() - from);
-        std::fill_n(sums.begin(), count, half);
-        for (int y = 0; y < Step; ++y) {
-            const uchar *pixel = rows.row(y) + first + from * Step;
-            for (std::size_t i = 0; i < count; ++i, pixel += Step) {
-                quint64 sum = 0;
-                for (int x = 0; x < Step; ++x)
-                    sum += m_colors[pixel[x]];
-                sums[i] += sum;
+    for (int y = 0; y < Step; y += lines) {
+        for (std::size_t i = 0; i < target.size(); ++i) {
+            quint64 even = y == 0 ? half : sums[i];
+            quint64 odd = 0; // two sums, as one addition would wait for the other
+            for (int line = 0; line < lines; ++line) {
+                const uchar *const pixel = rows.row(y + line) + first + i * Step;
+                for (int x = 0; x < Step; x += 2) {
+                    even += m_colors[pixel[x]];
+                    odd += m_colors[pixel[x + 1]];
+                }
             }
+            sums[i] = even + odd;
+            if (y + lines == Step)
+                target[i] = gathered((sums[i] >> shift) & Bytes);
         }
-        for (std::size_t i = 0; i < count; ++i)
-            target[from + i] = gathered((sums[i] >> shift) & Bytes);
     }
 }
 

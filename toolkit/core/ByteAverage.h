@@ -22,9 +22,19 @@ public:
     void average(const PageRows &rows, const ReducedColumns &columns, std::span<QRgb> target) const;
 
 private:
+    enum class Ramp : quint8 {
+        None, ///< any colours
+        Rising, ///< the greys from black to white: an index is its own grey
+        Falling, ///< from white to black
+    };
+
+    [[nodiscard]] static Ramp rampOf(const std::array<QRgb, 256> &colors);
     template <int Step> void averageEvenly(const PageRows &rows, int first, std::span<QRgb> target) const;
+    template <int Step> void averageRamp(const PageRows &rows, int first, std::span<QRgb> target) const;
+    template <int Step> void averageColors(const PageRows &rows, int first, std::span<QRgb> target) const;
     void averageEvenly(const PageRows &rows, int step, int first, std::span<QRgb> target) const;
     [[nodiscard]] QRgb averageOf(const PageRows &rows, PixelSpan span) const;
 
     std::array<quint64, 256> m_colors{}; ///< of an index: its four channels, with room for the sum of 257 colours
+    Ramp m_ramp;
 };
