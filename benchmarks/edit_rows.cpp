@@ -19,7 +19,7 @@ enum class Turn {
 
 constexpr int Percent = 30;
 
-using Edit = EditedPage::Edit;
+using Edit = MeasuredPage::Edit;
 using PlainWay = std::function<QImage(const QImage &)>;
 
 QRect quarter_of(QSize size)
@@ -35,7 +35,7 @@ QTransform quarter_turn()
 Side edit_side(int depth, Turn turn, const Edit &edit)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>(load_page(depth, surroundings));
+        const auto page = std::make_shared<MeasuredPage>(load_page(depth, surroundings));
         return [=] {
             turn == Turn::First ? page->beNew() : page->beEdited();
             return timed([&] { return page->editWithSnapshot(edit); });
@@ -119,7 +119,7 @@ bool brighten(ImageDocument &document)
 Side brightness_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>(load_page(32, surroundings));
+        const auto page = std::make_shared<MeasuredPage>(load_page(32, surroundings));
         return [=] {
             page->beEdited();
             return timed([&] { return page->edit(brighten); });
@@ -175,7 +175,7 @@ Bar depth_bar(int depth, double goal, const Edit &edit, QImage::Format format)
 Side widened_again_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>(load_page(1, surroundings));
+        const auto page = std::make_shared<MeasuredPage>(load_page(1, surroundings));
         return [=]() -> std::optional<double> {
             page->beNew();
             const auto widen = [](ImageDocument &document) { return document.depth_32_bit(1); };

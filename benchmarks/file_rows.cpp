@@ -24,7 +24,7 @@ constexpr auto FiveHundredPages = "pages_500_group4/pages.tif";
 Side open_side(bool reused)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto former = std::make_shared<EditedPage>(load_page(32, surroundings));
+        const auto former = std::make_shared<MeasuredPage>(load_page(32, surroundings));
         return [=, path = input_path(Tiff, surroundings)] {
             if (reused) {
                 former->beEdited();

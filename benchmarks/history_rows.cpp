@@ -61,7 +61,7 @@ Side bytes_side()
 Side first_undo_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>(load_page(32, surroundings));
+        const auto page = std::make_shared<MeasuredPage>(load_page(32, surroundings));
         return [=]() -> std::optional<double> {
             page->beEdited();
             if (!page->editWithSnapshot(flip))
@@ -75,7 +75,7 @@ Side first_undo_side()
 Side further_step_side()
 {
     const auto prepare = [](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>(load_page(32, surroundings));
+        const auto page = std::make_shared<MeasuredPage>(load_page(32, surroundings));
         page->beEdited();
         if (!page->editWithSnapshot(flip) || !page->undoEdit())
             qFatal("the history takes no page");
@@ -123,7 +123,7 @@ Side plain_step_side(bool saves)
 /// A 1-bit page in a view on the screen.
 struct ShownPage
 {
-    EditedPage page;
+    MeasuredPage page;
     ImageView view{nullptr};
     Stage stage{view.viewport()};
 
@@ -151,7 +151,7 @@ Side shown_step_side(bool redoes)
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
         const auto shown = std::make_shared<ShownPage>(load_page(1, surroundings));
         return [=]() -> std::optional<double> {
-            EditedPage &page = shown->page;
+            MeasuredPage &page = shown->page;
             page.beEdited();
             if (!page.editWithSnapshot(flip))
                 return {};

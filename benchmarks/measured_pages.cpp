@@ -51,19 +51,19 @@ QString NewFiles::next()
     return last;
 }
 
-void EditedPage::beNew()
+void MeasuredPage::beNew()
 {
     putOriginal();
     drop_spare_page();
 }
 
-void EditedPage::beEdited()
+void MeasuredPage::beEdited()
 {
     putOriginal();
     putOriginal(); // in other memory; that of the former page is to be had again
 }
 
-void EditedPage::beEmpty()
+void MeasuredPage::beEmpty()
 {
     while (document.pageCount() > 0)
         document.removePage(1);
@@ -72,7 +72,7 @@ void EditedPage::beEmpty()
     drop_spare_page();
 }
 
-bool EditedPage::open(const QString &path)
+bool MeasuredPage::open(const QString &path)
 {
     beEmpty();
     if (!document.load(path, u"TIFF"_s))
@@ -81,7 +81,7 @@ bool EditedPage::open(const QString &path)
     return true;
 }
 
-void EditedPage::putOriginal()
+void MeasuredPage::putOriginal()
 {
     QImage page = new_page_like(original, original.size());
     std::memcpy(page.bits(), original.constBits(), static_cast<std::size_t>(original.sizeInBytes()));
@@ -91,7 +91,7 @@ void EditedPage::putOriginal()
     history.reset();
 }
 
-bool EditedPage::edit(const Edit &edit)
+bool MeasuredPage::edit(const Edit &edit)
 {
     if (!edit(document))
         return false;
@@ -99,24 +99,24 @@ bool EditedPage::edit(const Edit &edit)
     return true;
 }
 
-bool EditedPage::editWithSnapshot(const Edit &change)
+bool MeasuredPage::editWithSnapshot(const Edit &change)
 {
     history.emplace();
     return insert() && edit(change);
 }
 
-bool EditedPage::undoEdit()
+bool MeasuredPage::undoEdit()
 {
     return insert() && step(&UndoHistory::undo, 1);
 }
 
-bool EditedPage::insert()
+bool MeasuredPage::insert()
 {
     const QImage page = std::as_const(document).page(1);
     return history->insert(page, page.size(), 1.0, u"operation"_s);
 }
 
-bool EditedPage::step(Step way, uint steps)
+bool MeasuredPage::step(Step way, uint steps)
 {
     QImage page;
     QSize size;

@@ -46,13 +46,13 @@ private:
 
 /// A page under edit, held as the window holds it: in a document, with its pixels shared by a view, and with a
 /// history.
-class EditedPage
+class MeasuredPage
 {
 public:
     using Edit = std::function<bool(ImageDocument &)>;
 
     /// @param source  what beNew() and beEdited() make the page; not needed for open()
-    explicit EditedPage(QImage source = {}) : original(std::move(source)), document({}, {}) { }
+    explicit MeasuredPage(QImage source = {}) : original(std::move(source)), document({}, {}) { }
 
     /// As after the opening of a file: nothing is left of earlier pages.
     void beNew();

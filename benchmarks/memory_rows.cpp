@@ -17,10 +17,10 @@ constexpr auto Tiff = "a4_600_tiff/page.tif";
 constexpr auto BlackTiff = "a4_600_1bit_tiff/page.tif";
 
 /// Edits that keep the size of the page.
-const std::array<EditedPage::Edit, 5> &same_size_edits()
+const std::array<MeasuredPage::Edit, 5> &same_size_edits()
 {
     constexpr int percent = 30;
-    static const std::array<EditedPage::Edit, 5> edits{
+    static const std::array<MeasuredPage::Edit, 5> edits{
         [](ImageDocument &document) { return document.rotate_180(1); },
         [](ImageDocument &document) { return document.flip_horizontally(1); },
         [](ImageDocument &document) { return document.invert(1); },
@@ -30,7 +30,7 @@ const std::array<EditedPage::Edit, 5> &same_size_edits()
     return edits;
 }
 
-bool edit_repeatedly(EditedPage &page, int count)
+bool edit_repeatedly(MeasuredPage &page, int count)
 {
     for (int i = 0; i < count; ++i) {
         if (!page.editWithSnapshot(same_size_edits().at(static_cast<std::size_t>(i) % same_size_edits().size())))
@@ -39,17 +39,17 @@ bool edit_repeatedly(EditedPage &page, int count)
     return true;
 }
 
-bool save(EditedPage &page, NewFiles &files)
+bool save(MeasuredPage &page, NewFiles &files)
 {
     return page.edit([&files](ImageDocument &document) { return document.save(files.next(), u"TIFF"_s); });
 }
 
 /// Opens a page and gives what @p measure finds. What is counted beforehand is the process without a page.
 Side measured_side(const char *input,
-                   const std::function<std::optional<double>(EditedPage &page, double bareBytes)> &measure)
+                   const std::function<std::optional<double>(MeasuredPage &page, double bareBytes)> &measure)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<EditedPage>();
+        const auto page = std::make_shared<MeasuredPage>();
         return [=, path = input_path(input, surroundings), bareBytes = resident_memory()] {
             const std::optional<double> bytes = page->open(path) ? measure(*page, bareBytes) : std::nullopt;
             page->beEmpty();
@@ -73,7 +73,7 @@ Side page_bytes_side()
     return {u"decoded bytes"_s, Side::Here, [](const Surroundings &) -> Round { return [] { return PageBytes; }; }};
 }
 
-std::optional<double> peak_of_edits_and_save(EditedPage &page, double /*bareBytes*/)
+std::optional<double> peak_of_edits_and_save(MeasuredPage &page, double /*bareBytes*/)
 {
     NewFiles files;
     restart_peak_memory();
@@ -81,14 +81,14 @@ std::optional<double> peak_of_edits_and_save(EditedPage &page, double /*bareByte
     return good ? std::optional(peak_memory()) : std::nullopt;
 }
 
-std::optional<double> extra_peak_of_rotation(EditedPage &page, double bareBytes)
+std::optional<double> extra_peak_of_rotation(MeasuredPage &page, double bareBytes)
 {
     restart_peak_memory();
     const bool good = page.editWithSnapshot([](ImageDocument &document) { return document.rotate_90(1); });
     return good ? std::optional(peak_memory() - bareBytes) : std::nullopt;
 }
 
-std::optional<double> extra_peak_of_save(EditedPage &page, double /*bareBytes*/)
+std::optional<double> extra_peak_of_save(MeasuredPage &page, double /*bareBytes*/)
 {
     NewFiles files;
     restart_peak_memory();
@@ -96,9 +96,9 @@ std::optional<double> extra_peak_of_save(EditedPage &page, double /*bareBytes*/)
     return save(page, files) ? std::optional(peak_memory() - before) : std::nullopt;
 }
 
-std::function<std::optional<double>(EditedPage &page, double bareBytes)> resident_after_edits(int count)
+std::function<std::optional<double>(MeasuredPage &page, double bareBytes)> resident_after_edits(int count)
 {
-    return [=](EditedPage &page, double /*bareBytes*/) {
+    return [=](MeasuredPage &page, double /*bareBytes*/) {
         return edit_repeatedly(page, count) ? std::optional(resident_memory()) : std::nullopt;
     };
 }
