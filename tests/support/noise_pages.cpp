@@ -4,6 +4,18 @@
 
 #include <memory>
 
+namespace {
+
+QList<QRgb> falling_greys()
+{
+    QList<QRgb> table;
+    for (int grey = 255; grey >= 0; --grey)
+        table.append(qRgb(grey, grey, grey));
+    return table;
+}
+
+} // namespace
+
 QList<PageKind> page_kinds()
 {
     return {
@@ -19,6 +31,7 @@ QList<PageKind> page_kinds()
         {"Indexed8 without table", QImage::Format_Indexed8, {}},
         {"RGB32", QImage::Format_RGB32, {}},
         {"ARGB32", QImage::Format_ARGB32, {}},
+        {"Indexed8 from white to black", QImage::Format_Indexed8, falling_greys()},
     };
 }
 

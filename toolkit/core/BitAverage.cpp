@@ -3,12 +3,24 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <cstring>
 
 namespace {
 
 constexpr int BitsPerByte = 8;
-constexpr int FieldBits = 8; ///< of a count: a block has at most 16 rows of 8 pixels in a byte
+constexpr int FieldBits = 8; ///< of a count
 constexpr quint32 Field = 0xffU;
+
+/// The number of ones in each byte, in that byte.
+quint64 ones_of_bytes(quint64 bits)
+{
+    constexpr quint64 pairs = 0x5555555555555555U;
+    constexpr quint64 fours = 0x3333333333333333U;
+    constexpr quint64 bytes = 0x0f0f0f0f0f0f0f0fU;
+    bits -= bits >> 1 & pairs;
+    bits = (bits & fours) + (bits >> 2 & fours);
+    return (bits + (bits >> 4)) & bytes;
+}
 
 } // namespace
 
@@ -47,7 +59,11 @@ void BitAverage::averageEvenly(const PageRows &rows, int step, int first, std::s
         prepare(step);
     const int firstByte = first / BitsPerByte;
     const int endByte = (first + step * static_cast<int>(target.size()) + BitsPerByte - 1) / BitsPerByte;
-    countRows(rows, firstByte, static_cast<std::size_t>(endByte - firstByte));
+    const auto byteCount = static_cast<std::size_t>(endByte - firstByte);
+    if (step < BitsPerByte)
+        countBlocks(rows, firstByte, byteCount);
+    else
+        countBytes(rows, firstByte, byteCount);
     switch (step) {
     case 2:
         mixBlocks<2>(first, target);
@@ -64,8 +80,28 @@ void BitAverage::averageEvenly(const PageRows &rows, int step, int first, std::s
     }
 }
 
+/// Counts the ones of neighbouring bytes, over at most 16 rows.
+void BitAverage::countBytes(const PageRows &rows, int firstByte, std::size_t byteCount)
+{
+    m_ones.assign(byteCount, 0);
+    for (int y = 0; y < rows.count; ++y) {
+        const uchar *const row = rows.row(y) + firstByte;
+        std::size_t i = 0;
+        for (; i + sizeof(quint64) <= byteCount; i += sizeof(quint64)) {
+            quint64 bits = 0;
+            quint64 sums = 0;
+            std::memcpy(&bits, row + i, sizeof bits);
+            std::memcpy(&sums, &m_ones[i], sizeof sums);
+            sums += ones_of_bytes(bits);
+            std::memcpy(&m_ones[i], &sums, sizeof sums);
+        }
+        for (; i < byteCount; ++i)
+            m_ones[i] = static_cast<uchar>(m_ones[i] + std::popcount(row[i]));
+    }
+}
+
 /// Counts the ones of the blocks in neighbouring bytes, over all rows.
-void BitAverage::countRows(const PageRows &rows, int firstByte, std::size_t byteCount)
+void BitAverage::countBlocks(const PageRows &rows, int firstByte, std::size_t byteCount)
 {
     m_sums.assign(byteCount, 0);
     for (int y = 0; y < rows.count; ++y) {
@@ -80,11 +116,13 @@ template <int Step> void BitAverage::mixBlocks(int first, std::span<QRgb> target
 {
     auto bit = static_cast<std::size_t>(first % BitsPerByte);
     for (QRgb &color : target) {
-        const quint32 sum = m_sums[bit / BitsPerByte];
-        if constexpr (Step > BitsPerByte)
-            color = m_mixtures[sum + m_sums[bit / BitsPerByte + 1]];
+        const std::size_t byte = bit / BitsPerByte;
+        if constexpr (Step < BitsPerByte)
+            color = m_mixtures[m_sums[byte] >> (bit % BitsPerByte / Step * FieldBits) & Field];
+        else if constexpr (Step == BitsPerByte)
+            color = m_mixtures[m_ones[byte]];
         else
-            color = m_mixtures[sum >> (bit % BitsPerByte / Step * FieldBits) & Field];
+            color = m_mixtures[static_cast<std::size_t>(m_ones[byte] + m_ones[byte + 1])];
         bit += Step;
     }
 }

@@ -30,7 +30,8 @@ public:
 private:
     template <int Step> void mixBlocks(int first, std::span<QRgb> target) const;
     void averageEvenly(const PageRows &rows, int step, int first, std::span<QRgb> target);
-    void countRows(const PageRows &rows, int firstByte, std::size_t byteCount);
+    void countBytes(const PageRows &rows, int firstByte, std::size_t byteCount);
+    void countBlocks(const PageRows &rows, int firstByte, std::size_t byteCount);
     void prepare(int step);
     [[nodiscard]] QRgb averageOf(const PageRows &rows, PixelSpan span) const;
     [[nodiscard]] int ones(const uchar *row, PixelSpan span) const;
@@ -43,6 +44,8 @@ private:
     std::array<std::array<uchar, 9>, 9> m_masks{}; ///< bits of the pixels of a byte, from one up to another
     int m_step = 0; ///< what is prepared
     std::vector<QRgb> m_mixtures; ///< by the number of ones in a block of step by step
-    std::array<quint32, 256> m_counts{}; ///< ones of each block in a byte, from the left, eight bits for each
+    std::array<quint32, 256>
+        m_counts{}; ///< ones of each block in a byte, where it has several, from the left, eight bits for each
     std::vector<quint32> m_sums; ///< of these over rows
+    std::vector<uchar> m_ones; ///< of whole bytes, over rows
 };

@@ -10,6 +10,7 @@ constexpr quint64 OneEach = 0x0001000100010001U; ///< 1 in each channel
 constexpr quint64 Bytes = 0x00ff00ff00ff00ffU;
 constexpr int ChannelBits = 16;
 constexpr std::size_t BlockColumns = 256; // at a time: their sums stay in the nearest cache
+constexpr int LinesAtOnce = 4; // so that sums are fetched and stored less often
 constexpr quint64 LowChannel = 0xffffU;
 
 quint64 spread(QRgb color)
@@ -99,18 +100,19 @@ template <int Step> void ByteAverage::averageRamp(const PageRows &rows, int firs
     constexpr quint32 white = 255 * Step * Step;
     constexpr QRgb opaque = 0xff000000U;
     constexpr QRgb eachColor = 0x00010101U;
+    constexpr int lines = std::min(Step, LinesAtOnce);
     const std::size_t width = target.size() * Step;
     std::array<quint16, BlockColumns * Step> sums;
-    for (int y = 0; y < Step; y += 2) {
-        const uchar *const upper = rows.row(y) + first;
-        const uchar *const lower = rows.row(y + 1) + first;
+    for (int y = 0; y < Step; y += lines) {
+        std::array<const uchar *, lines> line;
+        for (int i = 0; i < lines; ++i)
+            line[static_cast<std::size_t>(i)] = rows.row(y + i) + first;
         quint16 *const __restrict sum = sums.data();
-        if (y == 0) {
-            for (std::size_t x = 0; x < width; ++x)
-                sum[x] = static_cast<quint16>(upper[x] + lower[x]);
-        } else {
-            for (std::size_t x = 0; x < width; ++x)
-                sum[x] = static_cast<quint16>(sum[x] + upper[x] + lower[x]);
+        for (std::size_t x = 0; x < width; ++x) {
+            int added = y == 0 ? 0 : sum[x];
+            for (const uchar *const pixels : line)
+                added += pixels[x];
+            sum[x] = static_cast<quint16>(added);
         }
     }
     for (std::size_t i = 0; i < target.size(); ++i) {
@@ -127,7 +129,7 @@ template <int Step> void ByteAverage::averageColors(const PageRows &rows, int fi
 {
     constexpr quint64 half = Step * Step / 2 * OneEach;
     constexpr int shift = std::countr_zero(unsigned{Step * Step});
-    constexpr int lines = std::min(Step, 4); // read at once, so that a sum is fetched and stored less often
+    constexpr int lines = std::min(Step, LinesAtOnce);
     std::array<quint64, BlockColumns> sums;
 
     for (int y = 0; y < Step; y += lines) {

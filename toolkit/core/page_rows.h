@@ -8,6 +8,7 @@ struct PageRows
     const uchar *first = nullptr;
     qsizetype bytesPerLine = 0;
     int count = 0;
+    int following = 0; ///< lines of the page behind these, which are likely to be next
 
     [[nodiscard]] const uchar *row(int index) const { return first + index * bytesPerLine; }
 };
