@@ -62,6 +62,9 @@ struct Row
 /// Repainting, scrolling and selecting in the view, against bare widgets.
 [[nodiscard]] QList<Row> view_rows();
 
+/// Reduced pages, against one sweep over their bytes and bare widgets.
+[[nodiscard]] QList<Row> reduced_rows();
+
 /// Edits of a page with their snapshots, against the toolkit's own calls.
 [[nodiscard]] QList<Row> edit_rows();
 

@@ -1,6 +1,5 @@
 #include "painted_widgets.h"
 
-#include "ImageView.h"
 #include "Q3Canvas.h"
 
 #include <QApplication>
@@ -8,6 +7,8 @@
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmap>
+#include <QRegion>
 
 #include <chrono>
 #include <utility>
@@ -103,4 +104,41 @@ void send_mouse(QWidget *widget, QEvent::Type type, QPoint at, bool leftHeld)
     QMouseEvent event(type, at, widget->mapToGlobal(at), button, leftHeld ? Qt::LeftButton : Qt::NoButton,
                       Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
+}
+
+double seconds_of_repaint(Stage &stage, QWidget &widget)
+{
+    double seconds = 0;
+    for (int i = 0; i < PaintingsOfARound; ++i)
+        seconds += stage.secondsUntilPainted([&widget] { widget.update(); });
+    return seconds / PaintingsOfARound;
+}
+
+ShownView::ShownView(const QImage &page, int zoomIndex, QSize viewportSize)
+{
+    show_page(view, page);
+    (void)view.setZoomIndex(zoomIndex);
+    stage.bringUp();
+    fit_viewport(view, *view.viewport(), viewportSize);
+    if (view.viewport()->size() != viewportSize)
+        qFatal("the picture has another size than that of the bare widget");
+}
+
+ShownWidget::ShownWidget(std::function<void(QPainter &)> paint, QSize size) : widget(std::move(paint))
+{
+    widget.resize(size);
+    stage.bringUp();
+}
+
+std::function<void(QPainter &)> pixmap_painting(const QImage &page, double factor, QSize size)
+{
+    const QPixmap pixmap = QPixmap::fromImage(page);
+    const QRect covered(QPoint(0, 0), (QSizeF(pixmap.size()) * factor).toSize());
+    const QRegion ground = QRegion(QRect(QPoint(0, 0), size)) - covered;
+    return [=](QPainter &painter) {
+        for (const QRect &rectangle : ground)
+            painter.fillRect(rectangle, Qt::gray);
+        painter.scale(factor, factor);
+        painter.drawPixmap(0, 0, pixmap);
+    };
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ImageView.h"
+
 #include <QEvent>
 #include <QObject>
 #include <QPoint>
@@ -8,7 +10,6 @@
 
 #include <functional>
 
-class ImageView;
 class QImage;
 class QPainter;
 
@@ -62,3 +63,30 @@ void show_page(ImageView &view, const QImage &page);
 
 /// Sends a mouse event at a point of the widget, with the left button held or not.
 void send_mouse(QWidget *widget, QEvent::Type type, QPoint at, bool leftHeld);
+
+/// Steps that a round of painting takes the mean of.
+constexpr int PaintingsOfARound = 40;
+
+/// Mean seconds of a repaint that is asked for and comes by the event loop, as those that follow the mouse do.
+[[nodiscard]] double seconds_of_repaint(Stage &stage, QWidget &widget);
+
+/// A view on the screen that shows a page.
+struct ShownView
+{
+    ShownView(const QImage &page, int zoomIndex, QSize viewportSize);
+
+    ImageView view{nullptr};
+    Stage stage{view.viewport()};
+};
+
+/// A bare widget on the screen.
+struct ShownWidget
+{
+    ShownWidget(std::function<void(QPainter &)> paint, QSize size);
+
+    BareWidget widget;
+    Stage stage{&widget};
+};
+
+/// Paints a page by drawPixmap, and the ground only where the page does not reach: the same picture by the plainest road.
+[[nodiscard]] std::function<void(QPainter &)> pixmap_painting(const QImage &page, double factor, QSize size);

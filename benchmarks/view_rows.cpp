@@ -1,4 +1,5 @@
-// The view under the hand: repainting, scrolling and selecting, against bare widgets of the same size.
+// The view under the hand: repainting, scrolling and selecting, against bare widgets of the same size. Reduced pages
+// have rows of their own.
 
 #include "ImageView.h"
 #include "measured_pages.h"
@@ -7,7 +8,6 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QPixmap>
 
 #include <algorithm>
 #include <array>
@@ -23,53 +23,11 @@ struct Zoom
     double factor;
 };
 
-constexpr std::array Zooms{Zoom{"8:1", 8.0}, Zoom{"4:1", 4.0},  Zoom{"2:1", 2.0},   Zoom{"1:1", 1.0},
-                           Zoom{"1:2", 0.5}, Zoom{"1:4", 0.25}, Zoom{"1:8", 0.125}, Zoom{"1:16", 0.0625}};
+constexpr std::array Zooms{Zoom{"8:1", 8.0}, Zoom{"4:1", 4.0}, Zoom{"2:1", 2.0}, Zoom{"1:1", 1.0}};
 constexpr int NaturalSize = 3;
 
 /// What a window of 1280 by 1024 and the first window of the program, 335 by 564, leave for the picture and its bars.
 constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
-
-constexpr int StepsOfARound = 40;
-
-/// Mean seconds of a repaint that is asked for and comes by the event loop, as those that follow the mouse do.
-double seconds_of_repaint(Stage &stage, QWidget &widget)
-{
-    double seconds = 0;
-    for (int i = 0; i < StepsOfARound; ++i)
-        seconds += stage.secondsUntilPainted([&widget] { widget.update(); });
-    return seconds / StepsOfARound;
-}
-
-/// A view on the screen that shows a page.
-struct ShownView
-{
-    ImageView view{nullptr};
-    Stage stage{view.viewport()};
-
-    ShownView(const QImage &page, int zoomIndex, QSize viewportSize)
-    {
-        show_page(view, page);
-        (void)view.setZoomIndex(zoomIndex);
-        stage.bringUp();
-        fit_viewport(view, *view.viewport(), viewportSize);
-        if (view.viewport()->size() != viewportSize)
-            qFatal("the picture has another size than that of the bare widget");
-    }
-};
-
-/// A bare widget on the screen.
-struct ShownWidget
-{
-    BareWidget widget;
-    Stage stage{&widget};
-
-    ShownWidget(std::function<void(QPainter &)> paint, QSize size) : widget(std::move(paint))
-    {
-        widget.resize(size);
-        stage.bringUp();
-    }
-};
 
 Side view_repaint(int depth, int zoomIndex, QSize size)
 {
@@ -96,20 +54,11 @@ Side widget_repaint(const QString &name, QSize size,
     return {name, Side::OwnProcess, prepare};
 }
 
-/// The page by drawPixmap, and the ground only where the page does not reach: the same picture by the plainest road.
 Side pixmap_repaint(int zoomIndex, QSize size)
 {
     const double factor = Zooms.at(static_cast<std::size_t>(zoomIndex)).factor;
     return widget_repaint(u"drawPixmap"_s, size, [=](const Surroundings &surroundings) {
-        const QPixmap pixmap = QPixmap::fromImage(load_page(32, surroundings));
-        const QRect covered(QPoint(0, 0), (QSizeF(pixmap.size()) * factor).toSize());
-        const QRegion ground = QRegion(QRect(QPoint(0, 0), size)) - covered;
-        return [=](QPainter &painter) {
-            for (const QRect &rectangle : ground)
-                painter.fillRect(rectangle, Qt::gray);
-            painter.scale(factor, factor);
-            painter.drawPixmap(0, 0, pixmap);
-        };
+        return pixmap_painting(load_page(32, surroundings), factor, size);
     });
 }
 
@@ -132,13 +81,13 @@ Side drag(bool byHand, QSize size)
             QWidget *const viewport = shown->view.viewport();
             send_mouse(viewport, QEvent::MouseButtonPress, {size.width() / 2, size.height() / 2}, true);
             double seconds = 0;
-            for (int i = 1; i <= StepsOfARound; ++i) {
-                const int away = -5 * std::min(i, StepsOfARound - i); // out and back
+            for (int i = 1; i <= PaintingsOfARound; ++i) {
+                const int away = -5 * std::min(i, PaintingsOfARound - i); // out and back
                 const QPoint at(size.width() / 2 + away, size.height() / 2 + away);
                 seconds += shown->stage.secondsUntilPainted([&] { send_mouse(viewport, QEvent::MouseMove, at, true); });
             }
             send_mouse(viewport, QEvent::MouseButtonRelease, {0, 0}, false);
-            return seconds / StepsOfARound;
+            return seconds / PaintingsOfARound;
         };
     };
     return {byHand ? u"scroll"_s : u"select"_s, Side::OwnProcess, prepare};

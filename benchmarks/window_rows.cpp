@@ -20,18 +20,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto Tiff = "a4_600_tiff/page.tif";
+constexpr auto BitTiff = "a4_600_1bit_tiff/page.tif";
 constexpr std::array ViewportSizes{QSize(1260, 1000), QSize(315, 420)};
+constexpr QSize ReducedViewport(1200, 900);
 constexpr std::array ZoomNames{"8:1", "4:1", "2:1", "1:1", "1:2", "1:4", "1:8", "1:16"};
+constexpr std::size_t NaturalSize = 3;
 constexpr int StepsOfARound = 10;
 
 /// The main window with a page.
 class PageWindow
 {
 public:
-    explicit PageWindow(const Surroundings &surroundings)
+    explicit PageWindow(const Surroundings &surroundings, const char *file = Tiff)
     {
         window.show();
-        if (!window.load_file(input_path(Tiff, surroundings), u"TIFF"_s, false))
+        if (!window.load_file(input_path(file, surroundings), u"TIFF"_s, false))
             qFatal("the window does not open the page");
     }
 
@@ -53,10 +56,10 @@ struct WatchedWindow : PageWindow
 };
 
 /// Steps to a zoom from the larger one beside it; to the largest from the smaller one.
-Side zoom_side(int index, QSize size)
+Side zoom_side(int index, QSize size, const char *file = Tiff)
 {
     const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto page = std::make_shared<WatchedWindow>(surroundings);
+        const auto page = std::make_shared<WatchedWindow>(surroundings, file);
         page->stage.bringUp();
         while (page->view().zoomIndex() > 0)
             page->action(u"view_zoom_in"_s)->trigger();
@@ -109,11 +112,48 @@ QList<Bar> zoom_bars()
 {
     QList<Bar> bars;
     for (const QSize size : ViewportSizes) {
-        for (int i = 0; i < static_cast<int>(ZoomNames.size()); ++i) {
+        for (int i = 0; i <= static_cast<int>(NaturalSize); ++i) {
             const QString zoom = QString::fromLatin1(ZoomNames.at(static_cast<std::size_t>(i)));
             bars.append({u"plain fill, %1x%2 to %3"_s.arg(size.width()).arg(size.height()).arg(zoom), Bar::SecondsRatio,
                          4.5, zoom_side(i, size), plain_fill_side(size)});
         }
+    }
+    return bars;
+}
+
+/// The visible part of a page scaled smoothly, and the page by drawPixmap.
+Side smooth_side(int depth, int reduction)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const QImage page = load_page(depth, surroundings);
+        const QSize part = (ReducedViewport * reduction).boundedTo(page.size());
+        const QImage visible = page.copy(QRect(QPoint(0, 0), part));
+        const auto shown =
+            std::make_shared<ShownWidget>(pixmap_painting(page, 1.0 / reduction, ReducedViewport), ReducedViewport);
+        return [=] {
+            double seconds = 0;
+            for (int i = 0; i < StepsOfARound; ++i) {
+                shown->stage.bringUp();
+                seconds += shown->stage.secondsUntilSettled([&] { shown->widget.update(); });
+                seconds += seconds_of([&] {
+                    (void)visible.scaled(part / reduction, Qt::IgnoreAspectRatio, Qt::SmoothTransformation); // its time
+                });
+            }
+            return seconds / StepsOfARound;
+        };
+    };
+    return {u"smooth scaled + drawPixmap"_s, Side::OwnProcess, prepare};
+}
+
+QList<Bar> reduced_zoom_bars(int depth, const char *file, double goal)
+{
+    QList<Bar> bars;
+    for (std::size_t i = NaturalSize + 1; i < ZoomNames.size(); ++i) {
+        const QString name =
+            u"smooth scaled + drawPixmap, %1 bit to %2"_s.arg(depth).arg(QString::fromLatin1(ZoomNames.at(i)));
+        const int index = static_cast<int>(i);
+        bars.append({name, Bar::SecondsRatio, goal, zoom_side(index, ReducedViewport, file),
+                     smooth_side(depth, 1 << (i - NaturalSize))});
     }
     return bars;
 }
@@ -175,6 +215,7 @@ QList<Row> window_rows()
 {
     return {
         {37, u"zoom step, 32-bit page"_s, zoom_bars()},
+        {114, u"zoom step to a reduced page"_s, reduced_zoom_bars(32, Tiff, 1.0) + reduced_zoom_bars(1, BitTiff, 0.25)},
         {43, u"command to disabled window and status text"_s, {{u"-"_s, Bar::Seconds, 0.050, command_side(), {}}}},
     };
 }
