@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kept_pages.h"
+#include "page_operations.h"
 #include "UndoHistory.h"
 
 #include <QFileInfo>
@@ -69,6 +70,12 @@ public:
     /// Takes along what another document keeps, behind the pages that are there.
     /// @return false, with nothing taken, if it cannot be kept together with what is kept already
     [[nodiscard]] bool keepPagesOf(const ImageDocument &other);
+
+    /// Runs a page operation of the table. depth_1_bit() to flip_horizontally() are these by name, for tests: the window
+    /// asks for rows.
+    /// @param percent  not looked at by an operation that takes none
+    /// @return false if there is no result, and nothing has changed then
+    [[nodiscard]] bool change(uint pi, PageChange operation, int percent = 0);
 
     /// Replaces the name and keeps the directory; the file on disk is not touched.
     void setFileName(const QString &name);

@@ -165,3 +165,12 @@ QImage indexed_page(const QImage &page)
     }
     return result;
 }
+
+QImage with_color_255_of(const QImage &page, QImage result)
+{
+    constexpr int Kept = 255;
+    // The toolkit would make a shorter table longer.
+    if (page.depth() == 8 && page.colorCount() > Kept && result.colorCount() > Kept)
+        result.setColor(Kept, page.color(Kept));
+    return result;
+}

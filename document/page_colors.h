@@ -10,3 +10,6 @@
 /// @param page  RGB32
 /// @return null if the memory is short
 [[nodiscard]] QImage indexed_page(const QImage &page);
+
+/// The result of a change of a page, with entry 255 of the page's colour table if both are indexed and have one.
+[[nodiscard]] QImage with_color_255_of(const QImage &page, QImage result);

@@ -3,26 +3,18 @@
 #include "brightness.h"
 #include "contrast.h"
 #include "page_buffers.h"
-#include "page_depth.h"
-#include "page_turns.h"
+#include "page_operations.h"
 
 #include <QList>
 
 #include <algorithm>
 #include <optional>
 #include <span>
-#include <utility>
 
 namespace {
 
 constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
-
-bool answer_with(QImage &dst, QImage result)
-{
-    dst = std::move(result);
-    return !dst.isNull();
-}
 
 using WordKernel = void (*)(std::span<const QRgb> words, std::span<QRgb> result, int percent);
 
@@ -48,20 +40,6 @@ QImage with_changed_words(const QImage &page, int percent, WordKernel kernel)
     kernel({reinterpret_cast<const QRgb *>(page.constBits()), count}, {reinterpret_cast<QRgb *>(result.bits()), count},
            percent);
     return result;
-}
-
-/// The shape that brightness and contrast share. Logs under @p name.
-bool preview_change(const char *name, const QImage &src, QImage &dst, int percent, WordKernel kernel)
-{
-    if (src.width() == 0 || src.height() == 0) {
-        qDebug("%s - empty image!", name);
-        return false;
-    }
-    if (percent == 0) {
-        qDebug("%s - zero parameter", name);
-        return answer_with(dst, src);
-    }
-    return answer_with(dst, with_changed_words(src, percent, kernel));
 }
 
 std::optional<int> last_entry(const QImage &image, QRgb wanted)
@@ -90,59 +68,59 @@ QImage contrasted_page(const QImage &page, int percent)
     return with_changed_words(page, percent, contrast_words);
 }
 
-bool trans_invert(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_invert(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, inverted(src));
+    return page_operation(PageChange::Invert).preview(src, dst, parameter);
 }
 
-bool trans_flip_vertically(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_flip_vertically(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, mirrored(src, false, true));
+    return page_operation(PageChange::FlipVertically).preview(src, dst, parameter);
 }
 
-bool trans_flip_horizontally(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_flip_horizontally(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, mirrored(src, true, false));
+    return page_operation(PageChange::FlipHorizontally).preview(src, dst, parameter);
 }
 
-bool trans_rotate_180(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_rotate_180(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, mirrored(src, true, true));
+    return page_operation(PageChange::Rotate180).preview(src, dst, parameter);
 }
 
-bool trans_rotate_90(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_rotate_90(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, turned(src, QuarterTurn::CounterClockwise));
+    return page_operation(PageChange::Rotate90).preview(src, dst, parameter);
 }
 
-bool trans_rotate_270(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_rotate_270(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, turned(src, QuarterTurn::Clockwise));
+    return page_operation(PageChange::Rotate270).preview(src, dst, parameter);
 }
 
-bool trans_depth_1_bit(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_depth_1_bit(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, converted_to_depth(src, 1));
+    return page_operation(PageChange::Depth1Bit).preview(src, dst, parameter);
 }
 
-bool trans_depth_8_bit(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_depth_8_bit(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, converted_to_depth(src, 8));
+    return page_operation(PageChange::Depth8Bit).preview(src, dst, parameter);
 }
 
-bool trans_depth_32_bit(const QImage &src, QImage &dst, const int * /*parameter*/)
+bool trans_depth_32_bit(const QImage &src, QImage &dst, const int *parameter)
 {
-    return answer_with(dst, converted_to_depth(src, 32));
+    return page_operation(PageChange::Depth32Bit).preview(src, dst, parameter);
 }
 
 bool trans_brightness(const QImage &src, QImage &dst, const int *percent)
 {
-    return preview_change("trans_brightness", src, dst, *percent, brighten_words);
+    return page_operation(PageChange::Brightness).preview(src, dst, percent);
 }
 
 bool trans_contrast(const QImage &src, QImage &dst, const int *percent)
 {
-    return preview_change("trans_contrast", src, dst, *percent, contrast_words);
+    return page_operation(PageChange::Contrast).preview(src, dst, percent);
 }
 
 void patch_palette(QImage &image)

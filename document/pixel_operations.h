@@ -7,7 +7,7 @@
 /// @return false if there is no result
 using ImageTransform = bool (*)(const QImage &src, QImage &dst, const int *parameter);
 
-// The previews of the page operations of ImageDocument. Both call the same kernels.
+// The previews in the table of page_operations.h by name, for tests and benchmarks: the window asks for rows.
 
 [[nodiscard]] bool trans_invert(const QImage &src, QImage &dst, const int *parameter);
 [[nodiscard]] bool trans_flip_vertically(const QImage &src, QImage &dst, const int *parameter);

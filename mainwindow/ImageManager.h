@@ -4,7 +4,7 @@
 #include "EditBracket.h"
 #include "EditHost.h"
 #include "LeftoverWatch.h"
-#include "pixel_operations.h"
+#include "page_operations.h"
 #include "save_targets.h"
 #include "UndoHistory.h"
 
@@ -183,9 +183,7 @@ private:
     [[nodiscard]] bool applyHistory(HistoryStep step, uint steps) { return bracket->applyHistory(step, steps); }
     bool runEdit(const std::function<bool(uint)> &operation);
     [[nodiscard]] bool isAccepted(QDialog &dialog);
-    void previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint));
-    void previewEdit(const QString &title, const QString &label, ImageTransform transform,
-                     bool (ImageDocument::*operation)(uint, int));
+    void previewEdit(PageChange change);
     void scalePage(const ScaleCommand &command);
 
     void updateDocumentActions();

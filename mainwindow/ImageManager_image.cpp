@@ -5,7 +5,7 @@
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
 #include "InputFixedDialog.h"
-#include "pixel_operations.h"
+#include "page_operations.h"
 #include "PropertiesDialog.h"
 #include "Q3Canvas.h"
 #include "ResizeDialog.h"
@@ -50,78 +50,76 @@ bool ImageManager::isAccepted(QDialog &dialog)
     return dialog.exec() == QDialog::Accepted && tab;
 }
 
-void ImageManager::previewEdit(const QString &title, ImageTransform transform, bool (ImageDocument::*operation)(uint))
+/// Shows what an operation makes of the page, and does it if that is accepted.
+void ImageManager::previewEdit(PageChange change)
 {
-    SimplePreviewDialog dialog(title, currentPageImage(), transform, this, PlainPreview, {}, nullptr, true);
-    if (isAccepted(dialog))
-        runEdit([this, operation](uint page) { return (currentDocument()->*operation)(page); });
-}
-
-void ImageManager::previewEdit(const QString &title, const QString &label, ImageTransform transform,
-                               bool (ImageDocument::*operation)(uint, int))
-{
-    const PreviewParameters parameters{.min = -100, .max = 100, .init = 0, .step = 1, .label = label};
-    SimplePreviewDialog dialog(title, currentPageImage(), transform, this, SliderPreview, parameters, nullptr, true);
+    const PageOperation &operation = page_operation(change);
+    PreviewParameters parameters;
+    if (const auto &range = operation.range)
+        parameters = {
+            .min = range->min, .max = range->max, .init = range->init, .step = range->step, .label = tr(range->label)};
+    SimplePreviewDialog dialog(tr(operation.title), currentPageImage(), operation.preview, this,
+                               operation.range ? SliderPreview : PlainPreview, parameters, nullptr, true);
     if (!isAccepted(dialog))
         return;
     int percent = 0;
     dialog.value(&percent);
-    runEdit([this, operation, percent](uint page) { return (currentDocument()->*operation)(page, percent); });
+    runEdit([this, change, percent](uint page) { return currentDocument()->change(page, change, percent); });
 }
 
 void ImageManager::image_depth_1_bit()
 {
-    previewEdit(tr("Image Depth 1 bit"), trans_depth_1_bit, &ImageDocument::depth_1_bit);
+    previewEdit(PageChange::Depth1Bit);
 }
 
 void ImageManager::image_depth_8_bit()
 {
-    previewEdit(tr("Image Depth 8 bit"), trans_depth_8_bit, &ImageDocument::depth_8_bit);
+    previewEdit(PageChange::Depth8Bit);
 }
 
 void ImageManager::image_depth_32_bit()
 {
-    previewEdit(tr("Image Depth 32 bit"), trans_depth_32_bit, &ImageDocument::depth_32_bit);
+    previewEdit(PageChange::Depth32Bit);
 }
 
 void ImageManager::image_invert()
 {
-    previewEdit(tr("Invert"), trans_invert, &ImageDocument::invert);
+    previewEdit(PageChange::Invert);
 }
 
 void ImageManager::image_brightness()
 {
-    previewEdit(tr("Brightness"), tr("Set Brightness"), trans_brightness, &ImageDocument::brightness);
+    previewEdit(PageChange::Brightness);
 }
 
 void ImageManager::image_contrast()
 {
-    previewEdit(tr("Contrast"), tr("Set Contrast"), trans_contrast, &ImageDocument::contrast);
+    previewEdit(PageChange::Contrast);
 }
 
 void ImageManager::image_rotate_90()
 {
-    previewEdit(tr("Rotate 90 degrees CCW"), trans_rotate_90, &ImageDocument::rotate_90);
+    previewEdit(PageChange::Rotate90);
 }
 
 void ImageManager::image_rotate_180()
 {
-    previewEdit(tr("Rotate 180 degrees"), trans_rotate_180, &ImageDocument::rotate_180);
+    previewEdit(PageChange::Rotate180);
 }
 
 void ImageManager::image_rotate_270()
 {
-    previewEdit(tr("Rotate 90 degrees CW"), trans_rotate_270, &ImageDocument::rotate_270);
+    previewEdit(PageChange::Rotate270);
 }
 
 void ImageManager::image_flip_vertically()
 {
-    previewEdit(tr("Flip Vertically"), trans_flip_vertically, &ImageDocument::flip_vertically);
+    previewEdit(PageChange::FlipVertically);
 }
 
 void ImageManager::image_flip_horizontally()
 {
-    previewEdit(tr("Flip Horizontally"), trans_flip_horizontally, &ImageDocument::flip_horizontally);
+    previewEdit(PageChange::FlipHorizontally);
 }
 
 void ImageManager::scalePage(const ScaleCommand &command)

@@ -8,6 +8,7 @@
 
 #include <QFileDialog>
 #include <QPushButton>
+#include <QSlider>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -146,6 +147,27 @@ private slots:
 
         QCOMPARE(title, u"Datei öffnen"_s);
         QVERIFY2(filter.startsWith("Alle Bilddateien (*."_L1), qPrintable(filter));
+    }
+
+    void anEditSpeaksTheUsersLanguage()
+    {
+        const Language spoken(u"de"_s);
+        WindowFixture fixture;
+        QVERIFY(fixture.open(u"a.png"_s));
+        QString title;
+        QString label;
+        {
+            const NextDialog dialog([&title, &label](QDialog &shown) {
+                title = shown.windowTitle();
+                label = shown.findChild<QSlider *>()->accessibleName();
+                shown.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
+            });
+            fixture.action(u"image_contrast"_s)->trigger();
+        }
+
+        QCOMPARE(title, u"Kontrast"_s);
+        QCOMPARE(label, u"Kontrast einstellen"_s);
+        QCOMPARE(fixture.window.statusBar()->currentMessage(), u"Bild wird geändert..."_s);
     }
 
     void reasonOfAFailedSaveIsTranslated()
