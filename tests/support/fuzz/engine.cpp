@@ -11,17 +11,6 @@
 
 extern "C" {
 
-// What a file claims to need is refused like on a machine of little memory, not found to be a mistake.
-const char *__asan_default_options() // NOLINT(bugprone-reserved-identifier): the sanitizer's name
-{
-    return "allocator_may_return_null=1:max_allocation_size_mb=320:detect_stack_use_after_return=0";
-}
-
-const char *__ubsan_default_options() // NOLINT(bugprone-reserved-identifier): the sanitizer's name
-{
-    return "print_stacktrace=1";
-}
-
 int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     if (*argc != 3 || std::string_view((*argv)[1]) != "--seeds")
