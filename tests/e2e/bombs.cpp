@@ -137,7 +137,7 @@ QByteArray lossless_chunk(quint32 side)
     const quint32 sides = (side - 1) | (side - 1) << 14U;
     // Three bits that nothing special follows, and a table of one symbol, 0, for each of five alphabets.
     constexpr quint32 Tables = 0x88888;
-    return riff_chunk("VP8L"_ba, "\x2f"_ba + little(sides, 4) + little(Tables, 3));
+    return riff_chunk("VP8L"_ba, "/"_ba + little(sides, 4) + little(Tables, 3));
 }
 
 } // namespace
@@ -155,7 +155,7 @@ QByteArray tiff_bomb(quint32 side)
     constexpr quint32 Places = 8;
     constexpr quint32 Counts = Places + Strips * 4;
     constexpr quint32 Data = Counts + Strips * 4;
-    const QByteArray data = zlib_zeros((side + 7) / 8 * (side / Strips), 1);
+    const QByteArray data = zlib_zeros(qsizetype{(side + 7) / 8} * (side / Strips), 1);
     QByteArray bytes = "II"_ba + little(42, 2) + little(Data + static_cast<quint64>(data.size()), 4);
     for (const quint64 value : {quint64{Data}, static_cast<quint64>(data.size())}) {
         for (quint32 i = 0; i < Strips; ++i)

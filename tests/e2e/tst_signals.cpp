@@ -27,7 +27,9 @@ class tst_signals : public QObject
 private slots:
     void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data();
     void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion();
+    void anAskedForEndComesThroughADialog_data();
     void anAskedForEndComesThroughADialog();
+    void anAskedForEndComesThroughABoxOfTheStart_data();
     void anAskedForEndComesThroughABoxOfTheStart();
     void anAskedForEndWakesAWaitingInstance();
     void fullStandardErrorHoldsNothingUp();
@@ -80,15 +82,20 @@ private:
     int m_descriptor = -1;
 };
 
-} // namespace
-
-void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data()
+void add_signals()
 {
     QTest::addColumn<int>("number");
 
     QTest::newRow("SIGTERM") << SIGTERM;
     QTest::newRow("SIGHUP") << SIGHUP;
     QTest::newRow("SIGINT") << SIGINT;
+}
+
+} // namespace
+
+void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data()
+{
+    add_signals();
 }
 
 void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
@@ -109,8 +116,15 @@ void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
     QCOMPARE(settings.value("image_editor/image_editor_width"_L1).toInt(), 700);
 }
 
+void tst_signals::anAskedForEndComesThroughADialog_data()
+{
+    add_signals();
+}
+
 void tst_signals::anAskedForEndComesThroughADialog()
 {
+    QFETCH(const int, number);
+    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
     const Place place;
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
@@ -118,22 +132,29 @@ void tst_signals::anAskedForEndComesThroughADialog()
     program.desktop().pressKey("o", {"Control_L"});
     QTRY_VERIFY(!program.application().find(Role::Dialog).isNull());
 
-    ask_to_end(program);
+    ask_to_end(program, number);
 
-    QCOMPARE(program.process().waitForEndBySignal(), SIGTERM);
+    QCOMPARE(program.process().waitForEndBySignal(), number);
+}
+
+void tst_signals::anAskedForEndComesThroughABoxOfTheStart_data()
+{
+    add_signals();
 }
 
 void tst_signals::anAskedForEndComesThroughABoxOfTheStart()
 {
+    QFETCH(const int, number);
+    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
     const Place place;
     ImageManagerProgram program(place);
     const QString temporary = place.page(u"scan.bmp"_s);
     QVERIFY(program.start({place.path(u"missing.bmp"_s), u"-t"_s, temporary}));
     QCOMPARE(program.process().waitForMessageBox().title, u"Load failed"_s);
 
-    ask_to_end(program);
+    ask_to_end(program, number);
 
-    QCOMPARE(program.process().waitForEndBySignal(), SIGTERM);
+    QCOMPARE(program.process().waitForEndBySignal(), number);
     QVERIFY(QFile::exists(temporary));
 }
 
