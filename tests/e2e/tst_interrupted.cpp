@@ -1,7 +1,9 @@
 #include "ImageManagerProgram.h"
 #include "lost_display.h"
 #include "pictures.h"
+#include "private_mounts.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -26,6 +28,8 @@ private slots:
     void displayThatGoesWhileNothingHappensLeavesTheFile();
     void displayThatGoesDuringASaveLeavesAWholeFile();
     void displayThatGoesDuringAnEditLeavesTheFile();
+    void diskThatFillsDuringASnapshotCostsNothing();
+    void diskThatFillsDuringASaveTakesTheNewFileAllTheSame();
     void snapshotsOfAnEarlierRunInTheSameSecondStay();
 };
 
@@ -43,11 +47,25 @@ QImage inverted_page()
     return page;
 }
 
-/// The program with one page, under a shim that stops it at a certain place.
+/// Takes all room of a disk.
+void fill_disk(const QString &folder)
+{
+    const QByteArray block(4096, 'x');
+    QFile file(folder + "/filler"_L1);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        qFatal("cannot make the filler");
+    while (file.write(block) == block.size()) { }
+}
+
+/// The program with one page, under a shim that stops it at a certain place. Home and page have a disk of 2 MiB each.
 class StoppingProgram
 {
 public:
-    StoppingProgram() : path(place.page(u"a.bmp"_s)), program(place)
+    StoppingProgram() :
+        homeDisk("none", QFile::encodeName(place.home()), "tmpfs", 0, "size=2m"),
+        pagesDisk("none", QFile::encodeName(place.path(u"."_s)), "tmpfs", 0, "size=2m"),
+        path(place.page(u"a.bmp"_s)),
+        program(place)
     {
         program.process().setEnvironment(u"LD_PRELOAD"_s, QStringLiteral(IM_SHIM));
     }
@@ -88,6 +106,8 @@ public:
     [[nodiscard]] QStringList snapshots() const { return QDir(place.home() + "/tmp"_L1).entryList(QDir::Files); }
 
     const Place place;
+    const PrivateMount homeDisk;
+    const PrivateMount pagesDisk;
     const QString path;
     ImageManagerProgram program;
     WindowId window = 0;
@@ -211,6 +231,37 @@ void tst_interrupted::displayThatGoesDuringAnEditLeavesTheFile()
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 
+void tst_interrupted::diskThatFillsDuringASnapshotCostsNothing()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInAnEdit());
+
+    fill_disk(stopping.place.home());
+    stopping.goOn();
+
+    // Its room has been reserved before its first byte.
+    QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp*"_s, Program::patienceMs);
+    QCOMPARE(stopping.snapshots().size(), 1);
+    const QString snapshot = stopping.place.home() + "/tmp/"_L1 + stopping.snapshots().constFirst();
+    QVERIFY(compare_pictures(rgb(snapshot), patterned_page({100, 80})));
+}
+
+void tst_interrupted::diskThatFillsDuringASaveTakesTheNewFileAllTheSame()
+{
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopInASave());
+
+    fill_disk(QFileInfo(stopping.path).path());
+    stopping.goOn();
+
+    // It is completed on the other disk, and the old one gives its room.
+    QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp"_s, Program::patienceMs);
+    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QCOMPARE(stopping.files(), (QStringList{u"a.bmp"_s, u"filler"_s}));
+    QCOMPARE(stopping.program.close(), 0);
+    QCOMPARE(stopping.snapshots(), QStringList());
+}
+
 namespace {
 
 constexpr auto Second = "1000000000"_L1;
@@ -273,5 +324,11 @@ void tst_interrupted::snapshotsOfAnEarlierRunInTheSameSecondStay()
     QCOMPARE(QImage(place.home() + "/tmp/"_L1 + left.first()).size(), QSize(60, 50));
 }
 
-QTEST_GUILESS_MAIN(tst_interrupted)
+int main(int argc, char **argv)
+{
+    leave_common_mounts();
+    const QCoreApplication application(argc, argv);
+    tst_interrupted test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_interrupted.moc"
