@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files.h"
 #include "Smtp.h"
 
 #include <QFile>
@@ -16,12 +17,7 @@ class SentMail
 public:
     SentMail() { attach("ABC"); }
 
-    void attach(const QByteArray &bytes) const
-    {
-        QFile file(attachment);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("SentMail - no attachment");
-    }
+    void attach(const QByteArray &bytes) const { write_file(attachment, bytes); }
 
     void send(const SmtpPolicy &policy = Smtp::defaultPolicy())
     {

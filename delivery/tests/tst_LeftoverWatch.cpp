@@ -1,3 +1,4 @@
+#include "files.h"
 #include "LeftoverWatch.h"
 
 #include "Q3Process.h"
@@ -30,11 +31,7 @@ public:
         reader.addArgument(directory.filePath(u"go"_s));
     }
 
-    void make(const QString &name) const
-    {
-        QFile file(directory.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    void make(const QString &name) const { write_file(directory.filePath(name), {}); }
     [[nodiscard]] QString file() const { return directory.filePath(u"page (1) $x *.png"_s); }
     [[nodiscard]] bool hasFile() const { return QFile::exists(file()); }
 

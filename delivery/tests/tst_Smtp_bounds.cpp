@@ -279,11 +279,5 @@ private:
     std::unique_ptr<NameServer> names;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QApplication application(argc, argv);
-    tst_Smtp_bounds test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QApplication, tst_Smtp_bounds, leave_common_network)
 #include "tst_Smtp_bounds.moc"

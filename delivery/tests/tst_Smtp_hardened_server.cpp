@@ -1,3 +1,4 @@
+#include "files.h"
 #include "NameServer.h"
 #include "private_namespaces.h"
 #include "SentMail.h"
@@ -48,12 +49,6 @@ private:
     QTemporaryDir directory;
     QProcess process;
 };
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -122,10 +117,7 @@ private slots:
         QByteArray bytes;
         for (int i = 0; i < size; ++i)
             bytes += static_cast<char>(i * 7);
-        QFile file(mail.attachment);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-        file.close();
+        write_file(mail.attachment, bytes);
 
         mail.send(smtp_policy(true));
 
@@ -147,18 +139,12 @@ private slots:
         QCOMPARE(attachment["type"_L1].toString(), type);
         QCOMPARE(attachment["name"_L1].toString(), name);
         QCOMPARE(attachment["defects"_L1].toInt(), 0);
-        QCOMPARE(bytes_of(attachment["file"_L1].toString()), bytes);
+        QCOMPARE(file_bytes(attachment["file"_L1].toString()), bytes);
     }
 
 private:
     std::unique_ptr<NameServer> names;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QApplication application(argc, argv);
-    tst_Smtp_hardened_server test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QApplication, tst_Smtp_hardened_server, leave_common_network)
 #include "tst_Smtp_hardened_server.moc"

@@ -13,15 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// 200 exchangers of many.test, by priority.
-QStringList many_exchangers()
-{
-    QStringList options;
-    for (int i = 0; i < 200; ++i)
-        options.append(u"--mx-host=many.test,relay-%1.many.test,%1"_s.arg(i));
-    return options;
-}
-
 QString tried(const QStringList &hosts)
 {
     return u"Connecting to:\n"_s + hosts.join(u'\n');
@@ -270,11 +261,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QApplication application(argc, argv);
-    tst_Smtp_hosts test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QApplication, tst_Smtp_hosts, leave_common_network)
 #include "tst_Smtp_hosts.moc"

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "NameServer.h"
 #include "NextBox.h"
 #include "private_namespaces.h"
@@ -99,12 +100,7 @@ private:
                "smtpd_sasl_type = cyrus\nsmtpd_sasl_path = smtpd\n";
     }
 
-    void write(const QString &name, const QByteArray &text) const
-    {
-        QFile file(directory.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("Postfix - no configuration");
-    }
+    void write(const QString &name, const QByteArray &text) const { write_file(directory.filePath(name), text); }
 
     QTemporaryDir directory{u"/tmp/postfix-XXXXXX"_s}; // its sockets have no room for a long path
     QProcess process;
@@ -127,12 +123,6 @@ bool has_logins()
     const bool hasMechanism = ::glob("/usr/lib/*/sasl2/liblogin.so", 0, nullptr, &found) == 0;
     ::globfree(&found);
     return hasMechanism && ::access(QFile::encodeName(passwordProgram).constData(), X_OK) == 0;
-}
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -158,11 +148,8 @@ private slots:
         const Postfix server(false);
         SentMail mail;
         address(mail);
-        QFile file(mail.attachment);
-        QVERIFY(file.open(QIODevice::WriteOnly));
         const QByteArray bytes = QByteArray("A\r\n.\r\n\0\xff", 8).repeated(5000);
-        QCOMPARE(file.write(bytes), bytes.size());
-        file.close();
+        write_file(mail.attachment, bytes);
 
         mail.send(smtp_policy(isStrict));
 
@@ -170,7 +157,7 @@ private slots:
         QCOMPARE(mail.statuses.last(2), (QStringList{u"Message sent"_s, u"(completed)"_s}));
         const QString found = mail.directory.filePath(u"found"_s);
         QCOMPARE(read_mailbox(server.mailbox(), found), (QByteArrayList{"scan", "Hello"}));
-        QCOMPARE(bytes_of(found), bytes);
+        QCOMPARE(file_bytes(found), bytes);
     }
 
     void aServerThatRefusesBareLineFeedsDeliversStrictMailAlone()
@@ -228,7 +215,7 @@ private slots:
         QVERIFY(mail.smtp->releasesFile());
         const QString found = mail.directory.filePath(u"found"_s);
         QCOMPARE(read_mailbox(server.mailbox(), found), (QByteArrayList{"scan", "Hello"})); // the one message there
-        QCOMPARE(bytes_of(found), "ABC"_ba);
+        QCOMPARE(file_bytes(found), "ABC"_ba);
     }
 
 private:

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "page_files.h"
 #include "pictures.h"
 #include "TemporaryHome.h"
@@ -23,19 +24,13 @@ QImage page_of(QImage::Format format, QSize size)
     return page;
 }
 
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
 /// What the toolkit makes of the page.
 QByteArray toolkit_bytes(const TemporaryHome &home, const QImage &page, const char *format)
 {
     const QString path = home.filePath(u"by the toolkit"_s);
     if (!page.save(path, format))
         qFatal("the toolkit cannot save the page");
-    return bytes_of(path);
+    return file_bytes(path);
 }
 
 bool print(const QString &path, const QImage &page)
@@ -82,7 +77,7 @@ private slots:
 
         QVERIFY(write_editor_file(home.filePath(u"x"_s), page));
 
-        QCOMPARE(bytes_of(home.filePath(u"x"_s)), toolkit_bytes(home, page, "BMP"));
+        QCOMPARE(file_bytes(home.filePath(u"x"_s)), toolkit_bytes(home, page, "BMP"));
     }
 
     void recogniserFileHasTheToolkitsPixels_data() { pages(); }
@@ -93,7 +88,7 @@ private slots:
 
         QVERIFY(write_recogniser_file(home.filePath(u"x"_s), page));
 
-        const QByteArray bytes = bytes_of(home.filePath(u"x"_s));
+        const QByteArray bytes = file_bytes(home.filePath(u"x"_s));
         QCOMPARE(QImage::fromData(bytes, "PBM"), QImage::fromData(toolkit_bytes(home, page, "PBM"), "PBM"));
         QVERIFY(bytes.startsWith("P4\n"));
     }
@@ -109,23 +104,21 @@ private slots:
 
         QVERIFY(write_recogniser_file(home.filePath(u"x"_s), page));
 
-        QCOMPARE(bytes_of(home.filePath(u"x"_s)), QByteArray("P4\n10 1\n\xaa\x80", 10));
+        QCOMPARE(file_bytes(home.filePath(u"x"_s)), QByteArray("P4\n10 1\n\xaa\x80", 10));
     }
 
     void fileThatLiesThereIsWrittenOver()
     {
         const TemporaryHome home;
         const QImage page = page_of(QImage::Format_RGB32, {4, 4});
-        for (const QString &name : {u"editor"_s, u"recogniser"_s}) {
-            QFile file(home.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(10'000, 'x')) == 10'000);
-        }
+        for (const QString &name : {u"editor"_s, u"recogniser"_s})
+            write_file(home.filePath(name), QByteArray(10'000, 'x'));
 
         QVERIFY(write_editor_file(home.filePath(u"editor"_s), page));
         QVERIFY(write_recogniser_file(home.filePath(u"recogniser"_s), page));
 
-        QCOMPARE(bytes_of(home.filePath(u"editor"_s)).size(), 54 + 4 * 12);
-        QCOMPARE(bytes_of(home.filePath(u"recogniser"_s)).size(), 7 + 4);
+        QCOMPARE(file_bytes(home.filePath(u"editor"_s)).size(), 54 + 4 * 12);
+        QCOMPARE(file_bytes(home.filePath(u"recogniser"_s)).size(), 7 + 4);
     }
 
     void withoutAPageNothingIsTouched()
@@ -181,17 +174,16 @@ private slots:
     {
         const TemporaryHome home;
         const QImage page = page_of(QImage::Format_RGB32, {4, 4});
-        QFile target(home.filePath(u"target"_s));
-        QVERIFY(target.open(QIODevice::WriteOnly) && target.write("mine") == 4);
-        target.close();
-        QVERIFY(QFile::link(target.fileName(), home.filePath(u"link"_s)));
+        const QString target = home.filePath(u"target"_s);
+        write_file(target, "mine");
+        QVERIFY(QFile::link(target, home.filePath(u"link"_s)));
         QVERIFY(QFile::link(home.filePath(u"nowhere"_s), home.filePath(u"loose link"_s)));
 
-        QVERIFY(!print(target.fileName(), page));
+        QVERIFY(!print(target, page));
         QVERIFY(!print(home.filePath(u"link"_s), page));
         QVERIFY(!print(home.filePath(u"loose link"_s), page));
 
-        QCOMPARE(bytes_of(target.fileName()), QByteArray("mine"));
+        QCOMPARE(file_bytes(target), QByteArray("mine"));
         QCOMPARE(home.filesIn(), (QStringList{u"link"_s, u"loose link"_s, u"target"_s}));
     }
 

@@ -98,12 +98,6 @@ private:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts();
-    const QCoreApplication application(argc, argv);
-    tst_page_files_places test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_page_files_places, leave_common_mounts)
 
 #include "tst_page_files_places.moc"

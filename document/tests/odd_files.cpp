@@ -13,12 +13,6 @@ namespace {
 constexpr QRgb red = 0xffff0000;
 constexpr QRgb blue = 0xff0000ff;
 
-/// A part of a WebP file.
-QByteArray riff_chunk(const QByteArray &name, const QByteArray &content)
-{
-    return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
-}
-
 QByteArray little24(int value)
 {
     return little32(value).first(3);

@@ -32,12 +32,6 @@ QByteArray animated_gif()
     return one.first(13 + 6) + frame + frame + ';';
 }
 
-/// A chunk of a RIFF file; one of odd length has a byte behind it.
-QByteArray riff_chunk(const QByteArray &name, const QByteArray &content)
-{
-    return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
-}
-
 /// Two frames of the same picture, 16 by 16.
 QByteArray animated_webp()
 {

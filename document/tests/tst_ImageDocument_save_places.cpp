@@ -193,12 +193,6 @@ private:
     std::optional<QTemporaryDir> directory;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QCoreApplication application(argc, argv);
-    tst_ImageDocument_save_places tests;
-    return QTest::qExec(&tests, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_ImageDocument_save_places, leave_common_mounts)
 
 #include "tst_ImageDocument_save_places.moc"

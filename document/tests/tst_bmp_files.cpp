@@ -44,15 +44,6 @@ QImage indexed(const QList<QRgb> &table, const QList<QList<uint>> &rows)
     return page;
 }
 
-/// A page of one row of colours.
-QImage colored(const QList<QRgb> &colors, QImage::Format format = QImage::Format_RGB32)
-{
-    QImage page(static_cast<int>(colors.size()), 1, format);
-    for (int x = 0; x < page.width(); ++x)
-        page.setPixel(x, 0, colors.at(x));
-    return page;
-}
-
 /// A file whose pixels tell their colours by these masks behind a header of so many bytes.
 QByteArray masked(int bits, int headerBytes, const QList<quint32> &masks, const QByteArray &row)
 {

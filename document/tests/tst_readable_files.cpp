@@ -33,15 +33,6 @@ QImage indexed(const QList<QRgb> &table, const QList<uint> &indices, QImage::For
     return page;
 }
 
-/// A page of one row of colours.
-QImage colored(const QList<QRgb> &colors, QImage::Format format = QImage::Format_RGB32)
-{
-    QImage page(static_cast<int>(colors.size()), 1, format);
-    for (int x = 0; x < page.width(); ++x)
-        page.setPixel(x, 0, colors.at(x));
-    return page;
-}
-
 QImage colored64(const QList<QRgba64> &colors, QImage::Format format)
 {
     QImage image(static_cast<int>(colors.size()), 1, format);

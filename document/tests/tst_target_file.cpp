@@ -19,16 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using FileStatus = struct stat;
-
-FileStatus status_of(const QString &path)
-{
-    FileStatus status{};
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        qFatal("no %s", qPrintable(path));
-    return status;
-}
-
 /// Writes some bytes, or all but the last and then gives up.
 auto bytes_of(const QByteArray &bytes, bool isWhole = true)
 {
@@ -104,7 +94,7 @@ private slots:
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
-        QCOMPARE(status_of(path(u"a"_s)).st_mode & 07777, 0640U);
+        QCOMPARE(file_status(path(u"a"_s)).st_mode & 07777, 0640U);
         QCOMPARE(names(), QStringList{u"a"_s});
     }
 
@@ -187,12 +177,12 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QVERIFY(set_attribute(path(u"a"_s), "user.comment", "a scan"));
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), mode), 0);
-        const FileStatus before = status_of(path(u"a"_s));
+        const FileStatus before = file_status(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
-        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
-        QVERIFY(status_of(path(u"a"_s)).st_ino != before.st_ino); // it is another file
+        QCOMPARE(file_status(path(u"a"_s)).st_mode, before.st_mode);
+        QVERIFY(file_status(path(u"a"_s)).st_ino != before.st_ino); // it is another file
         QCOMPARE(attribute(path(u"a"_s), "user.comment"), "a scan");
     }
 
@@ -210,13 +200,13 @@ private slots:
     void fileWithoutAnAccessListGetsNoneFromItsDirectory()
     {
         write_file(path(u"a"_s), "earlier");
-        const FileStatus before = status_of(path(u"a"_s));
+        const FileStatus before = file_status(path(u"a"_s));
         QVERIFY(set_attribute(directory->path(), "system.posix_acl_default", access_list()));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(attribute(path(u"a"_s), "system.posix_acl_access"), QByteArray());
-        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
+        QCOMPARE(file_status(path(u"a"_s)).st_mode, before.st_mode);
     }
 
     void linkIsFollowed_data()
@@ -238,8 +228,8 @@ private slots:
 
         QCOMPARE(write(path(u"link2"_s), "new").step, TargetOutcome::Done);
 
-        QVERIFY(S_ISLNK(status_of(path(u"link"_s)).st_mode));
-        QVERIFY(S_ISLNK(status_of(path(u"link2"_s)).st_mode));
+        QVERIFY(S_ISLNK(file_status(path(u"link"_s)).st_mode));
+        QVERIFY(S_ISLNK(file_status(path(u"link2"_s)).st_mode));
         QCOMPARE(file_bytes(path(u"far/a"_s)), "new");
         QCOMPARE(QDir(path(u"far"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{u"a"_s});
     }
@@ -259,13 +249,13 @@ private slots:
     {
         write_file(path(u"a"_s), "earlier, and longer");
         QCOMPARE(::link(qPrintable(path(u"a"_s)), qPrintable(path(u"other"_s))), 0);
-        const FileStatus before = status_of(path(u"a"_s));
+        const FileStatus before = file_status(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
         QCOMPARE(file_bytes(path(u"other"_s)), "new");
-        QCOMPARE(status_of(path(u"a"_s)).st_ino, before.st_ino);
+        QCOMPARE(file_status(path(u"a"_s)).st_ino, before.st_ino);
         QCOMPARE(names(), (QStringList{u"a"_s, u"other"_s}));
     }
 
@@ -297,7 +287,7 @@ private slots:
         QCOMPARE(write(path(u"link"_s), "new").step, TargetOutcome::NotPlain);
         QCOMPARE(write(u"/dev/null"_s, "new").step, TargetOutcome::NotPlain);
 
-        QCOMPARE(status_of(path(u"a"_s)).st_mode & S_IFMT, kind);
+        QCOMPARE(file_status(path(u"a"_s)).st_mode & S_IFMT, kind);
     }
 
     void directoryIsNotOpened()

@@ -20,17 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using FileStatus = struct stat;
-
 constexpr qint64 MiB = qint64{1024} * 1024;
-
-FileStatus status_of(const QString &path)
-{
-    FileStatus status{};
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        qFatal("no %s", qPrintable(path));
-    return status;
-}
 
 TargetOutcome write(const QString &path, const QByteArray &bytes)
 {
@@ -91,13 +81,13 @@ private slots:
     {
         write_file(path(u"a"_s), "earlier, and longer");
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0666), 0);
-        const FileStatus before = status_of(path(u"a"_s));
+        const FileStatus before = file_status(path(u"a"_s));
 
         QCOMPARE(step_for_another_user(path(u"a"_s), "new"), int{TargetOutcome::Done});
 
         QCOMPARE(file_bytes(path(u"a"_s)), "new");
-        QCOMPARE(status_of(path(u"a"_s)).st_uid, before.st_uid);
-        QCOMPARE(status_of(path(u"a"_s)).st_mode, before.st_mode);
+        QCOMPARE(file_status(path(u"a"_s)).st_uid, before.st_uid);
+        QCOMPARE(file_status(path(u"a"_s)).st_mode, before.st_mode);
         QCOMPARE(names(), QStringList{u"a"_s});
     }
 
@@ -108,11 +98,11 @@ private slots:
         write_file(path(u"a"_s), "earlier");
         QCOMPARE(::chown(qPrintable(path(u"a"_s)), 12345, 23456), 0);
         QCOMPARE(::chmod(qPrintable(path(u"a"_s)), 0640), 0);
-        const FileStatus before = status_of(path(u"a"_s));
+        const FileStatus before = file_status(path(u"a"_s));
 
         QCOMPARE(write(path(u"a"_s), "new").step, TargetOutcome::Done);
 
-        const FileStatus after = status_of(path(u"a"_s));
+        const FileStatus after = file_status(path(u"a"_s));
         QVERIFY(after.st_ino != before.st_ino);
         QCOMPARE(after.st_uid, 12345U);
         QCOMPARE(after.st_gid, 23456U);
@@ -168,7 +158,7 @@ private slots:
         QCOMPARE(outcome.step, TargetOutcome::NotWritten);
         QCOMPARE(outcome.reason, u"No space left on device"_s);
         QVERIFY(file_bytes(name) == earlier);
-        QVERIFY(status_of(name).st_blocks * 512 < MiB + MiB / 10); // and no room that it does not need
+        QVERIFY(file_status(name).st_blocks * 512 < MiB + MiB / 10); // and no room that it does not need
         QCOMPARE(QDir(QFile::decodeName(disk.path())).entryList(QDir::Files | QDir::Hidden), QStringList{u"a"_s});
     }
 
@@ -215,12 +205,6 @@ private:
     std::optional<QTemporaryDir> directory;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QCoreApplication application(argc, argv);
-    tst_target_file_places tests;
-    return QTest::qExec(&tests, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_target_file_places, leave_common_mounts)
 
 #include "tst_target_file_places.moc"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files.h"
+
 #include <QFile>
 #include <QString>
 #include <QTest>
@@ -14,14 +16,6 @@ inline const QString tiffFilter = QStringLiteral("Tagged Image File Format (*.ti
 inline const QString multipageFilter = QStringLiteral("Multipage TIFF (*.tiff *.tif)");
 inline const QString allFilter = QStringLiteral("All files (*.*)");
 /// @}
-
-/// Makes an empty file; one that cannot be made ends the test program.
-inline void make_file(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("cannot make %s", qPrintable(path));
-}
 
 /// The rows of a test whose one column "name" holds names of PNG files that are easily spoilt.
 inline void add_name_rows()

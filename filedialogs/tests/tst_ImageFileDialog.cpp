@@ -88,7 +88,7 @@ void tst_ImageFileDialog::nameDeletedAgainIsNoFile()
 void tst_ImageFileDialog::markedRowIsTheFileThoughTheFieldIsEmpty()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     const ShownDialog dialog(home);
     mark_row(dialog, 0, 1);
 
@@ -160,7 +160,7 @@ void tst_ImageFileDialog::existingNameIsTakenAfterYes()
     QFETCH(const QString, name);
     const TemporaryHome home;
     const QString path = home.path() + u'/' + name;
-    make_file(path);
+    write_file(path, {});
     const ShownDialog dialog(home);
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
     type_name(dialog, name);
@@ -180,7 +180,7 @@ void tst_ImageFileDialog::existingNameIsTakenAfterYes()
 void tst_ImageFileDialog::noLeavesTheDialogOpenForAnotherName()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"old.png"_s));
+    write_file(home.filePath(u"old.png"_s), {});
     const ShownDialog dialog(home);
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
     type_name(dialog, u"old.png"_s);
@@ -229,7 +229,7 @@ void tst_ImageFileDialog::markedDirectoryIsEnteredThoughTheTypedNameIsThatOfAFil
 {
     const TemporaryHome home;
     QVERIFY(QDir(home.path()).mkdir(u"a scans"_s));
-    make_file(home.filePath(u"old \".png"_s));
+    write_file(home.filePath(u"old \".png"_s), {});
     const ShownDialog dialog(home);
     const NoBox noBox;
     type_name(dialog, u"old \".png"_s);
@@ -244,7 +244,7 @@ void tst_ImageFileDialog::markedDirectoryIsEnteredThoughTheTypedNameIsThatOfAFil
 void tst_ImageFileDialog::existingFileWantedRaisesNoQuestion()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"old.png"_s));
+    write_file(home.filePath(u"old.png"_s), {});
     const ShownDialog dialog(home, QFileDialog::AcceptOpen);
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
     type_name(dialog, u"old.png"_s);

@@ -247,8 +247,8 @@ void tst_ImageFileDialog_filters::filterLeavesTheNameOfAMarkedDirectoryAlone()
 void tst_ImageFileDialog_filters::filterOfAllFilesListsNamesWithoutADotToo()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"README"_s));
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"README"_s), {});
+    write_file(home.filePath(u"scan.png"_s), {});
     const ShownDialog dialog(home, QFileDialog::AcceptOpen);
     const auto *rows = dialog.findChild<QListView *>("listView"_L1);
     const auto count = [rows] { return rows->model()->rowCount(rows->rootIndex()); };

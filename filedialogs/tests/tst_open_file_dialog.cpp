@@ -95,7 +95,7 @@ void tst_open_file_dialog::startsAtHomeEachTime()
 {
     const TemporaryHome home;
     const QTemporaryDir elsewhere;
-    make_file(elsewhere.filePath(u"scan.png"_s));
+    write_file(elsewhere.filePath(u"scan.png"_s), {});
     QVERIFY(open_by_name(elsewhere.filePath(u"scan.png"_s)).bChosen);
 
     QCOMPARE(offer().directory, home.path());
@@ -157,7 +157,7 @@ void tst_open_file_dialog::cancelIsSilentAndFalse()
 void tst_open_file_dialog::fileOnTheListIsTakenByTheButton()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     const FileDialogUser user([](const FileDialogUser &at) {
         at.type(u"scan.png"_s);
         at.accept();
@@ -179,7 +179,7 @@ void tst_open_file_dialog::answersTheAbsolutePath()
 {
     QFETCH(const QString, name);
     const TemporaryHome home;
-    make_file(home.filePath(name));
+    write_file(home.filePath(name), {});
 
     const OpenAnswer answer = open_by_name(name);
 

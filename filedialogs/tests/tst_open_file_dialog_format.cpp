@@ -41,7 +41,7 @@ void tst_open_file_dialog_format::initTestCase()
 void tst_open_file_dialog_format::filterDecidesTheFormatWhateverTheNameSays()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
 
     const OpenAnswer answer = open_by_name(u"scan.png"_s, jpegFilter);
 
@@ -53,7 +53,7 @@ void tst_open_file_dialog_format::filterDecidesTheFormatWhateverTheNameSays()
 void tst_open_file_dialog_format::keyOfTiffIsSpeltAsTheToolkitSpellsIt()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.tiff"_s));
+    write_file(home.filePath(u"scan.tiff"_s), {});
 
     const OpenAnswer answer = open_by_name(u"scan.tiff"_s, tiff_plugin_expected() ? tiffFilter : allFilter);
 
@@ -77,7 +77,7 @@ void tst_open_file_dialog_format::nameDecidesTheFormatUnderAllGraphicFiles()
     QFETCH(const QString, name);
     QFETCH(const QString, format);
     const TemporaryHome home;
-    make_file(home.filePath(name));
+    write_file(home.filePath(name), {});
 
     const OpenAnswer answer = open_by_name(name);
 
@@ -88,7 +88,7 @@ void tst_open_file_dialog_format::nameDecidesTheFormatUnderAllGraphicFiles()
 void tst_open_file_dialog_format::nameDecidesTheFormatUnderAllFiles()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.TIF"_s));
+    write_file(home.filePath(u"scan.TIF"_s), {});
 
     const OpenAnswer answer = open_by_name(u"scan.TIF"_s, allFilter);
 
@@ -107,7 +107,7 @@ void tst_open_file_dialog_format::nameThatEndsInADotHasNoFormat()
 {
     QFETCH(const QString, filter);
     const TemporaryHome home;
-    make_file(home.filePath(u"scan."_s));
+    write_file(home.filePath(u"scan."_s), {});
     DiagnosticLines lines;
     lines.expect(u"open_file_dialog - incorrect file type selected!"_s);
 
@@ -125,7 +125,7 @@ void tst_open_file_dialog_format::pathWithoutADotIsItsOwnFormat()
     const QTemporaryDir plain(u"/tmp/open-file-dialog-XXXXXX"_s);
     const QString path = plain.filePath(u"README"_s);
     QVERIFY(!path.contains(u'.'));
-    make_file(path);
+    write_file(path, {});
 
     const OpenAnswer answer = open_by_name(path, allFilter);
 
@@ -138,7 +138,7 @@ void tst_open_file_dialog_format::dotOfADirectoryCountsForTheFormat()
 {
     const TemporaryHome home;
     QVERIFY(QDir(home.path()).mkdir(u"scans.old"_s));
-    make_file(home.filePath(u"scans.old/README"_s));
+    write_file(home.filePath(u"scans.old/README"_s), {});
 
     const OpenAnswer answer = open_by_name(u"scans.old/README"_s);
 
@@ -149,7 +149,7 @@ void tst_open_file_dialog_format::dotOfADirectoryCountsForTheFormat()
 void tst_open_file_dialog_format::filterThatIsNoneOfOursHasNoFormat()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     DiagnosticLines lines;
     lines.expect(u"open_file_dialog - incorrect file type selected!"_s);
     const FileDialogUser user([](const FileDialogUser &at) {

@@ -305,7 +305,7 @@ void tst_save_all_file_dialog::anyFormatIsTakenWithoutATest()
 void tst_save_all_file_dialog::existingNameIsAskedAboutTwice()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     const NextBox ours = answer_next_box(QMessageBox::Yes);
     const NextBox toolkits = answer_next_box(QMessageBox::Yes);
 
@@ -324,7 +324,7 @@ void tst_save_all_file_dialog::existingNameIsAskedAboutTwice()
 void tst_save_all_file_dialog::noToTheFirstQuestionLeavesTheDialogOpen()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     const NextBox ours = answer_next_box(QMessageBox::No);
 
     const Answer answer = save_all(
@@ -341,7 +341,7 @@ void tst_save_all_file_dialog::noToTheFirstQuestionLeavesTheDialogOpen()
 void tst_save_all_file_dialog::noToTheSecondQuestionLeavesTheDialogOpen()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"scan.png"_s));
+    write_file(home.filePath(u"scan.png"_s), {});
     const NextBox ours = answer_next_box(QMessageBox::Yes);
     const NextBox toolkits = answer_next_box(QMessageBox::No);
 

@@ -132,7 +132,7 @@ void tst_save_file_dialog::tiffIsAlwaysAccepted()
 void tst_save_file_dialog::existingNameIsAskedAboutOnce()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"50 %1 & more.png"_s));
+    write_file(home.filePath(u"50 %1 & more.png"_s), {});
     const NextBox box = answer_next_box(QMessageBox::Yes);
     const FileDialogUser user([](const FileDialogUser &at) { at.accept(); });
 
@@ -150,7 +150,7 @@ void tst_save_file_dialog::existingNameIsAskedAboutOnce()
 void tst_save_file_dialog::noLeavesTheDialogOpenForAnotherName()
 {
     const TemporaryHome home;
-    make_file(home.filePath(u"old.png"_s));
+    write_file(home.filePath(u"old.png"_s), {});
     const NextBox box = answer_next_box(QMessageBox::No);
     const FileDialogUser user([](const FileDialogUser &at) {
         at.type(u"old.png"_s);

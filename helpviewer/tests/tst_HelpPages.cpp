@@ -1,3 +1,4 @@
+#include "files.h"
 #include "HelpPages.h"
 
 #include <QDir>
@@ -31,14 +32,7 @@ private slots:
     void nothingOutsideTheDirectoryIsRead();
 
 private:
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        const QString path = m_directory->filePath(name);
-        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
+    void write(const QString &name, const QByteArray &bytes) const { write_file(m_directory->filePath(name), bytes); }
 
     [[nodiscard]] HelpPages pages(const QString &locale = u"en_US"_s) const
     {

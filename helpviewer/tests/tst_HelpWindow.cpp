@@ -1,3 +1,4 @@
+#include "files.h"
 #include "HelpBrowser.h"
 #include "HelpWindow.h"
 #include "viewer_options.h"
@@ -54,7 +55,7 @@ private:
     [[nodiscard]] QString firstLine() const { return browser()->document()->firstBlock().text(); }
     [[nodiscard]] QAction *action(const QString &text) const;
     void followLink(const QString &href);
-    void write(const QString &name, const QByteArray &bytes) const;
+    void write(const QString &name, const QByteArray &bytes) const { write_file(m_directory->filePath(name), bytes); }
 
     std::optional<QTemporaryDir> m_directory;
     std::optional<HelpWindow> m_window;
@@ -75,15 +76,6 @@ void tst_HelpWindow::cleanup()
 {
     m_window.reset();
     m_directory.reset();
-}
-
-void tst_HelpWindow::write(const QString &name, const QByteArray &bytes) const
-{
-    const QString path = m_directory->filePath(name);
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
 }
 
 void tst_HelpWindow::open(const QString &topic, const QString &locale)

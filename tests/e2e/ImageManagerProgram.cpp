@@ -89,16 +89,11 @@ bool ImageManagerProgram::choose(const QString &menu, const QString &entry)
 
 bool ImageManagerProgram::askToInvert()
 {
-    const auto entry = [this] { return menuEntry(u"Image"_s, u"Invert"_s); };
     const auto isAsked = [this] {
         const WindowId active = m_desktop.activeWindow();
         return active != 0 && m_desktop.title(active) == "Invert"_L1;
     };
-    m_desktop.click(application().find(Role::MenuBar).find(Role::MenuItem, u"Image"_s).extents().center());
-    if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
-        return false;
-    m_desktop.click(entry().extents().center());
-    return QTest::qWaitFor(isAsked, Program::patienceMs);
+    return choose(u"Image"_s, u"Invert"_s) && QTest::qWaitFor(isAsked, Program::patienceMs);
 }
 
 bool ImageManagerProgram::invert()

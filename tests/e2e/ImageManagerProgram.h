@@ -4,6 +4,7 @@
 #include "Desktop.h"
 #include "Program.h"
 
+#include <QDir>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -25,6 +26,9 @@ public:
     [[nodiscard]] QString path(const QString &name) const { return m_pictures.filePath(name); }
     /// Writes patterned_page() under the name, in the format of its suffix, and answers its path.
     [[nodiscard]] QString page(const QString &name, QSize size = {100, 80}) const;
+
+    /// What the program has put aside for its undo steps.
+    [[nodiscard]] QStringList snapshots() const { return QDir(home() + QStringLiteral("/tmp")).entryList(QDir::Files); }
 
 private:
     QTemporaryDir m_home;

@@ -40,11 +40,6 @@ QImage inverted(QImage page)
     return page;
 }
 
-QStringList snapshots(const Place &place)
-{
-    return QDir(place.home() + u"/tmp"_s).entryList(QDir::Files);
-}
-
 Accessible dialog_of(ImageManagerProgram &program, const QString &title)
 {
     Accessible dialog;
@@ -76,7 +71,7 @@ void tst_editing::invertIsTakenBackAndDoneAgain()
     QVERIFY(invert(program));
     QTRY_VERIFY(shown_page(program, pageSize) == inverted(patterned_page(pageSize)));
     QTRY_COMPARE(program.tabTitles(), QStringList{u"a.png*"_s});
-    QCOMPARE(snapshots(place).size(), 1);
+    QCOMPARE(place.snapshots().size(), 1);
 
     QTRY_VERIFY(program.tool(u"Undo"_s).has(State::Enabled));
     QVERIFY(program.tool(u"Undo"_s).press());
@@ -126,7 +121,7 @@ void tst_editing::cancelledDialogChangesNothing()
 
     QVERIFY(compare_pictures(shown_page(program, pageSize), patterned_page(pageSize)));
     QCOMPARE(program.tabTitles(), QStringList{u"a.png"_s});
-    QCOMPARE(snapshots(place), QStringList());
+    QCOMPARE(place.snapshots(), QStringList());
 }
 
 void tst_editing::selectionIsCroppedAndUndoBringsThePageBack()

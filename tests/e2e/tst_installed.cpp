@@ -1,3 +1,4 @@
+#include "files.h"
 #include "ImageManagerProgram.h"
 
 #include <QDir>
@@ -34,11 +35,7 @@ public:
         m_root = elsewhere;
     }
 
-    [[nodiscard]] QByteArray contents(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray contents(const QString &name) const { return file_bytes_if_any(path(name)); }
 
 private:
     QTemporaryDir m_directory;

@@ -1,62 +1,33 @@
-#include "ImageManagerProgram.h"
+#include "files.h"
 #include "NameServer.h"
 #include "private_namespaces.h"
 #include "ScriptedMailServer.h"
+#include "ToolForm.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QSettings>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
-using State = Accessible::State;
 
 // A page goes out by mail as a user sends it, to port 25 of a network that this program and the one under test have to
 // themselves.
 
 namespace {
 
-constexpr QSize roomy{1100, 700};
-constexpr auto FormTitle = "Send Image By E-mail"_L1;
 const QByteArrayList goodSession{"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n", "250 f\r\n"};
 
-/// The program with a page open and the form on show, which remembers whom it wrote to.
-class FormOnShow
+/// It remembers whom it wrote to.
+class FormOnShow : public ToolForm
 {
 public:
-    FormOnShow() : program(place)
+    FormOnShow() :
+        ToolForm(u"Send Image By E-mail"_s, u"Send by E-mail..."_s,
+                 {{u"ImageManager/mail_cfg/server"_s, u"127.0.0.2"_s},
+                  {u"ImageManager/mail_cfg/sender"_s, u"ann@example.test"_s},
+                  {u"ImageManager/mail_cfg/recipient"_s, u"bob@nowhere.test"_s}})
     {
-        QSettings settings(place.home() + u"/.config/Unknown Organization/imagemanager.conf"_s, QSettings::IniFormat);
-        settings.setValue(u"image_editor/tools_menu"_s, true);
-        settings.setValue(u"ImageManager/mail_cfg/server"_s, u"127.0.0.2"_s);
-        settings.setValue(u"ImageManager/mail_cfg/sender"_s, u"ann@example.test"_s);
-        settings.setValue(u"ImageManager/mail_cfg/recipient"_s, u"bob@nowhere.test"_s);
-        settings.sync();
-        page = place.page(u"page.bmp"_s, {100, 80});
-        isReady = program.open({page}, roomy) && choose()
-            && QTest::qWaitFor([this] { return control(Role::Button, u"Send"_s).has(State::Showing); },
-                               Program::patienceMs);
-    }
-
-    [[nodiscard]] Accessible form() { return program.application().find(Role::Dialog, FormTitle); }
-    [[nodiscard]] Accessible control(Role role, const QString &name) { return form().find(role, name); }
-    void click(const Accessible &shown) { program.desktop().click(shown.extents().center()); }
-
-    Place place;
-    ImageManagerProgram program;
-    QString page;
-    bool isReady = false;
-
-private:
-    [[nodiscard]] bool choose()
-    {
-        const auto entry = [this] { return program.menuEntry(u"Tools"_s, u"Send by E-mail..."_s); };
-        click(program.application().find(Role::MenuBar).find(Role::MenuItem, u"Tools"_s));
-        if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
-            return false;
-        click(entry());
-        return true;
     }
 };
 
@@ -65,12 +36,6 @@ QByteArray attachment_of(const QByteArray &message)
 {
     const qsizetype begin = message.indexOf("\r\n\r\n", message.indexOf("Content-Disposition: attachment"));
     return QByteArray::fromBase64(message.mid(begin, message.lastIndexOf("\r\n--") - begin));
-}
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -88,11 +53,7 @@ private slots:
         FormOnShow shown;
         QVERIFY(shown.isReady);
 
-        const QList<Accessible> nameless = shown.form().findAll([](const Accessible &control) {
-            return control.has(State::Showing) && control.name().isEmpty() && control.role() != Role::Filler
-                && control.role() != Role::Label;
-        });
-        QVERIFY2(nameless.isEmpty(), qPrintable(shown.form().tree()));
+        QVERIFY2(shown.namelessControls().isEmpty(), qPrintable(shown.form().tree()));
     }
 
     void aPageIsSentByTheKeyboard()
@@ -104,7 +65,7 @@ private slots:
         shown.program.desktop().pressKey("Return"); // Send is the default
 
         QTRY_VERIFY_WITH_TIMEOUT(server.received().endsWith("QUIT\n"), Program::patienceMs);
-        QCOMPARE(attachment_of(server.message()), bytes_of(shown.page));
+        QCOMPARE(attachment_of(server.message()), file_bytes(shown.page));
         QVERIFY(server.message().contains("\r\nSubject: page.bmp\r\n"));
         QTRY_VERIFY_WITH_TIMEOUT(!shown.control(Role::Label, u"Message sent"_s).isNull(), Program::patienceMs);
         shown.program.desktop().pressKey("Escape");
@@ -130,11 +91,5 @@ private:
     std::unique_ptr<NameServer> names;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QCoreApplication application(argc, argv);
-    tst_mail test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_mail, leave_common_network)
 #include "tst_mail.moc"

@@ -39,11 +39,6 @@ private slots:
 
 namespace {
 
-QStringList snapshots(const Place &place)
-{
-    return QDir(place.home() + "/tmp"_L1).entryList(QDir::Files);
-}
-
 void ask_to_end(ImageManagerProgram &program, int number = SIGTERM)
 {
     ::kill(static_cast<pid_t>(program.process().processId()), number);
@@ -106,12 +101,12 @@ void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
     QVERIFY(program.invert());
-    QVERIFY(!snapshots(place).isEmpty());
+    QVERIFY(!place.snapshots().isEmpty());
 
     ask_to_end(program, number);
 
     QCOMPARE(program.process().waitForEndBySignal(), number);
-    QCOMPARE(snapshots(place), QStringList());
+    QCOMPARE(place.snapshots(), QStringList());
     const QSettings settings(place.home() + "/.config/Unknown Organization/imagemanager.conf"_L1, QSettings::IniFormat);
     QCOMPARE(settings.value("image_editor/image_editor_width"_L1).toInt(), 700);
 }

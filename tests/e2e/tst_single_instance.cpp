@@ -1,4 +1,5 @@
 #include "bad_files.h"
+#include "files.h"
 #include "ImageManagerProgram.h"
 #include "SingleInstanceTest.h"
 #include "XPeer.h"
@@ -23,12 +24,6 @@ using Role = Accessible::Role;
 using State = Accessible::State;
 
 namespace {
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// A window of this process that the window manager takes care of like any other; shown as long as it lives.
 class ManagedWindow
@@ -282,7 +277,7 @@ void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing(
     QFETCH(const QStringList, badFiles);
     const Place place;
     const QString path = place.page(u"a.bmp"_s);
-    const QByteArray saved = bytes_of(path);
+    const QByteArray saved = file_bytes(path);
     QStringList arguments;
     for (const QString &name : badFiles)
         arguments.append(place.path(name));
@@ -295,7 +290,7 @@ void tst_single_instance::changedPageIsLostUnaskedToALaterStartThatOpensNothing(
     for (qsizetype i = 0; i < badFiles.size(); ++i)
         QCOMPARE(first.answer(u"OK"_s).title, u"Load failed"_s);
     QCOMPARE(first.process().waitForExit(), 0); // a box that asks would keep it
-    QCOMPARE(bytes_of(path), saved);
+    QCOMPARE(file_bytes(path), saved);
 }
 
 QTEST_GUILESS_MAIN(tst_single_instance)

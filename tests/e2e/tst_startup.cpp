@@ -1,4 +1,5 @@
 #include "bad_files.h"
+#include "files.h"
 #include "ImageManagerProgram.h"
 
 #include <QDir>
@@ -201,9 +202,7 @@ void tst_startup::temporaryOptionAloneIsAFileThatFails()
     QVERIFY(load_failed_box_comes(program));
     QCOMPARE(program.process().waitForExit(), 0);
     QCOMPARE(directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"-t"_s));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), "no picture"_ba);
+    QCOMPARE(file_bytes(path), "no picture"_ba);
 }
 
 void tst_startup::temporaryOptionAtTheEndIsAFileThatFails()

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "ImageManagerProgram.h"
 #include "pictures.h"
 
@@ -49,18 +50,8 @@ public:
     }
 
     [[nodiscard]] QString inHome(const QString &name) const { return home() + '/'_L1 + name; }
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(inHome(name));
-        if (!QDir().mkpath(QFileInfo(file).path()) || !file.open(QIODevice::WriteOnly)
-            || file.write(bytes) != bytes.size())
-            qFatal("cannot write a file");
-    }
-    [[nodiscard]] QByteArray bytes(const QString &name) const
-    {
-        QFile file(inHome(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    void write(const QString &name, const QByteArray &bytes) const { write_file(inHome(name), bytes); }
+    [[nodiscard]] QByteArray bytes(const QString &name) const { return file_bytes_if_any(inHome(name)); }
     [[nodiscard]] bool has(const QString &name) const { return QFile::exists(inHome(name)); }
     /// The file that lpr was given.
     [[nodiscard]] QString printFile() const

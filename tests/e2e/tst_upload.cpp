@@ -1,12 +1,12 @@
+#include "files.h"
 #include "FtpServer.h"
-#include "ImageManagerProgram.h"
 #include "lost_display.h"
 #include "private_namespaces.h"
+#include "ToolForm.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QImage>
-#include <QSettings>
 #include <QTest>
 
 #include <csignal>
@@ -20,23 +20,13 @@ using State = Accessible::State;
 
 namespace {
 
-constexpr QSize roomy{1100, 700};
-constexpr auto FormTitle = "Upload Image by FTP"_L1;
+const QString FormTitle = u"Upload Image by FTP"_s;
 
-/// The program with a page open and the form of the upload on show.
-class FormOnShow
+class FormOnShow : public ToolForm
 {
 public:
-    explicit FormOnShow(QSize pageSize = {100, 80}) : program(place)
-    {
-        writeSettings();
-        isReady = program.open({place.page(u"page.bmp"_s, pageSize)}, roomy) && choose()
-            && QTest::qWaitFor([this] { return control(Role::Button, u"Close"_s).has(State::Showing); },
-                               Program::patienceMs);
-    }
+    explicit FormOnShow(QSize pageSize = {100, 80}) : ToolForm(FormTitle, u"Upload by FTP..."_s, {}, pageSize) { }
 
-    [[nodiscard]] Accessible form() { return program.application().find(Role::Dialog, FormTitle); }
-    [[nodiscard]] Accessible control(Role role, const QString &name) { return form().find(role, name); }
     [[nodiscard]] bool isOpen() { return !form().isNull(); }
 
     void type(const QString &text)
@@ -49,9 +39,6 @@ public:
         }
     }
     void press(const char *key, const QList<const char *> &held = {}) { program.desktop().pressKey(key, held); }
-
-    void click(const Accessible &shown) { program.desktop().click(shown.extents().center()); }
-    [[nodiscard]] QString activeTitle() { return program.desktop().title(program.desktop().activeWindow()); }
 
     /// Saves the page from the form.
     [[nodiscard]] bool saveAs(const QString &name)
@@ -68,27 +55,6 @@ public:
     }
 
     [[nodiscard]] QString savedFile(const QString &name) const { return place.home() + u'/' + name; }
-
-    Place place;
-    ImageManagerProgram program;
-    bool isReady = false;
-
-private:
-    [[nodiscard]] bool choose()
-    {
-        const auto entry = [this] { return program.menuEntry(u"Tools"_s, u"Upload by FTP..."_s); };
-        click(program.application().find(Role::MenuBar).find(Role::MenuItem, u"Tools"_s));
-        if (!QTest::qWaitFor([&] { return entry().has(State::Showing); }, Program::patienceMs))
-            return false;
-        click(entry());
-        return true;
-    }
-
-    void writeSettings() const
-    {
-        QSettings settings(place.home() + u"/.config/Unknown Organization/imagemanager.conf"_s, QSettings::IniFormat);
-        settings.setValue(u"image_editor/tools_menu"_s, true);
-    }
 };
 
 } // namespace
@@ -112,12 +78,7 @@ void tst_upload::everyControlHasAName()
     FormOnShow shown;
     QVERIFY(shown.isReady);
 
-    const QList<Accessible> nameless = shown.form().findAll([](const Accessible &control) {
-        return control.has(State::Showing) && control.name().isEmpty() && control.role() != Role::Filler
-            && control.role() != Role::Label;
-    });
-
-    QVERIFY2(nameless.isEmpty(), qPrintable(shown.form().tree()));
+    QVERIFY2(shown.namelessControls().isEmpty(), qPrintable(shown.form().tree()));
 }
 
 void tst_upload::pageIsUploadedByTheKeyboard()
@@ -131,9 +92,7 @@ void tst_upload::pageIsUploadedByTheKeyboard()
     shown.press("u", {"Alt_L"});
     QVERIFY(QTest::qWaitFor([&] { return !shown.isOpen(); }, Program::patienceMs));
 
-    QFile file(shown.savedFile(u"sent.png"_s));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(server.data(), file.readAll());
+    QCOMPARE(server.data(), file_bytes(shown.savedFile(u"sent.png"_s)));
     QCOMPARE(server.commands().last(), QByteArray("STOR /sent.png"));
     QCOMPARE(shown.program.close(), 0);
 }
@@ -248,11 +207,5 @@ void tst_upload::displayThatGoesDuringAnUploadEndsIt()
     QVERIFY(upload.hasEnded());
 }
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QCoreApplication application(argc, argv);
-    tst_upload test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_upload, leave_common_network)
 #include "tst_upload.moc"

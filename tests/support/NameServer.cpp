@@ -51,3 +51,11 @@ SilentNameServer::~SilentNameServer()
 {
     ::close(socket);
 }
+
+QStringList many_exchangers()
+{
+    QStringList options;
+    for (int i = 0; i < 200; ++i)
+        options.append(QStringLiteral("--mx-host=many.test,relay-%1.many.test,%1").arg(i));
+    return options;
+}

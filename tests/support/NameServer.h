@@ -25,6 +25,9 @@ private:
     QProcess server;
 };
 
+/// Options for 200 exchangers of many.test, 0 to 199 being their priorities.
+[[nodiscard]] QStringList many_exchangers();
+
 /// While it lives this process asks a name server that never answers, and gives up after a second.
 class SilentNameServer
 {

@@ -90,6 +90,14 @@ QImage solid_page(QSize size, QRgb color, QImage::Format format)
     return page;
 }
 
+QImage colored(const QList<QRgb> &colors, QImage::Format format)
+{
+    QImage page(static_cast<int>(colors.size()), 1, format);
+    for (int x = 0; x < page.width(); ++x)
+        page.setPixel(x, 0, colors.at(x));
+    return page;
+}
+
 QImage patterned_page(QSize size, int depth)
 {
     switch (depth) {

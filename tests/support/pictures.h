@@ -11,6 +11,9 @@
 /// or, for one bit, with it at both entries.
 [[nodiscard]] QImage solid_page(QSize size, QRgb color, QImage::Format format = QImage::Format_RGB32);
 
+/// A page of one row of colours.
+[[nodiscard]] QImage colored(const QList<QRgb> &colors, QImage::Format format = QImage::Format_RGB32);
+
 /// A page without symmetry, so that a turn, a flip or a shift by one pixel shows.
 ///
 /// depth 32: RGB32, every pixel holds its own place as position_color() tells;

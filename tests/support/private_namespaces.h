@@ -14,6 +14,17 @@ void leave_common_mounts();
 /// does nothing.
 void leave_common_network();
 
+/// As QTEST_MAIN(), for a test program that leaves something first: `TEST_MAIN_APART(QApplication, tst_Smtp,
+/// leave_common_network)`.
+#define TEST_MAIN_APART(Application, Test, leave)                                                                      \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        leave();                                                                                                       \
+        const Application application(argc, argv);                                                                     \
+        Test test;                                                                                                     \
+        return QTest::qExec(&test, argc, argv);                                                                        \
+    }
+
 /// Makes a process that may administrate one that may do no more than others: nobody instead of root, or without what
 /// it may do in its user namespace.
 /// @return false if it stays what it was

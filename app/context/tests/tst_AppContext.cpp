@@ -1,4 +1,5 @@
 #include "AppContext.h"
+#include "files.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -24,13 +25,7 @@ class tst_AppContext : public QObject
     Q_OBJECT
 
 private:
-    [[nodiscard]] bool write(const QString &name, const QByteArray &text) const
-    {
-        const QString path = m_root->filePath(name);
-        QFile file(path);
-        return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly)
-            && file.write(text) == text.size();
-    }
+    void write(const QString &name, const QByteArray &text) const { write_file(m_root->filePath(name), text); }
 
     [[nodiscard]] QByteArray path(const QString &name) const { return QFile::encodeName(m_root->filePath(name)); }
 
@@ -75,23 +70,23 @@ private slots:
     void fileIsLookedForInThreePlacesAndReadFromTheFirst()
     {
         const QByteArray program = path(u"bin/tool"_s);
-        QVERIFY(write(u"here/OEM.ini"_s, "VENDOR=current\n"));
+        write(u"here/OEM.ini"_s, "VENDOR=current\n");
         QCOMPARE(find_installation(program.constData()), 0);
         QCOMPARE(actx.vendor, "current");
 
-        QVERIFY(write(u"OEM.ini"_s, "VENDOR=package\n"));
+        write(u"OEM.ini"_s, "VENDOR=package\n");
         QCOMPARE(find_installation(program.constData()), 0);
         QCOMPARE(actx.vendor, "package");
 
-        QVERIFY(write(u"share/OEM.ini"_s, "VENDOR=share\n"));
+        write(u"share/OEM.ini"_s, "VENDOR=share\n");
         QCOMPARE(find_installation(program.constData()), 0);
         QCOMPARE(actx.vendor, "share");
     }
 
     void onlyTheFirstFileIsRead()
     {
-        QVERIFY(write(u"share/OEM.ini"_s, "VENDOR=share\n"));
-        QVERIFY(write(u"OEM.ini"_s, "VENDOR=package\nURL=u\nMODEL=m\nSCANNER=0\n"));
+        write(u"share/OEM.ini"_s, "VENDOR=share\n");
+        write(u"OEM.ini"_s, "VENDOR=package\nURL=u\nMODEL=m\nSCANNER=0\n");
 
         QCOMPARE(find_installation(path(u"bin/tool"_s).constData()), 0);
 
@@ -103,7 +98,7 @@ private slots:
 
     void emptyFileIsAFile()
     {
-        QVERIFY(write(u"share/OEM.ini"_s, {}));
+        write(u"share/OEM.ini"_s, {});
 
         QCOMPARE(find_installation(path(u"bin/tool"_s).constData()), 0);
 
@@ -116,7 +111,7 @@ private slots:
 
     void programOfTheSearchPathIsTakenForOneOfTheCurrentDirectory()
     {
-        QVERIFY(write(u"here/OEM.ini"_s, "VENDOR=current\n"));
+        write(u"here/OEM.ini"_s, "VENDOR=current\n");
 
         QCOMPARE(find_installation("tool"), 0);
 
@@ -127,7 +122,7 @@ private slots:
 
     void relativePathCountsFromTheCurrentDirectory()
     {
-        QVERIFY(write(u"here/pkg/share/OEM.ini"_s, "VENDOR=share\n"));
+        write(u"here/pkg/share/OEM.ini"_s, "VENDOR=share\n");
 
         QCOMPARE(find_installation("./pkg/bin/tool"), 0);
 

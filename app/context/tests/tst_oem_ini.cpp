@@ -1,4 +1,5 @@
 #include "AppContext.h"
+#include "files.h"
 #include "plain_oem_ini.h"
 
 #include <QTemporaryDir>
@@ -18,10 +19,7 @@ private:
     /// Reads a file of these bytes into the record.
     [[nodiscard]] int readBytes(const QByteArray &bytes)
     {
-        QFile file(m_directory.filePath(u"OEM.ini"_s));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            return -2;
-        file.close();
+        write_file(m_directory.filePath(u"OEM.ini"_s), bytes);
         return read_oem_ini(path().constData());
     }
 

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "help_launcher.h"
 
 #include "AppContext.h"
@@ -31,12 +32,10 @@ public:
 
     void installViewer() const
     {
-        QFile viewer(path(u"bin/pagr"_s));
-        QVERIFY(viewer.open(QIODevice::WriteOnly));
         // A note that is being written has a hidden name.
-        viewer.write("#!/bin/sh\n"
-                     "cd \"${0%/*}/../calls\" && printf '%s\\n' \"$0\" \"$@\" >\".$$\" && mv \".$$\" \"$$\"\n");
-        viewer.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        write_program(path(u"bin/pagr"_s),
+                      "#!/bin/sh\n"
+                      "cd \"${0%/*}/../calls\" && printf '%s\\n' \"$0\" \"$@\" >\".$$\" && mv \".$$\" \"$$\"\n");
     }
 
     /// Command lines of the starts that have been noted so far.

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "translations.h"
 
 #include "AppContext.h"
@@ -124,10 +125,7 @@ private slots:
     void damagedCatalogueIsNoCatalogue()
     {
         const Catalogues catalogues;
-        QFile damaged(catalogues.path() + u"/probe_de.qm"_s);
-        QVERIFY(damaged.open(QIODevice::WriteOnly));
-        damaged.write("this is no catalogue");
-        damaged.close();
+        write_file(catalogues.path() + u"/probe_de.qm"_s, "this is no catalogue");
 
         install_translations({u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
 

@@ -1,3 +1,5 @@
+#include "files.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -45,25 +47,16 @@ private:
 void tst_launcher::init()
 {
     m_place.emplace();
-    QFile source(QStringLiteral(IM_LAUNCHER));
-    QVERIFY(source.open(QIODevice::ReadOnly));
-    QFile launcher(path(u"launcher"_s));
-    QVERIFY(launcher.open(QIODevice::WriteOnly));
-    launcher.write(
-        source.readAll().replace("@IM_PROGRAM@", path(u"program"_s).toUtf8()).replace("@PROJECT_VERSION@", "9.8"));
-    QFile program(path(u"program"_s));
-    QVERIFY(program.open(QIODevice::WriteOnly));
-    program.write("#!/bin/sh\nfor word; do printf '%s\\0' \"$word\"; done >\"${0%/*}/words\"\nexit 5\n");
-    for (QFile *const file : {&launcher, &program})
-        QVERIFY(file->setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-
-    QVERIFY(QDir(m_place->path()).mkpath(u"scans/12:30"_s));
+    write_program(path(u"launcher"_s),
+                  file_bytes(QStringLiteral(IM_LAUNCHER))
+                      .replace("@IM_PROGRAM@", path(u"program"_s).toUtf8())
+                      .replace("@PROJECT_VERSION@", "9.8"));
+    write_program(path(u"program"_s),
+                  "#!/bin/sh\nfor word; do printf '%s\\0' \"$word\"; done >\"${0%/*}/words\"\nexit 5\n");
     for (const char *const name :
          {"scans/a.png", "scans/b c.png", "scans/-t", "scans/-odd", "scans/it's \"new\" $HOME.png",
-          "scans/12:30/late.png", "scans/12:30/-late", "scans/new\nline.png"}) {
-        QFile file(path(QString::fromUtf8(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+          "scans/12:30/late.png", "scans/12:30/-late", "scans/new\nline.png"})
+        write_file(path(QString::fromUtf8(name)), {});
 }
 
 tst_launcher::Answer tst_launcher::call(const QStringList &words, const QString &display) const

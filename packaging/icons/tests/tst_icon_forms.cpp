@@ -1,3 +1,4 @@
+#include "files.h"
 #include "icon_forms.h"
 
 #include <QFile>
@@ -60,13 +61,12 @@ private slots:
     void aDrawingFillsTheSizeAskedForOnTransparentGround()
     {
         const QTemporaryDir folder;
-        QFile file(folder.filePath(u"quarter.svg"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 2 2'>"
+        const QString path = folder.filePath(u"quarter.svg"_s);
+        write_file(path,
+                   "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 2 2'>"
                    "<rect width='1' height='1' fill='#ffff00' fill-opacity='0.4'/></svg>");
-        file.close();
 
-        const QImage image = render_drawing(file.fileName(), QSize(8, 8));
+        const QImage image = render_drawing(path, QSize(8, 8));
 
         QCOMPARE(image.size(), QSize(8, 8));
         QCOMPARE(image.format(), QImage::Format_ARGB32);

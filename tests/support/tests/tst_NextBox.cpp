@@ -1,4 +1,5 @@
 #include "NextBox.h"
+#include "NextFileDialog.h"
 
 #include <QTest>
 
@@ -16,6 +17,8 @@ private slots:
     void boxThatNeverComesFailsTheTest();
     void boxWithoutTheButtonFailsTheTestAndCloses();
     void modelessBoxIsLeftAlone();
+    void dialogIsWorkedWhateverBoxComesBefore();
+    void anotherKindOfDialogIsLeftAlone();
 };
 
 namespace {
@@ -101,6 +104,28 @@ void tst_NextBox::modelessBoxIsLeftAlone()
 
     QCOMPARE(box.title(), u"Save"_s);
     QVERIFY(modeless.isVisible());
+}
+
+void tst_NextBox::dialogIsWorkedWhateverBoxComesBefore()
+{
+    const NextDialog dialog([](QDialog &shown) { shown.accept(); });
+    const NextBox box = answer_next_box(QMessageBox::No);
+
+    QCOMPARE(ask(u"Save"_s), QMessageBox::No);
+    QVERIFY(!dialog.hasCome());
+    QCOMPARE(QDialog().exec(), int{QDialog::Accepted});
+
+    QVERIFY(dialog.hasCome());
+}
+
+void tst_NextBox::anotherKindOfDialogIsLeftAlone()
+{
+    const NextFileDialog files([](QFileDialog &shown) { shown.reject(); });
+    const NextDialog dialog([](QDialog &shown) { shown.accept(); });
+
+    QCOMPARE(QDialog().exec(), int{QDialog::Accepted});
+    QVERIFY(!files.hasCome());
+    QCOMPARE(QFileDialog().exec(), int{QDialog::Rejected});
 }
 
 QTEST_MAIN(tst_NextBox)

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "TemporaryHome.h"
 
 #include <QDir>
@@ -18,16 +19,6 @@ private slots:
     void filesInListsHiddenFilesAndNoDirectories();
     void filesInAMissingDirectoryAreNone();
 };
-
-namespace {
-
-bool write_file(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write("x") == 1;
-}
-
-} // namespace
 
 void tst_TemporaryHome::homeIsAnEmptyDirectoryWhileTheObjectLives()
 {
@@ -77,9 +68,9 @@ void tst_TemporaryHome::filesInListsHiddenFilesAndNoDirectories()
 {
     const TemporaryHome home;
     QVERIFY(QDir(home.path()).mkpath(u"tmp/below"_s));
-    QVERIFY(write_file(home.filePath(u"tmp/b.bmp"_s)));
-    QVERIFY(write_file(home.filePath(u"tmp/.hidden"_s)));
-    QVERIFY(write_file(home.filePath(u"other"_s)));
+    write_file(home.filePath(u"tmp/b.bmp"_s), "x");
+    write_file(home.filePath(u"tmp/.hidden"_s), "x");
+    write_file(home.filePath(u"other"_s), "x");
 
     QCOMPARE(home.filesIn(u"tmp"_s), (QStringList{u".hidden"_s, u"b.bmp"_s}));
     QCOMPARE(home.filesIn(), QStringList{u"other"_s});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files.h"
 #include "Q3Process.h"
 
 #include <QByteArray>
@@ -19,17 +20,12 @@ public:
     /// What a script has left under a name. Scripts write elsewhere and move the file here when it is whole.
     [[nodiscard]] QByteArray left(const QString &name) const
     {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing yet");
+        return has(name) ? file_bytes(path(name)) : QByteArray("nothing yet");
     }
 
     [[nodiscard]] bool has(const QString &name) const { return QFile::exists(path(name)); }
 
-    void make(const QString &name) const
-    {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    void make(const QString &name) const { write_file(path(name), {}); }
 
 private:
     QTemporaryDir m_directory;

@@ -12,15 +12,6 @@ using MailServers = QList<Q3Dns::MailServer>;
 
 namespace {
 
-/// The names of 200 exchangers of many.test, 0 to 199 being their priorities.
-QStringList many_exchangers()
-{
-    QStringList options;
-    for (int i = 0; i < 200; ++i)
-        options.append(u"--mx-host=many.test,relay-%1.many.test,%1"_s.arg(i));
-    return options;
-}
-
 /// The only name server that this process asks, which answers each question with a bare code.
 class CodeNameServer
 {
@@ -187,11 +178,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QCoreApplication application(argc, argv);
-    tst_Q3Dns test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QCoreApplication, tst_Q3Dns, leave_common_network)
 #include "tst_Q3Dns.moc"

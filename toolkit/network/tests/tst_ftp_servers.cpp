@@ -1,3 +1,4 @@
+#include "files.h"
 #include "private_mounts.h"
 #include "private_namespaces.h"
 #include "skipped_test.h"
@@ -22,12 +23,6 @@ constexpr uid_t visitorNumber = 60124;
 constexpr gid_t nogroup = 65534;
 const QString password = u"pass w0rd"_s;
 
-QByteArray content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
 bool make_directory(const QString &path, uid_t owner)
 {
     return QDir().mkpath(path) && ::chown(qPrintable(path), owner, nogroup) == 0;
@@ -40,11 +35,11 @@ class KnownUsers
 public:
     KnownUsers(const QString &home, const QString &visitorsHome) :
         users(u"/etc/passwd"_s,
-              content(u"/etc/passwd"_s) + line("uploader", userNumber, home)
+              file_bytes(u"/etc/passwd"_s) + line("uploader", userNumber, home)
                   + line("visitor", visitorNumber, visitorsHome)),
         // By "openssl passwd -6 -salt imtest".
         passwords(u"/etc/shadow"_s,
-                  content(u"/etc/shadow"_s)
+                  file_bytes(u"/etc/shadow"_s)
                       + "\nuploader:$6$imtest$FG5JRGW8qooBiHUfNqzKI2WlemH9c8F5F6qu7Gde3YBiOLkdB5EZyk0ahR9aBvzsD8.H4nD0s"
                         "/XHLOTkSoguW0:19000:0:99999:7:::\n")
     {
@@ -108,9 +103,7 @@ private:
             "listen=%3\nlisten_ipv6=%4\n"_s.arg(anonymousHome(), place.filePath(u"empty"_s),
                                                 isIPv6 ? u"NO"_s : u"YES"_s, isIPv6 ? u"YES"_s : u"NO"_s);
         const QString path = place.filePath(u"vsftpd.conf"_s);
-        QFile file(path);
-        isReady = isReady && file.open(QIODevice::WriteOnly) && file.write(lines.toUtf8()) > 0;
-        file.close();
+        write_file(path, lines.toUtf8());
         start(u"/usr/sbin/vsftpd"_s, {path});
     }
 

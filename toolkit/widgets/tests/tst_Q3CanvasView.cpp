@@ -1,27 +1,16 @@
-#include "Q3Canvas.h"
-#include "Q3CanvasView.h"
+#include "CanvasViewTest.h"
 
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 
-#include <memory>
-
-namespace {
-
-constexpr QSize Window(120, 100);
-constexpr QRgb Surround = 0xff806040;
-constexpr QRgb Ground = 0xffe0e0c0;
-
-} // namespace
-
-class tst_Q3CanvasView : public QObject
+class tst_Q3CanvasView : public CanvasViewTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { showView(); }
+    void cleanup() { dropView(); }
 
     void contentsWithoutCanvasAreOnePixel();
     void contentsAreTheCanvasMappedAndRounded_data();
@@ -36,35 +25,7 @@ private slots:
     void sizeHintStaysWithinTheDesktop();
     void joiningACanvasSetsTheViewportColour();
     void paletteSetAfterwardsStays();
-
-private:
-    void zoom(double factor) { QVERIFY(view->setWorldMatrix(QTransform::fromScale(factor, factor))); }
-
-    std::unique_ptr<Q3Canvas> canvas; ///< 60 by 40, pale
-    std::unique_ptr<Q3CanvasView> view; ///< 120 by 100 visible, with a brown surround
 };
-
-void tst_Q3CanvasView::init()
-{
-    canvas = std::make_unique<Q3Canvas>();
-    canvas->resize(60, 40);
-    view = std::make_unique<Q3CanvasView>();
-    view->setFrameStyle(QFrame::NoFrame);
-    view->setCanvas(canvas.get());
-    canvas->setBackgroundColor(Ground);
-    QPalette palette = view->viewport()->palette();
-    palette.setColor(view->viewport()->backgroundRole(), Surround);
-    view->viewport()->setPalette(palette);
-    view->resize(Window);
-    view->setAttribute(Qt::WA_DontShowOnScreen);
-    view->show();
-}
-
-void tst_Q3CanvasView::cleanup()
-{
-    view.reset();
-    canvas.reset();
-}
 
 void tst_Q3CanvasView::contentsWithoutCanvasAreOnePixel()
 {

@@ -1,7 +1,6 @@
-#include "Q3Canvas.h"
+#include "CanvasViewTest.h"
 #include "Q3CanvasRectangle.h"
 #include "Q3CanvasSprite.h"
-#include "Q3CanvasView.h"
 
 #include <QPainter>
 #include <QPen>
@@ -12,10 +11,6 @@
 #include <memory>
 
 namespace {
-
-constexpr QSize Window(120, 100);
-constexpr QRgb Surround = 0xff806040;
-constexpr QRgb Ground = 0xffe0e0c0;
 
 /// Keeps what it finds in the painter before it draws.
 class WitnessItem : public Q3CanvasRectangle
@@ -47,26 +42,9 @@ QImage noise(const QSize &size, QImage::Format format)
     return image.convertToFormat(format);
 }
 
-/// The columns or rows of a line through @p image that have @p colour, as "first..last".
-QString run(const QImage &image, Qt::Orientation orientation, int across, QRgb colour)
-{
-    const int length = orientation == Qt::Horizontal ? image.width() : image.height();
-    QList<int> found;
-    for (int along = 0; along < length; ++along) {
-        const QRgb pixel = orientation == Qt::Horizontal ? image.pixel(along, across) : image.pixel(across, along);
-        if (pixel == colour)
-            found.append(along);
-    }
-    if (found.isEmpty())
-        return QStringLiteral("none");
-    if (found.constLast() - found.constFirst() + 1 != found.size())
-        return QStringLiteral("with gaps");
-    return QStringLiteral("%1..%2").arg(found.constFirst()).arg(found.constLast());
-}
-
 } // namespace
 
-class tst_Q3CanvasView_painting : public QObject
+class tst_Q3CanvasView_painting : public CanvasViewTest
 {
     Q_OBJECT
 
@@ -89,30 +67,15 @@ private slots:
     void partialRepaintEqualsAWholeOne();
 
 private:
-    void zoom(double factor) { QVERIFY(view->setWorldMatrix(QTransform::fromScale(factor, factor))); }
     void setPicture(const QImage &image);
-    QImage shot() { return view->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-    std::unique_ptr<Q3Canvas> canvas; ///< 60 by 40, pale
-    std::unique_ptr<Q3CanvasView> view; ///< 120 by 100 visible, with a brown surround
     std::unique_ptr<Q3CanvasPixmapArray> frames;
     std::unique_ptr<Q3CanvasSprite> sprite; ///< hidden until setPicture()
 };
 
 void tst_Q3CanvasView_painting::init()
 {
-    canvas = std::make_unique<Q3Canvas>();
-    canvas->resize(60, 40);
-    view = std::make_unique<Q3CanvasView>();
-    view->setFrameStyle(QFrame::NoFrame);
-    view->setCanvas(canvas.get());
-    canvas->setBackgroundColor(Ground);
-    QPalette palette = view->viewport()->palette();
-    palette.setColor(view->viewport()->backgroundRole(), Surround);
-    view->viewport()->setPalette(palette);
-    view->resize(Window);
-    view->setAttribute(Qt::WA_DontShowOnScreen);
-    view->show();
+    showView();
     frames = std::make_unique<Q3CanvasPixmapArray>();
     sprite = std::make_unique<Q3CanvasSprite>(frames.get(), canvas.get());
     WitnessItem::order.clear();
@@ -121,8 +84,7 @@ void tst_Q3CanvasView_painting::init()
 void tst_Q3CanvasView_painting::cleanup()
 {
     sprite.reset();
-    view.reset();
-    canvas.reset();
+    dropView();
 }
 
 void tst_Q3CanvasView_painting::setPicture(const QImage &image)

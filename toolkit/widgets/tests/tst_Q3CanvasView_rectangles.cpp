@@ -1,44 +1,17 @@
-#include "Q3Canvas.h"
+#include "CanvasViewTest.h"
 #include "Q3CanvasRectangle.h"
-#include "Q3CanvasView.h"
 
 #include <QPen>
 #include <QScrollBar>
 #include <QTest>
 
-#include <memory>
-
-namespace {
-
-constexpr QSize Window(120, 100);
-constexpr QRgb Ground = 0xffe0e0c0;
-
-/// The columns or rows of a line through @p image that have @p colour, as "first..last".
-QString run(const QImage &image, Qt::Orientation orientation, int across, QRgb colour)
-{
-    const int length = orientation == Qt::Horizontal ? image.width() : image.height();
-    QList<int> found;
-    for (int along = 0; along < length; ++along) {
-        const QRgb pixel = orientation == Qt::Horizontal ? image.pixel(along, across) : image.pixel(across, along);
-        if (pixel == colour)
-            found.append(along);
-    }
-    if (found.isEmpty())
-        return QStringLiteral("none");
-    if (found.constLast() - found.constFirst() + 1 != found.size())
-        return QStringLiteral("with gaps");
-    return QStringLiteral("%1..%2").arg(found.constFirst()).arg(found.constLast());
-}
-
-} // namespace
-
-class tst_Q3CanvasView_rectangles : public QObject
+class tst_Q3CanvasView_rectangles : public CanvasViewTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { showView(); }
+    void cleanup() { dropView(); }
 
     void atOneToOneItemsReachOnePixelBeyondTheCanvas();
     void atOtherZoomsItemsEndWithTheCanvas();
@@ -50,33 +23,7 @@ private slots:
     void dotsAreScreenPixels_data();
     void dotsAreScreenPixels();
     void frameLargerThanTheWindowIsDrawnAtItsEdges();
-
-private:
-    void zoom(double factor) { QVERIFY(view->setWorldMatrix(QTransform::fromScale(factor, factor))); }
-    QImage shot() { return view->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
-
-    std::unique_ptr<Q3Canvas> canvas; ///< 60 by 40, pale
-    std::unique_ptr<Q3CanvasView> view; ///< 120 by 100 visible
 };
-
-void tst_Q3CanvasView_rectangles::init()
-{
-    canvas = std::make_unique<Q3Canvas>();
-    canvas->resize(60, 40);
-    view = std::make_unique<Q3CanvasView>();
-    view->setFrameStyle(QFrame::NoFrame);
-    view->setCanvas(canvas.get());
-    canvas->setBackgroundColor(Ground);
-    view->resize(Window);
-    view->setAttribute(Qt::WA_DontShowOnScreen);
-    view->show();
-}
-
-void tst_Q3CanvasView_rectangles::cleanup()
-{
-    view.reset();
-    canvas.reset();
-}
 
 void tst_Q3CanvasView_rectangles::atOneToOneItemsReachOnePixelBeyondTheCanvas()
 {

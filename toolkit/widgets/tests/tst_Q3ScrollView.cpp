@@ -1,9 +1,7 @@
-#include "Q3ScrollView.h"
+#include "shown_scroll_view.h"
 
-#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyle>
-#include <QTest>
 
 namespace {
 
@@ -24,23 +22,6 @@ protected:
         Q3ScrollView::paintEvent(event);
     }
 };
-
-constexpr QSize Visible(100, 80);
-
-int bar_width(const Q3ScrollView &view)
-{
-    return view.verticalScrollBar()->sizeHint().width();
-}
-
-int bar_height(const Q3ScrollView &view)
-{
-    return view.horizontalScrollBar()->sizeHint().height();
-}
-
-QSize frame(const Q3ScrollView &view)
-{
-    return 2 * QSize(view.frameWidth(), view.frameWidth());
-}
 
 } // namespace
 
@@ -77,7 +58,6 @@ private slots:
     void pointsMapBetweenContentsAndViewport();
 
 private:
-    /// A view whose viewport is 100 by 80 beside both bars, on contents of 400 by 300 at (100, 100).
     CountingView *view = nullptr;
     QWidget *parent = nullptr;
 };
@@ -85,14 +65,8 @@ private:
 void tst_Q3ScrollView::init()
 {
     parent = new QWidget;
-    parent->resize(500, 400);
     view = new CountingView(parent);
-    view->resize(Visible + frame(*view) + QSize(bar_width(*view), bar_height(*view)));
-    parent->show();
-    QVERIFY(QTest::qWaitForWindowExposed(parent));
-    view->resizeContents(400, 300);
-    QTRY_COMPARE(view->viewport()->size(), Visible);
-    view->setContentsPos(100, 100);
+    show_at_100(*view);
 }
 
 void tst_Q3ScrollView::cleanup()

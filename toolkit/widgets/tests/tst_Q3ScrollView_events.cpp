@@ -1,9 +1,7 @@
-#include "Q3ScrollView.h"
+#include "shown_scroll_view.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
-#include <QTest>
 #include <QWheelEvent>
 
 namespace {
@@ -71,23 +69,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent * /*event*/) override { ++menus; }
 };
 
-constexpr QSize Visible(100, 80);
-
-int bar_width(const Q3ScrollView &view)
-{
-    return view.verticalScrollBar()->sizeHint().width();
-}
-
-int bar_height(const Q3ScrollView &view)
-{
-    return view.horizontalScrollBar()->sizeHint().height();
-}
-
-QSize frame(const Q3ScrollView &view)
-{
-    return 2 * QSize(view.frameWidth(), view.frameWidth());
-}
-
 } // namespace
 
 class tst_Q3ScrollView_events : public QObject
@@ -112,7 +93,6 @@ private slots:
     void cursorOfTheViewShowsOverTheViewport();
 
 private:
-    /// A view whose viewport is 100 by 80 beside both bars, on contents of 400 by 300 at (100, 100).
     RecordingView *view = nullptr;
     Parent *parent = nullptr;
 };
@@ -120,14 +100,8 @@ private:
 void tst_Q3ScrollView_events::init()
 {
     parent = new Parent;
-    parent->resize(500, 400);
     view = new RecordingView(parent);
-    view->resize(Visible + frame(*view) + QSize(bar_width(*view), bar_height(*view)));
-    parent->show();
-    QVERIFY(QTest::qWaitForWindowExposed(parent));
-    view->resizeContents(400, 300);
-    QTRY_COMPARE(view->viewport()->size(), Visible);
-    view->setContentsPos(100, 100);
+    show_at_100(*view);
 }
 
 void tst_Q3ScrollView_events::cleanup()

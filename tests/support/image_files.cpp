@@ -15,21 +15,6 @@ QByteArray encoded(const QImage &image, const char *format, int quality)
     return bytes;
 }
 
-void write_file(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-        qFatal("write_file - cannot write %ls", qUtf16Printable(path));
-}
-
-QByteArray file_bytes(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("file_bytes - cannot read %ls", qUtf16Printable(path));
-    return file.readAll();
-}
-
 QByteArray little16(int value)
 {
     std::array<char, 2> bytes{};
@@ -92,6 +77,11 @@ QByteArray big32(qint64 value)
 QByteArray png_chunk(const QByteArray &type, const QByteArray &content)
 {
     return big32(content.size()) + type + content + big32(chunk_checksum(type + content));
+}
+
+QByteArray riff_chunk(const QByteArray &name, const QByteArray &content)
+{
+    return name + little32(content.size()) + content + QByteArray(content.size() % 2, '\0');
 }
 
 namespace {

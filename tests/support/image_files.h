@@ -1,17 +1,17 @@
 #pragma once
 
+#include "files.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QList>
 #include <QString>
 
-/// Files for the tests of this folder, made from scratch. What cannot be made ends the test program.
+/// Files of pictures, made from scratch. What cannot be made ends the test program.
 
 /// What the toolkit's writer makes of a picture.
 /// @param quality  -1 for the writer's own
 [[nodiscard]] QByteArray encoded(const QImage &image, const char *format, int quality = -1);
-void write_file(const QString &path, const QByteArray &bytes);
-[[nodiscard]] QByteArray file_bytes(const QString &path);
 
 /// @p value in the byte order of most formats of this machine's world, the low byte first.
 [[nodiscard]] QByteArray little16(int value);
@@ -39,6 +39,9 @@ inline constexpr char PngGreyAlpha = 4;
 /// A part of a PNG or MNG file, with its length and check sum.
 [[nodiscard]] QByteArray png_chunk(const QByteArray &type, const QByteArray &content);
 [[nodiscard]] QByteArray big32(qint64 value);
+
+/// A part of a RIFF file, as WebP is one; one of odd length has a byte behind it.
+[[nodiscard]] QByteArray riff_chunk(const QByteArray &name, const QByteArray &content);
 
 /// A PNG with a header that promises this size in true colour, and hardly any pixels.
 [[nodiscard]] QByteArray png_promising(qint64 width, qint64 height);
