@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 

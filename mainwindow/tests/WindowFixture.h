@@ -3,15 +3,20 @@
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
+#include "NextDialog.h"
 #include "pictures.h"
 #include "TemporaryHome.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
+
+#include <utility>
 
 /// The main window in a home of its own, and short ways to what it holds.
 class WindowFixture
@@ -28,6 +33,29 @@ public:
         return qobject_cast<ImageDocumentView *>(tabs()->widget(index));
     }
     [[nodiscard]] ImageDocumentView *currentView() const { return view(tabs()->currentIndex()); }
+
+    /// The page of a tab.
+    [[nodiscard]] QImage page(int tab) const { return std::as_const(*view(tab)->document()).page(1); }
+    [[nodiscard]] QImage page() const { return page(tabs()->currentIndex()); }
+    /// Names of the files in which the history keeps former pages.
+    [[nodiscard]] QStringList snapshots() const { return home.filesIn(QStringLiteral("tmp")); }
+
+    /// Presses the key OK of a command's dialog.
+    /// @param title  of the dialog; any if it is empty
+    static void pressOk(const QDialog &dialog, const QString &title = {})
+    {
+        if (!title.isEmpty())
+            QCOMPARE(dialog.windowTitle(), title);
+        auto *const ok = dialog.findChild<QPushButton *>(QStringLiteral("my_ok_btn"));
+        QVERIFY(ok);
+        ok->click();
+    }
+    /// Carries out a command that has a dialog, as it stands when it comes.
+    void edit(const QString &name, const QString &title = {}) const
+    {
+        const NextDialog dialog([&title](const QDialog &shown) { pressOk(shown, title); });
+        action(name)->trigger();
+    }
 
     /// What the tabs show, without the marks that let "&" through.
     [[nodiscard]] QStringList titles() const

@@ -6,27 +6,11 @@
 
 #include <QCheckBox>
 #include <QFile>
-#include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void accept_dialog(QDialog &dialog)
-{
-    dialog.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
-}
-
-QMessageBox *open_box()
-{
-    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-}
-
-const QImage &page_of(const WindowFixture &fixture, int tab)
-{
-    return std::as_const(*fixture.view(tab)->document()).page(1);
-}
 
 void close_current_tab_unasked(const WindowFixture &fixture)
 {
@@ -58,7 +42,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         const NextDialog dialog([&](QDialog &box) {
-            accept_dialog(box);
+            WindowFixture::pressOk(box);
             QVERIFY(fixture.window.close());
         });
 
@@ -79,16 +63,16 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         QVERIFY(fixture.open(u"b.png"_s));
-        const QImage page = page_of(fixture, 0);
+        const QImage page = fixture.page(0);
         const NextDialog dialog([&](QDialog &box) {
-            accept_dialog(box);
+            WindowFixture::pressOk(box);
             close_current_tab_unasked(fixture);
         });
 
         fixture.action(action)->trigger();
 
         QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
-        QVERIFY(compare_pictures(page_of(fixture, 0), page));
+        QVERIFY(compare_pictures(fixture.page(0), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -156,7 +140,6 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const NextDialog dialog(accept_dialog);
         bool frozen = false;
         const Once closing(
             [&] {
@@ -165,7 +148,7 @@ private slots:
             },
             [&] { close_current_tab_unasked(fixture); });
 
-        fixture.action(u"image_invert"_s)->trigger();
+        fixture.edit(u"image_invert"_s);
 
         QCOMPARE(fixture.tabs()->count(), 0);
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
@@ -176,10 +159,7 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        {
-            const NextDialog dialog(accept_dialog);
-            fixture.action(u"image_invert"_s)->trigger();
-        }
+        fixture.edit(u"image_invert"_s);
         close_current_tab_unasked(fixture);
 
         fixture.window.edit_undo();
@@ -202,11 +182,10 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         QVERIFY(fixture.open(u"b.png"_s));
         fixture.currentView()->document()->setModified(true);
-        const Once answer([] { return open_box() != nullptr; },
-                          [&] {
-                              open_box()->button(QMessageBox::No)->click();
-                              close_current_tab_unasked(fixture);
-                          });
+        const NextOf<QMessageBox> answer([&](const QMessageBox &box) {
+            box.button(QMessageBox::No)->click();
+            close_current_tab_unasked(fixture);
+        });
 
         fixture.action(u"file_close"_s)->trigger();
 
@@ -218,11 +197,10 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         fixture.currentView()->document()->setModified(true);
-        const Once answer([] { return open_box() != nullptr; },
-                          [&] {
-                              open_box()->button(QMessageBox::No)->click();
-                              close_current_tab_unasked(fixture);
-                          });
+        const NextOf<QMessageBox> answer([&](const QMessageBox &box) {
+            box.button(QMessageBox::No)->click();
+            close_current_tab_unasked(fixture);
+        });
 
         QVERIFY(fixture.window.close());
     }
@@ -235,16 +213,18 @@ private slots:
             fixture.currentView()->document()->setModified(true);
         }
         fixture.tabs()->setCurrentIndex(0);
-        const auto asksFor = [](const QString &name) { return open_box() && open_box()->text().contains(name); };
-        const Once first([&] { return asksFor(u"a.png"_s); },
-                         [&] {
-                             open_box()->button(QMessageBox::No)->click();
-                             close_current_tab_unasked(fixture);
-                         });
-        const Once second([&] { return asksFor(u"c.png"_s); }, [] { open_box()->button(QMessageBox::No)->click(); });
-        const Once third([&] { return asksFor(u"b.png"_s); }, [] { open_box()->button(QMessageBox::No)->click(); });
+        const NextOf<QMessageBox> first([&](const QMessageBox &box) {
+            QVERIFY(box.text().contains(u"a.png"_s));
+            box.button(QMessageBox::No)->click();
+            close_current_tab_unasked(fixture);
+        });
+        const NextBox second = answer_next_box(QMessageBox::No);
+        const NextBox third = answer_next_box(QMessageBox::No);
 
         QVERIFY(fixture.window.close());
+
+        QVERIFY(second.text().contains(u"c.png"_s));
+        QVERIFY(third.text().contains(u"b.png"_s));
     }
 
     void aFileThatComesWhenTheLastTabIsClosedKeepsTheWindow()
@@ -277,11 +257,10 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         fixture.currentView()->document()->setModified(true);
         const QString scan = fixture.file(u"scan.png"_s);
-        const Once message([] { return open_box() != nullptr; },
-                           [&] {
-                               fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
-                               open_box()->button(QMessageBox::No)->click();
-                           });
+        const NextOf<QMessageBox> message([&](const QMessageBox &box) {
+            fixture.window.processMessage(u"imagemanager:-t:"_s + scan);
+            box.button(QMessageBox::No)->click();
+        });
 
         if (closesWindow)
             QVERIFY(!fixture.window.close());

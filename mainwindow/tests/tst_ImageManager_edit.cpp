@@ -1,4 +1,3 @@
-#include "edit_steps.h"
 #include "ImageItem.h"
 #include "NextBox.h"
 #include "NextDialog.h"
@@ -59,15 +58,15 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
 
-        edit(fixture, QString::fromLatin1(QTest::currentDataTag()), title);
+        fixture.edit(QString::fromLatin1(QTest::currentDataTag()), title);
 
-        QVERIFY(compare_pictures(page_of(fixture), expected));
+        QVERIFY(compare_pictures(fixture.page(), expected));
         QVERIFY(compare_pictures(fixture.currentView()->imageItem()->pageImage(), expected));
         QCOMPARE(fixture.currentView()->canvas()->size(), expected.size());
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
         QVERIFY(fixture.enabled(u"edit_undo"_s));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
-        QCOMPARE(snapshots(fixture).size(), 1);
+        QCOMPARE(fixture.snapshots().size(), 1);
         QVERIFY(fixture.window.isEnabled());
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
     }
@@ -76,15 +75,15 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
+        const QImage page = fixture.page();
         const NextDialog dialog(
             [](QDialog &preview) { preview.findChild<QPushButton *>(u"my_cancel_btn"_s)->click(); });
 
         fixture.action(u"image_invert"_s)->trigger();
 
-        QCOMPARE(page_of(fixture), page);
+        QCOMPARE(fixture.page(), page);
         QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
-        QVERIFY(snapshots(fixture).isEmpty());
+        QVERIFY(fixture.snapshots().isEmpty());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
     }
 
@@ -120,12 +119,12 @@ private slots:
             QCOMPARE(slider->minimum(), -100);
             QCOMPARE(slider->maximum(), 100);
             slider->setValue(percent);
-            accepted(title)(preview);
+            WindowFixture::pressOk(preview, title);
         });
 
         fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
 
-        QCOMPARE(page_of(fixture).pixel(1, 0), expected);
+        QCOMPARE(fixture.page().pixel(1, 0), expected);
     }
 
     void anAcceptedZeroStillCostsASnapshotButLeavesThePage()
@@ -133,9 +132,9 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
 
-        edit(fixture, u"image_brightness"_s, u"Brightness"_s);
+        fixture.edit(u"image_brightness"_s, u"Brightness"_s);
 
-        QCOMPARE(snapshots(fixture).size(), 1);
+        QCOMPARE(fixture.snapshots().size(), 1);
         QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
     }
 
@@ -143,25 +142,25 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage first = page_of(fixture);
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
-        const QImage second = page_of(fixture);
-        edit(fixture, u"rotate_cw"_s, u"Rotate 90 degrees CW"_s);
-        const QImage third = page_of(fixture);
+        const QImage first = fixture.page();
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
+        const QImage second = fixture.page();
+        fixture.edit(u"rotate_cw"_s, u"Rotate 90 degrees CW"_s);
+        const QImage third = fixture.page();
 
         fixture.action(u"edit_undo"_s)->trigger();
-        QCOMPARE(snapshots(fixture).size(), 3);
-        QVERIFY(compare_pictures(page_of(fixture), second));
+        QCOMPARE(fixture.snapshots().size(), 3);
+        QVERIFY(compare_pictures(fixture.page(), second));
         QCOMPARE(fixture.currentView()->canvas()->size(), second.size());
         QVERIFY(fixture.enabled(u"edit_redo"_s));
 
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture), third));
+        QVERIFY(compare_pictures(fixture.page(), third));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
 
         fixture.action(u"edit_undo"_s)->trigger();
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(fixture.page(), first));
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s}); // an undone document counts as changed
     }
@@ -170,14 +169,14 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.action(u"edit_undo"_s)->trigger(); // a chain of three, standing at the second
 
-        edit(fixture, u"rotate_180"_s, u"Rotate 180 degrees"_s);
+        fixture.edit(u"rotate_180"_s, u"Rotate 180 degrees"_s);
 
         QStringList numbers;
-        for (const QString &name : snapshots(fixture))
+        for (const QString &name : fixture.snapshots())
             numbers.append(number_of(name));
         QCOMPARE(numbers, (QStringList{u"00000001"_s, u"00000002"_s}));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
@@ -187,13 +186,13 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s, QSize(64, 48)));
-        const QImage page = page_of(fixture);
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        const QImage page = fixture.page();
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
         QVERIFY(fixture.open(u"b.png"_s, QSize(30, 20)));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
         QCOMPARE(fixture.currentView()->canvas()->size(), QSize(64, 48));
         QCOMPARE(fixture.titles().at(1), u"b.png*"_s);
     }
@@ -202,7 +201,7 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.action(u"view_zoom_in"_s)->trigger();
 
         fixture.action(u"edit_undo"_s)->trigger();
@@ -214,13 +213,13 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
-        const QImage page = page_of(fixture);
-        QVERIFY(QFile::remove(fixture.home.filePath(u"tmp/"_s + snapshots(fixture).constFirst())));
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
+        const QImage page = fixture.page();
+        QVERIFY(QFile::remove(fixture.home.filePath(u"tmp/"_s + fixture.snapshots().constFirst())));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -232,7 +231,7 @@ private slots:
         connect(fixture.window.statusBar(), &QStatusBar::messageChanged, &fixture.window,
                 [&texts](const QString &text) { texts.append(text); });
 
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.action(u"edit_undo"_s)->trigger();
         fixture.action(u"edit_redo"_s)->trigger();
 
@@ -250,7 +249,7 @@ private slots:
         QVERIFY(patterned_page(QSize(8, 8)).save(path));
         QVERIFY(window->load_file(path, {}, false));
         {
-            const NextDialog dialog(accepted(u"Invert"_s));
+            const NextDialog dialog([](const QDialog &shown) { WindowFixture::pressOk(shown, u"Invert"_s); });
             window->image_invert();
         }
         QCOMPARE(home.filesIn(u"tmp"_s).size(), 1);

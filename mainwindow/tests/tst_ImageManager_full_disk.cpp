@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -70,26 +69,9 @@ struct SmallHomeFixture : SmallHome, WindowFixture
     explicit SmallHomeFixture(const SmallDisk &disk) : SmallHome(disk) { }
 };
 
-/// Accepts the preview of a command.
-void edit(const WindowFixture &fixture, const QString &action)
-{
-    const NextDialog dialog([](QDialog &preview) { preview.findChild<QPushButton *>(u"my_ok_btn"_s)->click(); });
-    fixture.action(action)->trigger();
-}
-
 void undo(const WindowFixture &fixture)
 {
     fixture.action(u"edit_undo"_s)->trigger();
-}
-
-QImage page_of(const WindowFixture &fixture)
-{
-    return std::as_const(*fixture.currentView()->document()).page(1);
-}
-
-QStringList snapshots(const WindowFixture &fixture)
-{
-    return fixture.home.filesIn(u"tmp"_s);
 }
 
 bool is_at_rest(const WindowFixture &fixture)
@@ -183,19 +165,19 @@ private slots:
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
+        const QImage page = fixture.page();
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::Yes);
 
-        edit(fixture, u"rotate_180"_s);
+        fixture.edit(u"rotate_180"_s);
 
         QCOMPARE(box.title(), u"Warning"_s);
         QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
         QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No);
         QCOMPARE(box.defaultButton(), QMessageBox::Yes);
-        QVERIFY(compare_pictures(page_of(fixture), page.mirrored(true, true)));
+        QVERIFY(compare_pictures(fixture.page(), page.mirrored(true, true)));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
-        QCOMPARE(snapshots(fixture), QStringList());
+        QCOMPARE(fixture.snapshots(), QStringList());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QVERIFY(is_at_rest(fixture));
     }
@@ -204,16 +186,16 @@ private slots:
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s);
-        const QImage page = page_of(fixture);
-        const QStringList files = snapshots(fixture);
+        fixture.edit(u"image_invert"_s);
+        const QImage page = fixture.page();
+        const QStringList files = fixture.snapshots();
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
-        edit(fixture, u"rotate_180"_s);
+        fixture.edit(u"rotate_180"_s);
 
-        QVERIFY(compare_pictures(page_of(fixture), page));
-        QCOMPARE(snapshots(fixture), files);
+        QVERIFY(compare_pictures(fixture.page(), page));
+        QCOMPARE(fixture.snapshots(), files);
         QVERIFY(fixture.enabled(u"edit_undo"_s));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
         QVERIFY(is_at_rest(fixture));
@@ -223,51 +205,51 @@ private slots:
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
-        edit(fixture, u"image_invert"_s);
+        const QImage page = fixture.page();
+        fixture.edit(u"image_invert"_s);
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
 
         QCOMPARE(box.text(), u"This operation cannot be undone or redone. Continue?"_s);
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
         // Redo only brings the same page again.
         QVERIFY(fixture.enabled(u"edit_redo"_s));
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
     }
 
     void suchAnUndoOfSeveralEditsGoesToTheNewestSnapshot()
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s);
-        const QImage beforeTheLast = page_of(fixture);
-        edit(fixture, u"rotate_cw"_s);
+        fixture.edit(u"image_invert"_s);
+        const QImage beforeTheLast = fixture.page();
+        fixture.edit(u"rotate_cw"_s);
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
-        QVERIFY(compare_pictures(page_of(fixture), beforeTheLast));
+        QVERIFY(compare_pictures(fixture.page(), beforeTheLast));
         fixture.action(u"edit_redo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture), beforeTheLast));
+        QVERIFY(compare_pictures(fixture.page(), beforeTheLast));
     }
 
     void anEditAfterSuchAnUndoDeletesTheWholeHistory()
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s);
-        edit(fixture, u"image_invert"_s);
-        QCOMPARE(snapshots(fixture).size(), 2);
+        fixture.edit(u"image_invert"_s);
+        fixture.edit(u"image_invert"_s);
+        QCOMPARE(fixture.snapshots().size(), 2);
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::No);
         undo(fixture);
 
-        edit(fixture, u"rotate_180"_s);
+        fixture.edit(u"rotate_180"_s);
 
-        QCOMPARE(snapshots(fixture), QStringList());
+        QCOMPARE(fixture.snapshots(), QStringList());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
     }
 
@@ -275,15 +257,15 @@ private slots:
     {
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage first = page_of(fixture);
-        edit(fixture, u"image_invert"_s);
-        edit(fixture, u"rotate_180"_s);
+        const QImage first = fixture.page();
+        fixture.edit(u"image_invert"_s);
+        fixture.edit(u"rotate_180"_s);
         const Filler filler(disk, 2);
         const NextBox box = answer_next_box(QMessageBox::Yes);
 
         undo(fixture);
 
-        QVERIFY(compare_pictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(fixture.page(), first));
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
     }
 
@@ -291,16 +273,16 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
+        const QImage page = fixture.page();
         const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
         const NextBox box = answer_next_box(QMessageBox::Ok);
 
-        edit(fixture, u"rotate_180"_s);
+        fixture.edit(u"rotate_180"_s);
 
         QCOMPARE(box.title(), u"Warning"_s);
         QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
         QCOMPARE(box.buttons(), QMessageBox::Ok);
-        QVERIFY(compare_pictures(page_of(fixture), page.mirrored(true, true)));
+        QVERIFY(compare_pictures(fixture.page(), page.mirrored(true, true)));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QVERIFY(is_at_rest(fixture));
@@ -310,16 +292,16 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage first = page_of(fixture);
-        edit(fixture, u"image_invert"_s);
-        edit(fixture, u"rotate_180"_s);
+        const QImage first = fixture.page();
+        fixture.edit(u"image_invert"_s);
+        fixture.edit(u"rotate_180"_s);
         const ReadOnlyPlace place(fixture.home.filePath(u"tmp"_s));
         const NextBox box = answer_next_box(QMessageBox::Ok);
 
         undo(fixture);
 
         QCOMPARE(box.text(), u"Error saving Undo/Redo information"_s);
-        QVERIFY(compare_pictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(fixture.page(), first));
     }
 
 private:

@@ -4,6 +4,7 @@
 #include "AppContext.h"
 #include "path_strings.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QHash>

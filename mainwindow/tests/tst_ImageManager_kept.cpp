@@ -1,7 +1,7 @@
+#include "files.h"
 #include "NextBox.h"
 #include "NextDialog.h"
 #include "NextFileDialog.h"
-#include "Once.h"
 #include "tiff_pages.h"
 #include "WindowFixture.h"
 
@@ -9,7 +9,6 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -26,23 +25,11 @@ QString open_kind(WindowFixture &fixture, const QString &kind, const QString &na
     return path;
 }
 
-void invert(const WindowFixture &fixture)
-{
-    const NextDialog dialog([](QDialog &preview) { preview.findChild<QPushButton *>(u"my_ok_btn"_s)->click(); });
-    fixture.action(u"image_invert"_s)->trigger();
-}
-
 /// Puts another file with the same bytes in the place of a file.
 void replace_by_copy(const QString &path)
 {
     if (!QFile::copy(path, path + u'~') || !QFile::remove(path) || !QFile::rename(path + u'~', path))
         qFatal("cannot replace %s", qPrintable(path));
-}
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// An icon of two sizes, each a picture of its own: 32 by 32 and 16 by 16.
@@ -106,7 +93,7 @@ void tst_ImageManager_kept::tabTellsWhichPageIsOpen()
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
     QCOMPARE(fixture.tabs()->tabToolTip(0), u"Page 1 of 20"_s);
 
-    invert(fixture);
+    fixture.edit(u"image_invert"_s);
     fixture.action(u"file_save"_s)->trigger();
     QCOMPARE(fixture.tabs()->tabToolTip(0), u"Page 1 of 20"_s);
 
@@ -129,7 +116,7 @@ void tst_ImageManager_kept::saveKeepsThePagesBehindWithoutAQuestion()
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
     const QStringList before = told_pages(path);
-    invert(fixture);
+    fixture.edit(u"image_invert"_s);
 
     fixture.action(u"file_save"_s)->trigger();
 
@@ -161,7 +148,7 @@ void tst_ImageManager_kept::saveAsUnderAnotherFormatTakesTheFirstPageWithoutAQue
 {
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
-    const QByteArray bytes = bytes_of(path);
+    const QByteArray bytes = file_bytes(path);
     replace_by_copy(path); // would be asked about under a TIFF row
     const NextFileDialog dialog([&](QFileDialog &at) {
         at.selectNameFilter(u"Portable Network Graphics (*.png)"_s);
@@ -172,7 +159,7 @@ void tst_ImageManager_kept::saveAsUnderAnotherFormatTakesTheFirstPageWithoutAQue
 
     QCOMPARE(fixture.titles(), QStringList{u"scan.png"_s});
     QCOMPARE(QImage(fixture.home.filePath(u"scan.png"_s)).size(), QSize(96, 64));
-    QCOMPARE(bytes_of(path), bytes);
+    QCOMPARE(file_bytes(path), bytes);
     QCOMPARE(fixture.tabs()->tabToolTip(0), QString());
 }
 
@@ -180,9 +167,9 @@ void tst_ImageManager_kept::fileThatChangedRaisesTheQuestionAndNoSavesNothing()
 {
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
-    invert(fixture);
+    fixture.edit(u"image_invert"_s);
     replace_by_copy(path);
-    const QByteArray bytes = bytes_of(path);
+    const QByteArray bytes = file_bytes(path);
     const NextBox box = answer_next_box(QMessageBox::No);
 
     fixture.action(u"file_save"_s)->trigger();
@@ -191,7 +178,7 @@ void tst_ImageManager_kept::fileThatChangedRaisesTheQuestionAndNoSavesNothing()
     QCOMPARE(box.title(), fixture.window.windowTitle());
     QCOMPARE(box.buttons(), QMessageBox::Yes | QMessageBox::No);
     QCOMPARE(box.defaultButton(), QMessageBox::No);
-    QCOMPARE(bytes_of(path), bytes);
+    QCOMPARE(file_bytes(path), bytes);
     QCOMPARE(fixture.titles(), QStringList{u"scan.tif*"_s});
     QCOMPARE(fixture.tabs()->tabToolTip(0), u"Page 1 of 20"_s);
 }
@@ -261,7 +248,7 @@ void tst_ImageManager_kept::saveOverAnIconOfSeveralSizesAsks()
     WindowFixture fixture;
     const QString path = fixture.home.filePath(u"icon.ico"_s);
     write_icon(path);
-    const QByteArray bytes = bytes_of(path);
+    const QByteArray bytes = file_bytes(path);
     QVERIFY(fixture.window.load_file(path, {}, false));
     QCOMPARE(fixture.tabs()->tabToolTip(0), QString()); // they are no pages
     {
@@ -269,12 +256,12 @@ void tst_ImageManager_kept::saveOverAnIconOfSeveralSizesAsks()
         fixture.action(u"file_save"_s)->trigger();
         QCOMPARE(box.text(), question_about(u"icon.ico"_s, 2));
     }
-    QCOMPARE(bytes_of(path), bytes);
+    QCOMPARE(file_bytes(path), bytes);
     {
         const NextBox box = answer_next_box(QMessageBox::Yes);
         fixture.action(u"file_save"_s)->trigger();
     }
-    QVERIFY(bytes_of(path) != bytes);
+    QVERIFY(file_bytes(path) != bytes);
     fixture.action(u"file_save"_s)->trigger(); // one picture, no question
 }
 
@@ -282,7 +269,7 @@ void tst_ImageManager_kept::closeWithoutTheLossStays()
 {
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
-    invert(fixture);
+    fixture.edit(u"image_invert"_s);
     replace_by_copy(path);
     const NextBox save = answer_next_box(QMessageBox::Yes);
     const NextBox loss = answer_next_box(QMessageBox::No);
@@ -298,18 +285,16 @@ void tst_ImageManager_kept::tabClosedDuringTheQuestionSavesNothing()
     WindowFixture fixture;
     const QString path = open_kind(fixture, u"fax"_s, u"scan.tif"_s);
     replace_by_copy(path);
-    const QByteArray bytes = bytes_of(path);
-    const Once close(
-        [] { return QApplication::activeModalWidget() != nullptr; },
-        [&] {
-            fixture.action(u"file_close"_s)->trigger();
-            qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(QMessageBox::Yes)->click();
-        });
+    const QByteArray bytes = file_bytes(path);
+    const NextOf<QMessageBox> close([&](const QMessageBox &box) {
+        fixture.action(u"file_close"_s)->trigger();
+        box.button(QMessageBox::Yes)->click();
+    });
 
     fixture.action(u"file_save"_s)->trigger();
 
     QCOMPARE(fixture.tabs()->count(), 0);
-    QCOMPARE(bytes_of(path), bytes);
+    QCOMPARE(file_bytes(path), bytes);
 }
 
 void tst_ImageManager_kept::markupInANameIsShown()

@@ -1,11 +1,11 @@
 // The history of the window when its files are not where it put them, or cannot go where they belong.
 
+#include "files.h"
 #include "NextDialog.h"
 #include "WindowFixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -14,18 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void edit(const ImageManager &window, const QString &action)
-{
-    const NextDialog dialog([](QDialog &preview) { preview.findChild<QPushButton *>(u"my_ok_btn"_s)->click(); });
-    window.findChild<QAction *>(action)->trigger();
-}
-
-QImage page_of(const ImageManager &window)
-{
-    const auto *const view = qobject_cast<const ImageDocumentView *>(window.findChild<QTabWidget *>()->currentWidget());
-    return std::as_const(*view->document()).page(1);
-}
 
 QString snapshot_path(const WindowFixture &fixture, int index)
 {
@@ -81,14 +69,14 @@ private slots:
         QFETCH(const Damage, damage);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture.window, u"image_invert"_s);
-        edit(fixture.window, u"rotate_180"_s);
-        const QImage page = page_of(fixture.window);
+        fixture.edit(u"image_invert"_s);
+        fixture.edit(u"rotate_180"_s);
+        const QImage page = fixture.page();
         QVERIFY(damage(snapshot_path(fixture, 1)));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture.window), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
         QVERIFY(fixture.enabled(u"edit_undo"_s));
         QVERIFY(fixture.window.isEnabled());
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
@@ -100,34 +88,34 @@ private slots:
         QFETCH(const Damage, damage);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage first = page_of(fixture.window);
-        edit(fixture.window, u"image_invert"_s);
-        edit(fixture.window, u"rotate_180"_s);
+        const QImage first = fixture.page();
+        fixture.edit(u"image_invert"_s);
+        fixture.edit(u"rotate_180"_s);
         fixture.action(u"edit_undo"_s)->trigger();
-        const QImage page = page_of(fixture.window);
+        const QImage page = fixture.page();
         QVERIFY(damage(snapshot_path(fixture, 2)));
 
         fixture.action(u"edit_redo"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture.window), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
         QVERIFY(fixture.enabled(u"edit_redo"_s));
         QVERIFY(fixture.window.isEnabled());
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture.window), first));
+        QVERIFY(compare_pictures(fixture.page(), first));
     }
 
     void aSnapshotOfAnotherPictureIsTakenAsItIs()
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture.window, u"image_invert"_s);
+        fixture.edit(u"image_invert"_s);
         const QImage other = patterned_page(QSize(20, 30));
         QVERIFY(other.save(snapshot_path(fixture, 0), "BMP"));
 
         fixture.action(u"edit_undo"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture.window), other));
+        QVERIFY(compare_pictures(fixture.page(), other));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -135,33 +123,34 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture.window);
+        const QImage page = fixture.page();
         QVERIFY(QDir(fixture.home.filePath(u"tmp"_s)).removeRecursively());
 
-        edit(fixture.window, u"image_invert"_s);
+        fixture.edit(u"image_invert"_s);
 
         QCOMPARE(fixture.home.filesIn(u"tmp"_s).size(), 1);
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture.window), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
     }
 
     void withoutADirectoryTheSnapshotsGoIntoTheHome()
     {
         const TemporaryHome home;
-        QFile inTheWay(home.filePath(u"tmp"_s));
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        write_file(home.filePath(u"tmp"_s), {}); // in the way, before there is a window
         const QString path = home.filePath(u"a.png"_s);
         QVERIFY(patterned_page(QSize(64, 48)).save(path));
         ImageManager window;
         QVERIFY(window.load_file(path, {}, false));
-        const QImage page = page_of(window);
+        auto *const view = qobject_cast<ImageDocumentView *>(window.findChild<QTabWidget *>()->currentWidget());
+        const QImage page = view->document()->page(1);
+        const NextDialog dialog([](const QDialog &shown) { WindowFixture::pressOk(shown); });
 
-        edit(window, u"image_invert"_s);
+        window.findChild<QAction *>(u"image_invert"_s)->trigger();
 
         const QStringList snapshots = QDir(home.path()).entryList({u"*00000001.bmp"_s}, QDir::Files);
         QCOMPARE(snapshots.size(), 1);
         window.edit_undo();
-        QVERIFY(compare_pictures(page_of(window), page));
+        QVERIFY(compare_pictures(view->document()->page(1), page));
     }
 };
 

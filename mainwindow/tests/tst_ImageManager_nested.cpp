@@ -6,32 +6,16 @@
 
 #include <QCheckBox>
 #include <QImageReader>
-#include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QMessageBox *open_box()
-{
-    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-}
-
 /// The message of another start that names one file.
 QString message_of(const QString &path)
 {
     return u"imagemanager:"_s + path;
-}
-
-void accept_dialog(QDialog &dialog)
-{
-    dialog.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
-}
-
-const QImage &page_of(const WindowFixture &fixture, int tab)
-{
-    return std::as_const(*fixture.view(tab)->document()).page(1);
 }
 
 QImage inverted(QImage page)
@@ -87,15 +71,14 @@ private slots:
         QFETCH(const bool, stays);
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture, 0);
-        const NextDialog dialog(accept_dialog);
+        const QImage page = fixture.page(0);
         const NextBox question = answer_next_box(answer);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
 
-        fixture.action(u"image_invert"_s)->trigger();
+        fixture.edit(u"image_invert"_s);
 
         QVERIFY(fixture.window.isVisible());
-        QVERIFY(compare_pictures(page_of(fixture, 0), inverted(page)));
+        QVERIFY(compare_pictures(fixture.page(0), inverted(page)));
         QTRY_VERIFY(question.hasCome());
         QTRY_COMPARE(fixture.window.isVisible(), stays);
         QCOMPARE(fixture.tabs()->count(), stays ? 1 : 0);
@@ -105,10 +88,7 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        {
-            const NextDialog dialog(accept_dialog);
-            fixture.action(u"image_invert"_s)->trigger();
-        }
+        fixture.edit(u"image_invert"_s);
         const NextBox question = answer_next_box(QMessageBox::No);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
 
@@ -132,7 +112,6 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         const QString scan = fixture.file(u"scan.png"_s);
-        const NextDialog dialog(accept_dialog);
         const Once both([&] { return !fixture.window.isEnabled(); },
                         [&] {
                             if (closeComesFirst)
@@ -142,7 +121,7 @@ private slots:
                                 QVERIFY(!fixture.window.close());
                         });
 
-        fixture.action(u"image_invert"_s)->trigger();
+        fixture.edit(u"image_invert"_s);
         QCoreApplication::processEvents(); // a close that waits would ask now, and never be answered
 
         QVERIFY(fixture.window.isVisible());
@@ -154,14 +133,13 @@ private slots:
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
         const QStringList paths{fixture.file(u"b.png"_s), fixture.file(u"c.png"_s), fixture.file(u"d.png"_s)};
-        const NextDialog dialog(accept_dialog);
         const Once messages([&] { return !fixture.window.isEnabled(); },
                             [&] {
                                 fixture.window.processMessage(message_of(paths.at(0) + u':' + paths.at(1)));
                                 fixture.window.processMessage(message_of(paths.at(2)));
                             });
 
-        fixture.action(u"image_invert"_s)->trigger();
+        fixture.edit(u"image_invert"_s);
 
         QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s, u"c.png"_s, u"d.png"_s}));
         QCOMPARE(fixture.tabs()->currentIndex(), 3);
@@ -171,10 +149,7 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        {
-            const NextDialog dialog(accept_dialog);
-            fixture.action(u"image_invert"_s)->trigger();
-        }
+        fixture.edit(u"image_invert"_s);
         bool frozen = false;
         const Once closing(
             [&] {
@@ -196,10 +171,7 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        {
-            const NextDialog dialog(accept_dialog);
-            fixture.action(u"image_invert"_s)->trigger();
-        }
+        fixture.edit(u"image_invert"_s);
         const QStatusBar *const bar = fixture.window.statusBar();
         const Once status([bar] { return bar->currentMessage() == "Undoing operation..."_L1; },
                           [&] { emit fixture.currentView()->statusChanged(u"[64x48]"_s); });
@@ -215,18 +187,17 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture, 0);
+        const QImage page = fixture.page(0);
         const QString path = fixture.file(u"b.png"_s);
-        const NextDialog dialog(accept_dialog);
         const Once message([&] { return !fixture.window.isEnabled(); },
                            [&] { fixture.window.processMessage(message_of(path)); });
 
-        fixture.action(u"image_invert"_s)->trigger();
+        fixture.edit(u"image_invert"_s);
 
         QTRY_COMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
         QCOMPARE(fixture.tabs()->currentIndex(), 1);
-        QVERIFY(compare_pictures(page_of(fixture, 0), inverted(page)));
-        QVERIFY(compare_pictures(page_of(fixture, 1), page));
+        QVERIFY(compare_pictures(fixture.page(0), inverted(page)));
+        QVERIFY(compare_pictures(fixture.page(1), page));
         QVERIFY(fixture.window.isEnabled());
     }
 
@@ -247,12 +218,12 @@ private slots:
         const QString path = fixture.file(u"b.png"_s);
         const NextDialog dialog([&](QDialog &box) {
             fixture.window.processMessage(message_of(path));
-            accept_dialog(box);
+            WindowFixture::pressOk(box);
         });
 
         fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
 
-        QTEST(page_of(fixture, 0).size(), "size");
+        QTEST(fixture.page(0).size(), "size");
         QCOMPARE(fixture.titles(), (QStringList{u"a.png*"_s, u"b.png"_s}));
     }
 
@@ -273,12 +244,10 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         QVERIFY(fixture.view(0)->document()->setPage(1, patterned_page(QSize(30, 20))));
         const QString path = fixture.file(u"b.png"_s);
-        const Once answer([] { return open_box() != nullptr; },
-                          [&] {
-                              QMessageBox *const box = open_box();
-                              fixture.window.processMessage(message_of(path));
-                              box->button(QMessageBox::Yes)->click();
-                          });
+        const NextOf<QMessageBox> answer([&](const QMessageBox &box) {
+            fixture.window.processMessage(message_of(path));
+            box.button(QMessageBox::Yes)->click();
+        });
 
         fixture.action(action)->trigger();
 
@@ -295,18 +264,16 @@ private slots:
             QVERIFY(fixture.currentView()->document()->setPage(1, patterned_page(QSize(30, 20))));
         }
         const QString path = fixture.file(u"c.png"_s);
-        const auto asksFor = [](const QString &name) { return open_box() && open_box()->text().contains(name); };
-        const Once answerFirst([&] { return asksFor(u"b.png"_s); }, // the current one
-                               [&] {
-                                   QMessageBox *const box = open_box();
-                                   fixture.window.processMessage(message_of(path));
-                                   box->button(QMessageBox::Yes)->click();
-                               });
-        const Once answerSecond([&] { return asksFor(u"a.png"_s); },
-                                [] { open_box()->button(QMessageBox::Yes)->click(); });
+        const NextOf<QMessageBox> first([&](const QMessageBox &box) {
+            QVERIFY(box.text().contains(u"b.png"_s)); // the current one
+            fixture.window.processMessage(message_of(path));
+            box.button(QMessageBox::Yes)->click();
+        });
+        const NextBox second = answer_next_box(QMessageBox::Yes);
 
         QVERIFY(fixture.window.close());
 
+        QVERIFY(second.text().contains(u"a.png"_s));
         for (const QString &name : {u"a.png"_s, u"b.png"_s})
             QCOMPARE(QImageReader(fixture.home.filePath(name)).size(), QSize(30, 20));
     }
@@ -317,7 +284,7 @@ private slots:
         QVERIFY(fixture.window.load_file(fixture.file(u"scan.png"_s), {}, true));
         fixture.currentView()->document()->setModified(true);
         const QString path = fixture.file(u"b.png"_s);
-        const Once answer([] { return open_box() != nullptr; }, [] { open_box()->button(QMessageBox::Yes)->click(); });
+        const NextBox answer = answer_next_box(QMessageBox::Yes);
         const NextFileDialog dialog([&](QFileDialog &chooser) {
             fixture.window.processMessage(message_of(path));
             NextFileDialog::accept(chooser, fixture.home.filePath(u"named.png"_s));
@@ -337,20 +304,18 @@ private slots:
         QVERIFY(fixture.window.load_file(scan, {}, true));
         const QString path = fixture.file(u"b.png"_s);
         const QString other = fixture.file(u"c.png"_s);
-        const auto chooser = [] { return qobject_cast<QFileDialog *>(QApplication::activeModalWidget()); };
-        const auto asksForAll = [&] { return chooser() && chooser()->findChild<QCheckBox *>(); };
-        const Once all(asksForAll, [&] {
-            QFileDialog *const dialog = chooser();
-            dialog->findChild<QCheckBox *>()->setChecked(false);
+        const NextFileDialog all([&](QFileDialog &chooser) {
+            auto *const useAsBase = chooser.findChild<QCheckBox *>();
+            QVERIFY(useAsBase);
+            useAsBase->setChecked(false);
             fixture.window.processMessage(message_of(path));
-            NextFileDialog::accept(*dialog, fixture.home.filePath(u"second.png"_s));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"second.png"_s));
         });
-        const Once one([&] { return chooser() && !asksForAll(); },
-                       [&] {
-                           QFileDialog *const dialog = chooser();
-                           fixture.window.processMessage(message_of(other));
-                           NextFileDialog::accept(*dialog, fixture.home.filePath(u"first.png"_s));
-                       });
+        const NextFileDialog one([&](QFileDialog &chooser) {
+            QVERIFY(!chooser.findChild<QCheckBox *>());
+            fixture.window.processMessage(message_of(other));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"first.png"_s));
+        });
 
         fixture.action(u"file_save_all"_s)->trigger();
 

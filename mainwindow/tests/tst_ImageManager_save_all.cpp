@@ -1,6 +1,5 @@
 #include "NextBox.h"
 #include "NextFileDialog.h"
-#include "Once.h"
 #include "WindowFixture.h"
 
 #include <QCheckBox>
@@ -13,28 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QFileDialog *open_chooser()
-{
-    return qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-}
-
 /// The dialog for all documents has the box about the base name, that for one document has not.
-bool asks_for_all()
+QCheckBox *box_of(const QFileDialog &chooser)
 {
-    return open_chooser() && open_chooser()->findChild<QCheckBox *>();
-}
-
-bool asks_for_one()
-{
-    return open_chooser() && !asks_for_all();
+    return chooser.findChild<QCheckBox *>();
 }
 
 /// Answers the dialog of Save All, and gives the typed name.
-std::function<void()> save_all_under(const WindowFixture &fixture, const QString &name, bool useAsBase)
+NextFileDialog::Work save_all_under(const WindowFixture &fixture, const QString &name, bool useAsBase)
 {
-    return [&fixture, name, useAsBase] {
-        open_chooser()->findChild<QCheckBox *>()->setChecked(useAsBase);
-        NextFileDialog::accept(*open_chooser(), fixture.home.filePath(name));
+    return [&fixture, name, useAsBase](QFileDialog &chooser) {
+        QVERIFY(box_of(chooser));
+        box_of(chooser)->setChecked(useAsBase);
+        NextFileDialog::accept(chooser, fixture.home.filePath(name));
     };
 }
 
@@ -71,13 +61,17 @@ private slots:
             open_unnamed(fixture);
         fixture.tabs()->setCurrentIndex(start);
         const QString late = fixture.file(u"late.png"_s);
-        const Once all(asks_for_all, save_all_under(fixture, u"named.png"_s, false));
-        const Once first(asks_for_one, [&] {
+        const NextFileDialog all(save_all_under(fixture, u"named.png"_s, false));
+        const NextFileDialog first([&](QFileDialog &chooser) {
+            QVERIFY(!box_of(chooser));
             fixture.window.processMessage(u"imagemanager:"_s + late);
-            NextFileDialog::accept(*open_chooser(), fixture.home.filePath(u"first.png"_s));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"first.png"_s));
         });
-        const Once second([&] { return asks_for_one() && QFile::exists(fixture.home.filePath(u"first.png"_s)); },
-                          [&] { NextFileDialog::accept(*open_chooser(), fixture.home.filePath(u"second.png"_s)); });
+        const NextFileDialog second([&](QFileDialog &chooser) {
+            QVERIFY(!box_of(chooser));
+            QVERIFY(QFile::exists(fixture.home.filePath(u"first.png"_s)));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"second.png"_s));
+        });
 
         fixture.action(u"file_save_all"_s)->trigger();
 
@@ -92,7 +86,7 @@ private slots:
         open_unnamed(fixture, QSize(40, 30));
         fixture.tabs()->setCurrentIndex(0);
         const QString taken = fixture.file(u"sc<b>an2.png"_s);
-        const Once all(asks_for_all, save_all_under(fixture, u"sc<b>an.png"_s, true));
+        const NextFileDialog all(save_all_under(fixture, u"sc<b>an.png"_s, true));
         const NextBox question = answer_next_box(QMessageBox::Yes);
 
         fixture.action(u"file_save_all"_s)->trigger();
@@ -111,12 +105,13 @@ private slots:
         open_unnamed(fixture, QSize(40, 30));
         fixture.tabs()->setCurrentIndex(0);
         const QString taken = fixture.file(u"scan1.png"_s);
-        const Once all(asks_for_all, save_all_under(fixture, u"scan.png"_s, true));
+        const NextFileDialog all(save_all_under(fixture, u"scan.png"_s, true));
         const NextBox question = answer_next_box(QMessageBox::No);
-        const Once one(asks_for_one, [&] {
+        const NextFileDialog one([&](QFileDialog &chooser) {
+            QVERIFY(!box_of(chooser));
             QVERIFY(!fixture.currentView()->document()->hasFile());
             QCOMPARE(fixture.currentView()->document()->imgFormat(), u"BMP"_s);
-            NextFileDialog::accept(*open_chooser(), fixture.home.filePath(u"other.png"_s));
+            NextFileDialog::accept(chooser, fixture.home.filePath(u"other.png"_s));
         });
 
         fixture.action(u"file_save_all"_s)->trigger();
@@ -133,9 +128,12 @@ private slots:
         fixture.tabs()->setCurrentIndex(0);
         const QString title = fixture.titles().at(0);
         const QString taken = fixture.file(u"scan1.png"_s, QSize(30, 20));
-        const Once all(asks_for_all, save_all_under(fixture, u"scan.png"_s, true));
+        const NextFileDialog all(save_all_under(fixture, u"scan.png"_s, true));
         const NextBox question = answer_next_box(QMessageBox::No);
-        const Once one(asks_for_one, [] { open_chooser()->reject(); });
+        const NextFileDialog one([](QFileDialog &chooser) {
+            QVERIFY(!box_of(chooser));
+            chooser.reject();
+        });
 
         fixture.action(u"file_save_all"_s)->trigger();
 
@@ -162,8 +160,8 @@ private slots:
         WindowFixture fixture;
         open_unnamed(fixture);
         const QString title = fixture.titles().at(0);
-        const Once all(asks_for_all, [&] {
-            save_all_under(fixture, u"scan.png"_s, useAsBase)();
+        const NextFileDialog all([&](QFileDialog &chooser) {
+            save_all_under(fixture, u"scan.png"_s, useAsBase)(chooser);
             QVERIFY(QDir(fixture.home.path()).mkdir(folder)); // it was free when the user chose it
         });
         const NextBox failure = answer_next_box(QMessageBox::Ok);
@@ -185,13 +183,11 @@ private slots:
         open_unnamed(fixture, QSize(40, 30));
         fixture.tabs()->setCurrentIndex(0);
         const QString taken = fixture.file(u"scan1.png"_s, QSize(30, 20));
-        const Once all(asks_for_all, save_all_under(fixture, u"scan.png"_s, true));
-        const Once question(
-            [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); },
-            [&] {
-                qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(QMessageBox::Yes)->click();
-                fixture.action(u"file_close"_s)->trigger();
-            });
+        const NextFileDialog all(save_all_under(fixture, u"scan.png"_s, true));
+        const NextOf<QMessageBox> question([&](const QMessageBox &box) {
+            box.button(QMessageBox::Yes)->click();
+            fixture.action(u"file_close"_s)->trigger();
+        });
 
         fixture.action(u"file_save_all"_s)->trigger();
 

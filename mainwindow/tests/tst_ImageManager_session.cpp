@@ -37,7 +37,7 @@ QImage scanned_page()
 
 void accept(QDialog &dialog)
 {
-    dialog.findChild<QPushButton *>(u"my_ok_btn"_s)->click();
+    WindowFixture::pressOk(dialog);
 }
 
 /// One command: its action, and what is entered into its dialog.
@@ -97,11 +97,6 @@ void run(const WindowFixture &fixture, const Step &step)
     action->trigger();
 }
 
-QImage page_of(const WindowFixture &fixture)
-{
-    return std::as_const(*fixture.currentView()->document()).page(1);
-}
-
 /// What a page looks like, in few bytes. A 1-bit page may come back with its two colours exchanged, and its bits.
 struct Look
 {
@@ -147,7 +142,7 @@ private slots:
         QVERIFY(fixture.window.load_file(path, {}, false));
         for (int i = 0; i < 4; ++i) // so that a selection takes in thousands of pixels
             fixture.action(u"view_zoom_out"_s)->trigger();
-        const QImage first = page_of(fixture);
+        const QImage first = fixture.page();
         QList<Look> looks{look_of(first)};
         QElapsedTimer timer;
         timer.start();
@@ -156,28 +151,28 @@ private slots:
             if (!step.fillIn)
                 fixture.select(QPoint(10, 12), QPoint(250, 300)); // times 16
             run(fixture, step);
-            looks.append(look_of(page_of(fixture)));
+            looks.append(look_of(fixture.page()));
         }
-        const QImage last = page_of(fixture);
+        const QImage last = fixture.page();
         QCOMPARE(last.size(), QSize(1500, 2100));
         QCOMPARE(last.depth(), 32);
 
         for (qsizetype i = looks.size() - 2; i >= 0; --i) {
             QVERIFY(fixture.enabled(u"edit_undo"_s));
             fixture.action(u"edit_undo"_s)->trigger();
-            QVERIFY2(look_of(page_of(fixture)) == looks.at(i), qPrintable(QString::number(i)));
+            QVERIFY2(look_of(fixture.page()) == looks.at(i), qPrintable(QString::number(i)));
         }
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
-        QVERIFY(compare_pictures(page_of(fixture), first));
+        QVERIFY(compare_pictures(fixture.page(), first));
         QVERIFY(bytes_of_snapshots(fixture) < mostBytes);
 
         for (qsizetype i = 1; i < looks.size(); ++i) {
             QVERIFY(fixture.enabled(u"edit_redo"_s));
             fixture.action(u"edit_redo"_s)->trigger();
-            QVERIFY2(look_of(page_of(fixture)) == looks.at(i), qPrintable(QString::number(i)));
+            QVERIFY2(look_of(fixture.page()) == looks.at(i), qPrintable(QString::number(i)));
         }
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
-        QVERIFY(compare_pictures(page_of(fixture), last));
+        QVERIFY(compare_pictures(fixture.page(), last));
         QVERIFY2(timer.elapsed() < mostMs, qPrintable(QString::number(timer.elapsed())));
     }
 };

@@ -1,13 +1,12 @@
 // The commands that give a page another size.
 
-#include "edit_steps.h"
 #include "NextBox.h"
 #include "Q3Canvas.h"
+#include "WindowFixture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSlider>
 #include <QTest>
 
@@ -24,36 +23,36 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
+        const QImage page = fixture.page();
         fixture.select(QPoint(10, 12), QPoint(29, 31));
 
         fixture.action(u"image_crop"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture), page.copy(10, 12, 20, 20)));
+        QVERIFY(compare_pictures(fixture.page(), page.copy(10, 12, 20, 20)));
         QCOMPARE(fixture.currentView()->canvas()->size(), QSize(20, 20));
         QVERIFY(!fixture.enabled(u"image_crop"_s));
         fixture.action(u"edit_undo"_s)->trigger();
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QVERIFY(compare_pictures(fixture.page(), page));
     }
 
     void aFailedCropRollsBackAndCostsTheHistory()
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        edit(fixture, u"image_invert"_s, u"Invert"_s);
-        const QImage page = page_of(fixture);
+        fixture.edit(u"image_invert"_s, u"Invert"_s);
+        const QImage page = fixture.page();
         fixture.select(QPoint(5, 5), QPoint(10, 10));
         fixture.select(QPoint(40, 40), QPoint(20, 20)); // the second backwards one keeps its negative size
 
         fixture.action(u"image_crop"_s)->trigger();
 
-        QVERIFY(compare_pictures(page_of(fixture), page));
-        QVERIFY(snapshots(fixture).isEmpty());
+        QVERIFY(compare_pictures(fixture.page(), page));
+        QVERIFY(fixture.snapshots().isEmpty());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
         QVERIFY(!fixture.enabled(u"edit_redo"_s));
 
-        edit(fixture, u"image_invert"_s, u"Invert"_s); // after a rollback the next edit writes no snapshot
-        QVERIFY(snapshots(fixture).isEmpty());
+        fixture.edit(u"image_invert"_s, u"Invert"_s); // after a rollback the next edit writes no snapshot
+        QVERIFY(fixture.snapshots().isEmpty());
         QVERIFY(!fixture.enabled(u"edit_undo"_s));
     }
 
@@ -68,12 +67,12 @@ private slots:
             QCOMPARE(edits.at(0)->text(), u"64"_s);
             edits.at(0)->setText(u"32"_s);
             edits.at(1)->setText(u"40"_s);
-            accepted(u"Resize"_s)(resize);
+            WindowFixture::pressOk(resize, u"Resize"_s);
         });
 
         fixture.action(u"image_resize"_s)->trigger();
 
-        QCOMPARE(page_of(fixture).size(), QSize(32, 40));
+        QCOMPARE(fixture.page().size(), QSize(32, 40));
         QCOMPARE(fixture.currentView()->canvas()->size(), QSize(32, 40));
     }
 
@@ -101,12 +100,12 @@ private slots:
             auto *const slider = scale.findChild<QSlider *>();
             QCOMPARE(slider->value(), 10);
             slider->setValue(5);
-            accepted(title)(scale);
+            WindowFixture::pressOk(scale, title);
         });
 
         fixture.action(QString::fromLatin1(QTest::currentDataTag()))->trigger();
 
-        QTEST(page_of(fixture).size(), "expected");
+        QTEST(fixture.page().size(), "expected");
         QTEST(fixture.currentView()->canvas()->size(), "expected");
     }
 
@@ -114,12 +113,12 @@ private slots:
     {
         WindowFixture fixture;
         QVERIFY(fixture.open(u"a.png"_s));
-        const QImage page = page_of(fixture);
+        const QImage page = fixture.page();
 
-        edit(fixture, u"scale_proportionally"_s, u"Scale Proportionally"_s);
+        fixture.edit(u"scale_proportionally"_s, u"Scale Proportionally"_s);
 
-        QCOMPARE(snapshots(fixture).size(), 1);
-        QVERIFY(compare_pictures(page_of(fixture), page));
+        QCOMPARE(fixture.snapshots().size(), 1);
+        QVERIFY(compare_pictures(fixture.page(), page));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
     }
 

@@ -3,6 +3,7 @@
 #include "NextFileDialog.h"
 #include "WindowFixture.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>

@@ -4,14 +4,8 @@
 #include <QPushButton>
 #include <QTest>
 
-bool NextBox::takes(const QDialog &dialog) const
+void NextBox::answer(QMessageBox &box)
 {
-    return qobject_cast<const QMessageBox *>(&dialog) != nullptr;
-}
-
-void NextBox::meet(QDialog &dialog)
-{
-    auto &box = static_cast<QMessageBox &>(dialog);
     m_title = box.windowTitle();
     m_text = box.text();
     m_textFormat = box.textFormat();

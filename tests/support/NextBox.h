@@ -7,10 +7,14 @@
 
 /// Answers the next modal message box and remembers what it said. A box that lacks the wanted button fails the test and
 /// is closed.
-class NextBox : public NextModal
+class NextBox : public NextOf<QMessageBox>
 {
 public:
-    explicit NextBox(QMessageBox::StandardButton answer) : m_answer(answer) { }
+    explicit NextBox(QMessageBox::StandardButton answer) :
+        NextOf([this](QMessageBox &box) { this->answer(box); }),
+        m_answer(answer)
+    {
+    }
 
     [[nodiscard]] const QString &title() const { return m_title; }
     [[nodiscard]] const QString &text() const { return m_text; }
@@ -19,8 +23,7 @@ public:
     [[nodiscard]] QMessageBox::StandardButton defaultButton() const { return m_defaultButton; }
 
 private:
-    [[nodiscard]] bool takes(const QDialog &dialog) const override;
-    void meet(QDialog &dialog) override;
+    void answer(QMessageBox &box);
 
     QMessageBox::StandardButton m_answer;
     QString m_title;

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <type_traits>
 
 /// Meets the next modal dialog of a kind, as its event loop begins, and fails the test if none came.
 ///
@@ -32,7 +33,7 @@ private:
     bool m_bCome = false;
 };
 
-/// Works the next modal dialog of a class that is no message box.
+/// Works the next modal dialog of a class; a message box only if it is that class.
 template <typename Dialog> class NextOf : public NextModal
 {
 public:
@@ -44,7 +45,8 @@ public:
 private:
     [[nodiscard]] bool takes(const QDialog &dialog) const override
     {
-        return qobject_cast<const Dialog *>(&dialog) && !qobject_cast<const QMessageBox *>(&dialog);
+        return qobject_cast<const Dialog *>(&dialog)
+            && (std::is_same_v<Dialog, QMessageBox> || !qobject_cast<const QMessageBox *>(&dialog));
     }
     void meet(QDialog &dialog) override { m_work(static_cast<Dialog &>(dialog)); }
 

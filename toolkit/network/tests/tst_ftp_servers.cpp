@@ -196,7 +196,7 @@ void tst_ftp_servers::fileArrivesOnTheServersDisk()
     anonymous.upload(false, {}, {}, u"in"_s);
     QVERIFY(anonymous.ends());
     QCOMPARE(anonymous.failure(), QString());
-    QVERIFY(content(server.inbox() + u"/x.png"_s) == bytes);
+    QVERIFY(file_bytes(server.inbox() + u"/x.png"_s) == bytes);
     QVERIFY(anonymous.hasFile());
 
     RealTrial named(address);
@@ -205,7 +205,7 @@ void tst_ftp_servers::fileArrivesOnTheServersDisk()
     named.upload(true, u"uploader"_s, password, server.home());
     QVERIFY(named.ends());
     QCOMPARE(named.failure(), QString());
-    QVERIFY(content(server.home() + u'/' + named.name) == bytes);
+    QVERIFY(file_bytes(server.home() + u'/' + named.name) == bytes);
     QVERIFY(!named.hasFile());
 
     RealTrial empty(address);
@@ -213,7 +213,7 @@ void tst_ftp_servers::fileArrivesOnTheServersDisk()
     empty.upload(false, u"uploader"_s, password, server.home());
     QVERIFY(empty.ends());
     QCOMPARE(empty.failure(), QString());
-    QCOMPARE(content(server.home() + u"/x.png"_s), QByteArray());
+    QCOMPARE(file_bytes(server.home() + u"/x.png"_s), QByteArray());
 }
 
 void tst_ftp_servers::lowestAndHighestPortAreReached_data()
