@@ -28,7 +28,7 @@ constexpr QSize SmallPage(16, 12);
 qint64 allocated_bytes()
 {
     const auto memory = mallinfo2();
-    return static_cast<qint64>(memory.uordblks + memory.hblkhd);
+    return static_cast<qint64>(memory.uordblks) + static_cast<qint64>(memory.hblkhd);
 }
 
 qsizetype open_descriptors()
