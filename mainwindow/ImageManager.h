@@ -101,17 +101,17 @@ public slots:
     void view_zoom_in();
     void view_zoom_by_id(int id);
 
-    void image_depth_1_bit();
-    void image_depth_8_bit();
-    void image_depth_32_bit();
-    void image_invert();
-    void image_brightness();
-    void image_contrast();
-    void image_rotate_90();
-    void image_rotate_180();
-    void image_rotate_270();
-    void image_flip_vertically();
-    void image_flip_horizontally();
+    void image_depth_1_bit() { previewEdit(PageChange::Depth1Bit); }
+    void image_depth_8_bit() { previewEdit(PageChange::Depth8Bit); }
+    void image_depth_32_bit() { previewEdit(PageChange::Depth32Bit); }
+    void image_invert() { previewEdit(PageChange::Invert); }
+    void image_brightness() { previewEdit(PageChange::Brightness); }
+    void image_contrast() { previewEdit(PageChange::Contrast); }
+    void image_rotate_90() { previewEdit(PageChange::Rotate90); }
+    void image_rotate_180() { previewEdit(PageChange::Rotate180); }
+    void image_rotate_270() { previewEdit(PageChange::Rotate270); }
+    void image_flip_vertically() { previewEdit(PageChange::FlipVertically); }
+    void image_flip_horizontally() { previewEdit(PageChange::FlipHorizontally); }
     void image_scale_horizontally();
     void image_scale_vertically();
     void image_scale_proportionally();

@@ -67,61 +67,6 @@ void ImageManager::previewEdit(PageChange change)
     runEdit([this, change, percent](uint page) { return currentDocument()->change(page, change, percent); });
 }
 
-void ImageManager::image_depth_1_bit()
-{
-    previewEdit(PageChange::Depth1Bit);
-}
-
-void ImageManager::image_depth_8_bit()
-{
-    previewEdit(PageChange::Depth8Bit);
-}
-
-void ImageManager::image_depth_32_bit()
-{
-    previewEdit(PageChange::Depth32Bit);
-}
-
-void ImageManager::image_invert()
-{
-    previewEdit(PageChange::Invert);
-}
-
-void ImageManager::image_brightness()
-{
-    previewEdit(PageChange::Brightness);
-}
-
-void ImageManager::image_contrast()
-{
-    previewEdit(PageChange::Contrast);
-}
-
-void ImageManager::image_rotate_90()
-{
-    previewEdit(PageChange::Rotate90);
-}
-
-void ImageManager::image_rotate_180()
-{
-    previewEdit(PageChange::Rotate180);
-}
-
-void ImageManager::image_rotate_270()
-{
-    previewEdit(PageChange::Rotate270);
-}
-
-void ImageManager::image_flip_vertically()
-{
-    previewEdit(PageChange::FlipVertically);
-}
-
-void ImageManager::image_flip_horizontally()
-{
-    previewEdit(PageChange::FlipHorizontally);
-}
-
 void ImageManager::scalePage(const ScaleCommand &command)
 {
     const QImage page = currentPageImage();
