@@ -4,6 +4,7 @@
 #include "Screen.h"
 #include "StartedProgram.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -99,8 +100,8 @@ std::optional<double> bytes_with_picture(const QStringList &command, Mark mark, 
 /// Our own programs lie beside this one, the others in PATH.
 QString program_path(const QString &name, const Surroundings &surroundings)
 {
-    const bool isOurs = name == "imagemanager"_L1 || name == "all_pages"_L1 || name == "bare_window"_L1;
-    return isOurs ? surroundings.programs + u'/' + name : name;
+    const QStringList ours{u"all_pages"_s, u"bare_browser"_s, u"bare_window"_s, u"imagemanager"_s, u"pagr"_s};
+    return ours.contains(name) ? surroundings.programs + u'/' + name : name;
 }
 
 using Measure = std::optional<double> (*)(const QStringList &command, Mark mark, const Screen &screen);
@@ -180,6 +181,51 @@ Bar excess_bar(const QString &name, const Input &input)
             page_and_bare_window(input)};
 }
 
+/// A manual of one page, which holds the mark, and an overview with links to it.
+class SmallManual
+{
+public:
+    explicit SmallManual(const QString &inputs)
+    {
+        QByteArray links;
+        for (int i = 1; i <= 14; ++i)
+            links += "<li><a href=\"page.htm\">Page " + QByteArray::number(i) + "</a></li>\n";
+        write(u"overview.htm"_s, "<html><body><h1>Overview</h1><ul>\n" + links + "</ul></body></html>\n");
+        write(u"page.htm"_s, "<html><body><p><img src=\"mark.png\"></p></body></html>\n");
+        (void)QFile::copy(inputs + u'/' + QString::fromLatin1(MarkAlone.path), path(u"mark.png"_s)); // else no mark
+    }
+
+    [[nodiscard]] QString path(const QString &name) const { return directory.filePath(name); }
+
+private:
+    void write(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(name));
+    }
+
+    QTemporaryDir directory;
+};
+
+Side help_page_in(const QString &program)
+{
+    const auto prepare = [=](const Surroundings &surroundings) -> Round {
+        const auto screen = std::make_shared<Screen>(surroundings.frameBuffer);
+        const auto manual = std::make_shared<SmallManual>(surroundings.inputs);
+        QStringList command{program_path(program, surroundings)};
+        if (program == "pagr"_L1)
+            command << u"-s"_s << manual->path({}) << u"-u"_s << u"page.htm"_s << u"-g"_s << u"overview.htm"_s;
+        else
+            command << manual->path(u"page.htm"_s);
+        return [=]() -> std::optional<double> {
+            (void)manual; // goes with the last round
+            return screen->isValid() ? seconds_to_picture(command, MarkAlone.mark, *screen) : std::nullopt;
+        };
+    };
+    return {program, Side::Here, prepare};
+}
+
 } // namespace
 
 QList<Row> program_rows()
@@ -215,5 +261,8 @@ QList<Row> program_rows()
          u"peak memory, 20 pages open"_s,
          {{u"decoded bytes + bare_window"_s, Bar::BytesExcess, 5, all_pages_of(ManyPages, bytes_with_picture),
            page_and_bare_window(ManyPages)}}},
+        {91,
+         u"help viewer, start to page"_s,
+         {{u"bare_browser"_s, Bar::SecondsRatio, 1.10, help_page_in(u"pagr"_s), help_page_in(u"bare_browser"_s)}}},
     };
 }
