@@ -31,6 +31,7 @@ private slots:
     void diskThatFillsDuringASnapshotCostsNothing();
     void diskThatFillsDuringASaveTakesTheNewFileAllTheSame();
     void snapshotsOfAnEarlierRunInTheSameSecondStay();
+    void programsOfTheSameSecondKeepTheirPastsApart();
 };
 
 namespace {
@@ -270,7 +271,8 @@ constexpr auto Second = "1000000000"_L1;
 class StandingClock
 {
 public:
-    explicit StandingClock(const Place &place) : program(place)
+    explicit StandingClock(const Place &place, const QString &executable = QStringLiteral(IM_PROGRAM)) :
+        program(place, executable)
     {
         program.process().setEnvironment(u"LD_PRELOAD"_s, QStringLiteral(IM_SHIM));
         program.process().setEnvironment(u"IM_SECOND"_s, Second);
@@ -322,6 +324,32 @@ void tst_interrupted::snapshotsOfAnEarlierRunInTheSameSecondStay()
     QCOMPARE(later.program.close(), 0);
     QCOMPARE(snapshots_of(place), left);
     QCOMPARE(QImage(place.home() + "/tmp/"_L1 + left.first()).size(), QSize(60, 50));
+}
+
+void tst_interrupted::programsOfTheSameSecondKeepTheirPastsApart()
+{
+    const Place place;
+    const QString otherProgram = place.path(u"other"_s); // by another path it is another application
+    QVERIFY(QFile::link(QStringLiteral(IM_PROGRAM), otherProgram));
+    const QString firstPage = place.page(u"first.bmp"_s);
+    const QString secondPage = place.page(u"second.bmp"_s, {60, 50});
+    StandingClock first(place);
+    QVERIFY(first.program.open({firstPage}));
+    QVERIFY(first.program.invert());
+    StandingClock second(place, otherProgram);
+    QVERIFY(second.program.open({secondPage}));
+    QVERIFY(second.program.invert());
+    QCOMPARE(snapshots_of(place).size(), 2);
+
+    QVERIFY(second.undoAndSave());
+    QCOMPARE(second.program.close(), 0);
+    QTRY_COMPARE(first.program.desktop().activeWindow(), first.program.window());
+    QVERIFY(first.undoAndSave());
+
+    QVERIFY(compare_pictures(rgb(firstPage), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(rgb(secondPage), patterned_page({60, 50})));
+    QCOMPARE(first.program.close(), 0);
+    QCOMPARE(snapshots_of(place), QStringList());
 }
 
 int main(int argc, char **argv)
