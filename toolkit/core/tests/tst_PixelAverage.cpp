@@ -234,8 +234,6 @@ void tst_PixelAverage::brightestAndDarkestPagesStayWhatTheyAre()
     }
 }
 
-Q_DECLARE_METATYPE(PlainScale)
-
 QTEST_GUILESS_MAIN(tst_PixelAverage)
 
 #include "tst_PixelAverage.moc"
