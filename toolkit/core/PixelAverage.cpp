@@ -1,6 +1,6 @@
 #include "PixelAverage.h"
 
-#include "page_colors.h"
+#include "shown_colors.h"
 
 #include <utility>
 

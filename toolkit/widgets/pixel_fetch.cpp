@@ -1,6 +1,6 @@
 #include "pixel_fetch.h"
 
-#include "page_colors.h"
+#include "shown_colors.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "page_colors.h"
+#include "shown_colors.h"
 
 #include <QList>
 
