@@ -1,6 +1,7 @@
 // Uploads from the form's entries to their ends, good and bad.
 
 #include "DiagnosticLines.h"
+#include "files.h"
 #include "NextBox.h"
 #include "OpenFtpForm.h"
 
@@ -68,9 +69,7 @@ void tst_FtpForm_upload::finishedUploadClosesTheForm()
     QVERIFY(trial.ends());
 
     QCOMPARE(finished.first().first().toInt(), 1);
-    QFile file(trial.filePath());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(trial.server.data(), file.readAll());
+    QCOMPARE(trial.server.data(), file_bytes(trial.filePath()));
 }
 
 void tst_FtpForm_upload::fileArrivesUnderItsNameInThePath_data()

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "outside_programs.h"
 #include "Q3Process.h"
 
@@ -93,7 +94,7 @@ private slots:
 
         QCOMPARE(start_in_background(u"{ until [ -e %1 ]; do sleep 0.05; done; touch %2; }"_s.arg(go, ended)), 0);
         QVERIFY(!QFile::exists(ended));
-        QVERIFY(QFile(go).open(QIODevice::WriteOnly));
+        write_file(go, {});
 
         QTRY_VERIFY(QFile::exists(ended));
     }
@@ -107,9 +108,7 @@ private slots:
         QCOMPARE(start_in_background(u"printf '<%s>' %1 >%2.new; mv %2.new %2"_s.arg(words, written)), 0);
 
         QTRY_VERIFY(QFile::exists(written));
-        QFile file(written);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(file.readAll()), u"<a><b><c  d><e><f><größe>"_s);
+        QCOMPARE(QString::fromUtf8(file_bytes(written)), u"<a><b><c  d><e><f><größe>"_s);
     }
 
     void commandsGetNoDescriptorOfOurs_data()
@@ -136,9 +135,7 @@ private slots:
         QTRY_VERIFY(QFile::exists(seen));
         ::close(ours);
         QVERIFY(std::signal(SIGPIPE, former) == SIG_IGN);
-        QFile file(seen);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray lines = file.readAll();
+        const QByteArray lines = file_bytes(seen);
         QVERIFY(!lines.contains("/dev/zero"));
         const bool isPipeIgnored =
             (lines.mid(lines.indexOf("SigIgn:") + 7).trimmed().toULongLong(nullptr, 16) >> (SIGPIPE - 1) & 1U) != 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files.h"
 #include "TemporaryHome.h"
 
 #include <QDir>
@@ -30,11 +31,7 @@ public:
 
     [[nodiscard]] QString path(const QString &name) const { return m_directory + QLatin1Char('/') + name; }
     [[nodiscard]] bool has(const QString &name) const { return QFile::exists(path(name)); }
-    [[nodiscard]] QByteArray bytes(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray bytes(const QString &name) const { return file_bytes_if_any(path(name)); }
     [[nodiscard]] QStringList lines(const QString &name) const
     {
         return QString::fromUtf8(bytes(name)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -44,11 +41,8 @@ public:
     /// Makes a program that runs a script in the directory of this object.
     void make(const QString &name, const QString &script) const
     {
-        QFile file(path(name));
-        const QByteArray text = "#!/bin/sh\nhere=$PWD\ncd '" + QFile::encodeName(m_directory) + "'\n" + script.toUtf8();
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()
-            || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
-            qFatal("cannot make a program");
+        const QByteArray start = "#!/bin/sh\nhere=$PWD\ncd '" + QFile::encodeName(m_directory) + "'\n";
+        write_program(path(name), start + script.toUtf8());
     }
 
     /// Makes a recorder and answers its path.
@@ -66,7 +60,7 @@ public:
         qputenv("PATH", QFile::encodeName(m_directory));
     }
 
-    void hold(const QString &name) const { touch(name + QStringLiteral(".hold")); }
+    void hold(const QString &name) const { write_file(path(name + QStringLiteral(".hold")), {}); }
     void release(const QString &name) const { QFile::remove(path(name + QStringLiteral(".hold"))); }
 
 private:
@@ -84,13 +78,6 @@ private:
                             "[ -z \"$file\" ] || cp \"$file\" %1.file\n"
                             "touch %1.done\n")
                  .replace(QLatin1String("%1"), name));
-    }
-
-    void touch(const QString &name) const
-    {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("cannot make a file");
     }
 
     QString m_directory;

@@ -1,9 +1,9 @@
+#include "files.h"
 #include "WindowFixture.h"
 
 #include "window_settings.h"
 
 #include <QActionGroup>
-#include <QDir>
 #include <QFile>
 #include <QScreen>
 #include <QTest>
@@ -61,14 +61,12 @@ private slots:
     void theSettingsFileOfAFormerKindIsRemoved()
     {
         const TemporaryHome home;
-        QVERIFY(QDir(home.path()).mkdir(u".qt"_s));
-        QFile former(home.filePath(u".qt/image_editorrc"_s));
-        QVERIFY(former.open(QIODevice::WriteOnly));
-        former.close();
+        const QString former = home.filePath(u".qt/image_editorrc"_s);
+        write_file(former, {});
 
         const ImageManager window;
 
-        QVERIFY(!former.exists());
+        QVERIFY(!QFile::exists(former));
     }
 
     void theCheckedZoomFollowsEveryZoomCommand()

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "NextBox.h"
 #include "NextFileDialog.h"
 #include "window_settings.h"
@@ -70,12 +71,9 @@ private slots:
     void aFileThatCannotBeOpenedGetsTwoBoxes()
     {
         WindowFixture fixture;
-        QFile garbage(fixture.home.filePath(u"garbage.png"_s));
-        QVERIFY(garbage.open(QIODevice::WriteOnly));
-        garbage.write("no picture at all");
-        garbage.close();
-        const NextFileDialog dialog(
-            [&garbage](QFileDialog &chooser) { NextFileDialog::accept(chooser, garbage.fileName()); });
+        const QString garbage = fixture.home.filePath(u"garbage.png"_s);
+        write_file(garbage, "no picture at all");
+        const NextFileDialog dialog([&garbage](QFileDialog &chooser) { NextFileDialog::accept(chooser, garbage); });
         const NextBox first = answer_next_box(QMessageBox::Ok);
         const NextBox second = answer_next_box(QMessageBox::Ok);
 

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "NextDialog.h"
 #include "WindowFixture.h"
 
@@ -6,7 +7,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QHash>
 #include <QLabel>
 #include <QTest>
@@ -128,22 +128,16 @@ private slots:
     {
         WindowFixture fixture;
         const QDir package(fixture.home.path());
-        QVERIFY(package.mkdir(u"bin"_s));
-        QFile viewer(package.filePath(u"bin/pagr"_s));
-        QVERIFY(viewer.open(QIODevice::WriteOnly));
-        viewer.write("#!/bin/sh\ncd \"${0%/*}\" && echo \"$*\" >new && mv new call\n");
-        viewer.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        viewer.close();
+        write_program(package.filePath(u"bin/pagr"_s),
+                      "#!/bin/sh\ncd \"${0%/*}\" && echo \"$*\" >new && mv new call\n");
         copy_str(actx.package_dir, qPrintable(package.path()), sizeof(actx.package_dir));
         copy_str(actx.share_dir, qPrintable(package.filePath(u"share"_s)), sizeof(actx.share_dir));
 
         QVERIFY(QMetaObject::invokeMethod(&fixture.window, "help_context"));
 
         QTRY_VERIFY(package.exists(u"bin/call"_s));
-        QFile call(package.filePath(u"bin/call"_s));
-        QVERIFY(call.open(QIODevice::ReadOnly));
         QCOMPARE(
-            QString::fromUtf8(call.readAll()),
+            QString::fromUtf8(file_bytes(package.filePath(u"bin/call"_s))),
             u"-s %1/share/help -u ImageEditor.htm -g DriverPackageOverview.htm -n 0 -h 1 -f 0\n"_s.arg(package.path()));
     }
 };

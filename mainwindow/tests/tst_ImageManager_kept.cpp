@@ -1,4 +1,4 @@
-#include "files.h"
+#include "image_files.h"
 #include "NextBox.h"
 #include "NextDialog.h"
 #include "NextFileDialog.h"
@@ -6,7 +6,6 @@
 #include "WindowFixture.h"
 
 #include <QAbstractButton>
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -38,20 +37,14 @@ void write_icon(const QString &path)
     QByteArray pictures;
     QByteArray icon("\0\0\1\0\2\0", 6);
     for (const char side : {'\x20', '\x10'}) {
-        const auto start = static_cast<quint32>(6 + 2 * 16 + pictures.size());
-        QByteArray png;
-        QBuffer buffer(&png);
-        if (!patterned_page({side, side}).save(&buffer, "png"))
-            qFatal("cannot write a picture");
+        const qint64 start = 6 + 2 * 16 + pictures.size();
+        const QByteArray png = encoded(patterned_page({side, side}), "png");
         for (const char byte : {side, side, '\0', '\0', '\1', '\0', '\x20', '\0'})
             icon += byte;
-        for (const auto number : {static_cast<quint32>(png.size()), start})
-            for (int shift = 0; shift < 32; shift += 8)
-                icon += static_cast<char>(number >> shift);
+        icon += little32(png.size()) + little32(start);
         pictures += png;
     }
-    if (QFile file(path); !file.open(QIODevice::WriteOnly) || file.write(icon + pictures) < 0)
-        qFatal("cannot write %s", qPrintable(path));
+    write_file(path, icon + pictures);
 }
 
 QString question_about(const QString &name, int pictures)

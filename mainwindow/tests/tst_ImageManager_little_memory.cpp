@@ -103,12 +103,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QApplication application(argc, argv);
-    tst_ImageManager_little_memory tests;
-    return QTest::qExec(&tests, argc, argv);
-}
-
+TEST_MAIN_APART(QApplication, tst_ImageManager_little_memory, leave_common_mounts)
 #include "tst_ImageManager_little_memory.moc"

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "NextBox.h"
 #include "NextFileDialog.h"
 #include "Q3Canvas.h"
@@ -75,10 +76,9 @@ QString small_tiff(const WindowFixture &fixture, bool hasXResolution)
         stream << entry.tag << entry.type << quint32{1} << entry.value;
     stream << quint32{0};
 
-    QFile file(fixture.home.filePath(u"small.tif"_s));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot make %s", qPrintable(file.fileName()));
-    return file.fileName();
+    QString path = fixture.home.filePath(u"small.tif"_s);
+    write_file(path, bytes);
+    return path;
 }
 
 } // namespace
@@ -220,13 +220,11 @@ private slots:
     void aFileThatCannotBeReadGetsABoxAndNoTab()
     {
         WindowFixture fixture;
-        QFile garbage(fixture.home.filePath(u"garbage.png"_s));
-        QVERIFY(garbage.open(QIODevice::WriteOnly));
-        garbage.write("no picture at all");
-        garbage.close();
+        const QString garbage = fixture.home.filePath(u"garbage.png"_s);
+        write_file(garbage, "no picture at all");
         const NextBox box = answer_next_box(QMessageBox::Ok);
 
-        QVERIFY(!fixture.window.load_file(garbage.fileName(), {}, false));
+        QVERIFY(!fixture.window.load_file(garbage, {}, false));
 
         QCOMPARE(box.title(), u"Load failed"_s);
         QCOMPARE(box.text(), u"Error loading file"_s);

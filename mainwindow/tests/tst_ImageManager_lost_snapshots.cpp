@@ -30,12 +30,12 @@ Damage cut_to(qint64 bytes)
 
 bool garble(const QString &path)
 {
-    QFile file(path);
     QByteArray bytes(QFileInfo(path).size(), '\0');
     QRandomGenerator random(5);
     for (char &byte : bytes)
         byte = static_cast<char>(random.bounded(256));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    write_file(path, bytes);
+    return true;
 }
 
 void add_damages()

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "private_namespaces.h"
 #include "WindowFixture.h"
 
@@ -31,7 +32,7 @@ public:
             });
         });
         QFile(place.path()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeOther);
-        for (const QString &name : {u"etc"_s, u"spool"_s, u"state"_s, u"cache"_s, u"tmp"_s})
+        for (const QString &name : {u"spool"_s, u"state"_s, u"cache"_s, u"tmp"_s})
             QDir(place.path()).mkdir(name);
         write(u"etc/cupsd.conf"_s,
               "Listen %1/socket\nBrowsing No\nDefaultAuthType None\n"
@@ -65,19 +66,13 @@ public:
     /// What the printer was sent, a job each.
     [[nodiscard]] const QByteArrayList &printed() const { return jobs; }
     [[nodiscard]] QString path(const QString &name) const { return place.filePath(name); }
-    [[nodiscard]] QByteArray told() const
-    {
-        QFile log(path(u"error_log"_s));
-        return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray("no log");
-    }
+    [[nodiscard]] QByteArray told() const { return "log: " + file_bytes_if_any(path(u"error_log"_s)); }
 
 private:
     void write(const QString &name, QByteArray text) const
     {
-        QFile file(path(name));
         text.replace("%1", QFile::encodeName(place.path())).replace("%2", QByteArray::number(printer.serverPort()));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot configure the printing system");
+        write_file(path(name), text);
     }
 
     QTemporaryDir place{u"/tmp/printing-XXXXXX"_s}; // which the system's own user has to get into
@@ -85,6 +80,12 @@ private:
     QByteArrayList jobs;
     QProcess server;
 };
+
+void leave_common_places()
+{
+    leave_common_mounts();
+    leave_common_network();
+}
 
 } // namespace
 
@@ -119,13 +120,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts();
-    leave_common_network();
-    QApplication application(argc, argv);
-    tst_ImageManager_printing test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN_APART(QApplication, tst_ImageManager_printing, leave_common_places)
 #include "tst_ImageManager_printing.moc"

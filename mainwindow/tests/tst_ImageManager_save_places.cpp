@@ -134,12 +134,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QApplication application(argc, argv);
-    tst_ImageManager_save_places tests;
-    return QTest::qExec(&tests, argc, argv);
-}
-
+TEST_MAIN_APART(QApplication, tst_ImageManager_save_places, leave_common_mounts)
 #include "tst_ImageManager_save_places.moc"

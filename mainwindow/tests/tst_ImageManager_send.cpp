@@ -191,11 +191,5 @@ private:
     std::unique_ptr<NameServer> names;
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_network();
-    const QApplication application(argc, argv);
-    tst_ImageManager_send test;
-    return QTest::qExec(&test, argc, argv);
-}
+TEST_MAIN_APART(QApplication, tst_ImageManager_send, leave_common_network)
 #include "tst_ImageManager_send.moc"

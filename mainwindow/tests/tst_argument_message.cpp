@@ -1,6 +1,7 @@
 #include "argument_message.h"
 
-#include <QFile>
+#include "files.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -72,10 +73,8 @@ private slots:
         QFETCH(QStringList, names);
         QFETCH(QStringList, joined);
         const QTemporaryDir directory;
-        for (const QString &name : {u"a:b.png"_s, u"1:2:3"_s, u"c.png"_s}) {
-            QFile file(directory.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-        }
+        for (const QString &name : {u"a:b.png"_s, u"1:2:3"_s, u"c.png"_s})
+            write_file(directory.filePath(name), {});
         for (QStringList *const list : {&names, &joined})
             list->replaceInStrings(u"@"_s, directory.path());
 

@@ -199,11 +199,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QApplication application(argc, argv);
-    tst_long_sessions tests;
-    return QTest::qExec(&tests, argc, argv);
-}
+TEST_MAIN_APART(QApplication, tst_long_sessions, leave_common_mounts)
 #include "tst_long_sessions.moc"

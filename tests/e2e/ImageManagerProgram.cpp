@@ -1,5 +1,6 @@
 #include "ImageManagerProgram.h"
 
+#include "files.h"
 #include "pictures.h"
 
 #include <QTest>
@@ -22,6 +23,11 @@ QString Place::page(const QString &name, QSize size) const
     if (!patterned_page(size).save(path))
         qFatal("Place - cannot write %s", qPrintable(path));
     return path;
+}
+
+void Place::writeSettings(const QByteArray &lines) const
+{
+    write_file(home() + "/.config/Unknown Organization/imagemanager.conf"_L1, "[image_editor]\n" + lines + '\n');
 }
 
 ImageManagerProgram::ImageManagerProgram(const Place &place) :

@@ -4,6 +4,7 @@
 #include "Desktop.h"
 #include "Program.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QRect>
 #include <QSize>
@@ -26,6 +27,9 @@ public:
     [[nodiscard]] QString path(const QString &name) const { return m_pictures.filePath(name); }
     /// Writes patterned_page() under the name, in the format of its suffix, and answers its path.
     [[nodiscard]] QString page(const QString &name, QSize size = {100, 80}) const;
+
+    /// Leaves the program lines of the editor's group of its settings file.
+    void writeSettings(const QByteArray &lines) const;
 
     /// What the program has put aside for its undo steps.
     [[nodiscard]] QStringList snapshots() const { return QDir(home() + QStringLiteral("/tmp")).entryList(QDir::Files); }

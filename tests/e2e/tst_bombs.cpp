@@ -1,7 +1,7 @@
 #include "bombs.h"
 #include "ImageManagerProgram.h"
 
-#include "bad_files.h"
+#include "files.h"
 
 #include <QFile>
 #include <QImageReader>
@@ -74,7 +74,7 @@ void tst_bombs::bombsAreGoodPicturesIfTheyAreSmall()
     QFETCH(const QString, name);
     QFETCH(const quint32, side);
     const Place place;
-    QVERIFY(write_bytes(place.path(name), make(side)));
+    write_file(place.path(name), make(side));
 
     const QImage picture(place.path(name));
 
@@ -95,7 +95,7 @@ void tst_bombs::bombCostsABoxAlone()
     const Place place;
     const QByteArray bomb = make(side);
     QVERIFY(bomb.size() < SmallFile);
-    QVERIFY(write_bytes(place.path(name), bomb));
+    write_file(place.path(name), bomb);
     ImageManagerProgram program(place);
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
     const qint64 process = program.process().processId();

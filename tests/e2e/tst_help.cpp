@@ -1,7 +1,5 @@
 #include "ImageManagerProgram.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -26,14 +24,7 @@ constexpr QSize roomy{1100, 700};
 class ToolPlace : public Place
 {
 public:
-    ToolPlace()
-    {
-        const QDir settings(home() + "/.config/Unknown Organization"_L1);
-        QFile file(settings.filePath(u"imagemanager.conf"_s));
-        if (!settings.mkpath(u"."_s) || !file.open(QIODevice::WriteOnly)
-            || file.write("[image_editor]\ntools_menu=true\n") < 0)
-            qFatal("cannot write the settings");
-    }
+    ToolPlace() { writeSettings("tools_menu=true"); }
 };
 
 /// Presses Help in the dialog that a command of the tools opens.

@@ -184,12 +184,5 @@ void tst_help_pictures::windowsLookAsInTheManual()
     QCOMPARE(program.close(), 0);
 }
 
-int main(int argc, char **argv)
-{
-    leave_common_mounts(); // before any thread
-    const QCoreApplication application(argc, argv);
-    tst_help_pictures tests;
-    return QTest::qExec(&tests, argc, argv);
-}
-
+TEST_MAIN_APART(QCoreApplication, tst_help_pictures, leave_common_mounts)
 #include "tst_help_pictures.moc"

@@ -1,8 +1,6 @@
 #include "ImageManagerProgram.h"
 #include "SingleInstanceTest.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -13,14 +11,7 @@ namespace {
 class KeepingPlace : public Place
 {
 public:
-    KeepingPlace()
-    {
-        const QString directory = home() + u"/.config/Unknown Organization"_s;
-        QFile settings(directory + u"/imagemanager.conf"_s);
-        if (!QDir().mkpath(directory) || !settings.open(QIODevice::WriteOnly)
-            || settings.write("[image_editor]\nkeep_open=true\n") < 0)
-            qFatal("cannot write the settings");
-    }
+    KeepingPlace() { writeSettings("keep_open=true"); }
 };
 
 } // namespace

@@ -1,10 +1,9 @@
-#include "bad_files.h"
+#include "files.h"
 #include "ImageManagerProgram.h"
 #include "pictures.h"
 #include "SingleInstanceTest.h"
 #include "XPeer.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -373,8 +372,7 @@ void tst_several_instances::configurationFileOfThePackageIsFound()
     const Place place;
     ImageManagerProgram program(place, linked_program(place));
     program.process().setWorkingDirectory(place.home());
-    QVERIFY(QDir().mkpath(place.path(u"package/share"_s)));
-    QVERIFY(write_bytes(place.path(u"package/share/OEM.ini"_s), "VENDOR=Acme\n"));
+    write_file(place.path(u"package/share/OEM.ini"_s), "VENDOR=Acme\n");
 
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
 

@@ -1,4 +1,3 @@
-#include "bad_files.h"
 #include "files.h"
 #include "ImageManagerProgram.h"
 
@@ -152,7 +151,7 @@ void tst_startup::onlyBadFilesGiveABoxEachAndStatus0()
 {
     const Place place;
     ImageManagerProgram program(place);
-    QVERIFY(write_bytes(place.path(u"bad.png"_s), "no picture"));
+    write_file(place.path(u"bad.png"_s), "no picture");
 
     QVERIFY(program.start({place.path(u"missing.png"_s), place.path(u"bad.png"_s)}));
 
@@ -192,7 +191,7 @@ void tst_startup::temporaryOptionAloneIsAFileThatFails()
 {
     const Place place;
     const QString path = place.path(u"-t"_s);
-    QVERIFY(write_bytes(path, "no picture"));
+    write_file(path, "no picture");
     const QDir directory = QFileInfo(path).dir();
     ImageManagerProgram program(place);
     program.process().setWorkingDirectory(directory.path());
@@ -237,7 +236,7 @@ void tst_startup::unreadableTemporaryFileIsDeletedAllTheSame()
     const Place place;
     ImageManagerProgram program(place);
     const QString temporary = place.path(u"scan.bmp"_s);
-    QVERIFY(write_bytes(temporary, "no picture"));
+    write_file(temporary, "no picture");
 
     QVERIFY(program.start({u"-t"_s, temporary, place.page(u"b.bmp"_s)}));
 

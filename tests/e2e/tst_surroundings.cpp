@@ -1,4 +1,4 @@
-#include "bad_files.h"
+#include "files.h"
 #include "ImageManagerProgram.h"
 #include "pictures.h"
 #include "SingleInstanceTest.h"
@@ -100,10 +100,7 @@ void tst_surroundings::homeThatCannotBeWrittenToCostsTheWayBackAlone()
 void tst_surroundings::randomSettingsStopNoStart()
 {
     const Place place;
-    const QString folder = place.home() + "/.config/Unknown Organization"_L1;
-    QVERIFY(QDir().mkpath(folder));
-    QVERIFY(
-        write_bytes(folder + "/imagemanager.conf"_L1, "[image_editor]\nimage_editor_width=" + random_bytes(1 << 20)));
+    place.writeSettings("image_editor_width=" + random_bytes(1 << 20));
     ImageManagerProgram program(place);
 
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
@@ -117,8 +114,7 @@ void tst_surroundings::randomRecordOfThePackageStopsNoStart()
     const Place place;
     ImageManagerProgram program(place, linked_program(place));
     program.process().setWorkingDirectory(place.home());
-    QVERIFY(QDir().mkpath(place.path(u"package/share"_s)));
-    QVERIFY(write_bytes(place.path(u"package/share/OEM.ini"_s), "VENDOR=" + random_bytes(1 << 20)));
+    write_file(place.path(u"package/share/OEM.ini"_s), "VENDOR=" + random_bytes(1 << 20));
 
     QVERIFY(program.open({place.page(u"a.bmp"_s)}));
 
