@@ -1,3 +1,4 @@
+#include "children.h"
 #include "files.h"
 #include "LeftoverWatch.h"
 
@@ -59,12 +60,6 @@ bool is_sleeping(const QString &shell)
     return children.open(QIODevice::ReadOnly) && !children.readAll().isEmpty();
 }
 
-bool has_children()
-{
-    siginfo_t info{};
-    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
-}
-
 } // namespace
 
 class tst_LeftoverWatch : public QObject
@@ -74,7 +69,7 @@ class tst_LeftoverWatch : public QObject
 private slots:
     void cleanup()
     {
-        while (::waitpid(-1, nullptr, 0) > 0) { } // watches whose object has gone
+        wait_for_children(); // watches whose object has gone
     }
 
     void withoutAReaderTheFileGoesWithUs()

@@ -1,3 +1,4 @@
+#include "noise_pages.h"
 #include "page_files.h"
 #include "private_mounts.h"
 #include "TemporaryHome.h"
@@ -21,19 +22,10 @@ bool write_new_print_file(const QString &path, const QImage &page)
     return create_print_file(path, file) && write_print_file(file, page);
 }
 
-/// Noise, which takes much room in every format.
+/// It takes much room in every format.
 QImage large_page()
 {
-    QImage page(1600, 1200, QImage::Format_RGB32);
-    quint32 state = 1;
-    for (int y = 0; y < page.height(); ++y) {
-        auto *const words = reinterpret_cast<QRgb *>(page.scanLine(y));
-        for (int x = 0; x < page.width(); ++x) {
-            state = state * 1664525 + 1013904223;
-            words[x] = state >> 8;
-        }
-    }
-    return page;
+    return noise_page({1600, 1200});
 }
 
 } // namespace

@@ -122,7 +122,7 @@ QByteArray tga_file(const Tga &tga)
     return header + tga.name + tga.table + tga.pixels + QByteArray(8, '\0') + QByteArray("TRUEVISION-XFILE.\0", 18);
 }
 
-QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlpha)
+QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlpha, int frames)
 {
     const QByteArray still = encoded(picture, "webp", 100);
     const QByteArray canvas = little24(7) + little24(5);
@@ -130,7 +130,7 @@ QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlp
     const QByteArray place = little24(left / 2) + little24(top / 2) + little24(picture.width() - 1)
         + little24(picture.height() - 1) + little32(100);
     const QByteArray frame = riff_chunk("ANMF", place + still.sliced(12));
-    return riff_chunk("RIFF", "WEBP" + head + riff_chunk("ANIM", QByteArray(6, '\0')) + frame);
+    return riff_chunk("RIFF", "WEBP" + head + riff_chunk("ANIM", QByteArray(6, '\0')) + frame.repeated(frames));
 }
 
 QByteArray icns_file(const QByteArray &codes)

@@ -24,8 +24,8 @@ struct Tga
 /// Uncompressed, in true colours, with the signature of the second version.
 [[nodiscard]] QByteArray tga_file(const Tga &tga);
 
-/// An animation of one picture, @p left and @p top within a canvas of 8 by 6 pixels.
-[[nodiscard]] QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlpha);
+/// An animation of one picture in all frames, @p left and @p top within a canvas of 8 by 6 pixels.
+[[nodiscard]] QByteArray animated_webp(const QImage &picture, int left, int top, bool tellsAlpha, int frames = 1);
 
 /// Icons of 32 by 32 pixels whose colours are coded one after the other.
 [[nodiscard]] QByteArray icns_file(const QByteArray &codes);

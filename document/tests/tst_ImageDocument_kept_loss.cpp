@@ -2,6 +2,7 @@
 
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "odd_files.h"
 #include "pictures.h"
 #include "TemporaryHome.h"
 #include "tiff_files.h"
@@ -30,17 +31,6 @@ QByteArray animated_gif()
     // Header, screen and table take 13 and 6 bytes; the last byte ends the file.
     const QByteArray frame = one.mid(13 + 6).chopped(1);
     return one.first(13 + 6) + frame + frame + ';';
-}
-
-/// Two frames of the same picture, 16 by 16.
-QByteArray animated_webp()
-{
-    constexpr char LastColumn = 15;
-    const QByteArray size = QByteArray(1, LastColumn) + "\0\0"_ba + LastColumn + "\0\0"_ba;
-    const QByteArray picture = encoded(patterned_page({16, 16}), "webp").mid(12); // behind "RIFF", its length, "WEBP"
-    const QByteArray frame = riff_chunk("ANMF", QByteArray(6, '\0') + size + "\x64\0\0\0"_ba + picture);
-    const QByteArray chunks = riff_chunk("VP8X", "\x02\0\0\0"_ba + size) + riff_chunk("ANIM", QByteArray(6, '\0'));
-    return riff_chunk("RIFF", "WEBP" + chunks + frame + frame);
 }
 
 } // namespace
@@ -230,7 +220,7 @@ void tst_ImageDocument_kept_loss::severalPicturesOfOtherFormatsAreCounted_data()
         icon += "\x10\x10\0\0\1\0\x20\0"_ba + little32(png.size()) + little32(6 + 2 * 16);
     QTest::newRow("icon of two sizes") << icon + png << 2U;
     QTest::newRow("animated GIF") << animated_gif() << 2U;
-    QTest::newRow("animated WebP") << animated_webp() << 2U;
+    QTest::newRow("animated WebP") << animated_webp(patterned_page({8, 6}), 0, 0, false, 2) << 2U;
     QTest::newRow("GIF") << small_gif() << 1U;
     QTest::newRow("PNG") << png << 1U;
     QTest::newRow("JPEG") << encoded(patterned_page({16, 16}), "jpg") << 1U;

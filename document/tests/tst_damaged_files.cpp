@@ -1,5 +1,6 @@
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "noise_pages.h"
 #include "odd_files.h"
 #include "page_buffers.h"
 #include "pictures.h"
@@ -19,17 +20,8 @@ namespace {
 
 QImage noise(int depth)
 {
-    QImage image = patterned_page({64, 48}, depth);
-    if (depth != 32)
-        return image;
-    quint32 state = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            state = state * 1664525U + 1013904223U;
-            image.setPixel(x, y, 0xff000000U | state >> 8);
-        }
-    }
-    return image;
+    constexpr QSize size(64, 48);
+    return depth == 32 ? noise_page(size) : patterned_page(size, depth);
 }
 
 } // namespace

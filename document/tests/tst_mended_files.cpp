@@ -16,13 +16,7 @@ constexpr QRgb red = 0xffff0000;
 constexpr QRgb blue = 0xff0000ff;
 constexpr QRgb clear = 0;
 
-QImage colored(int width, const QList<QRgb> &colors, QImage::Format format = QImage::Format_ARGB32)
-{
-    QImage page(width, static_cast<int>(colors.size()) / width, format);
-    for (int i = 0; i < colors.size(); ++i)
-        page.setPixel(i % width, i / width, colors.at(i));
-    return page;
-}
+constexpr QImage::Format Alpha = QImage::Format_ARGB32;
 
 } // namespace
 
@@ -50,27 +44,28 @@ void tst_mended_files::addTgaFiles()
         QTest::newRow(name) << tga_file(tga) << u"tga"_s << page;
     };
     const QByteArray bytes("\0\0\xff\xff\0\0", 6); // blue, green, red of each pixel
-    const QImage redBlue = colored(2, {red, blue});
+    const QImage redBlue = colored({red, blue}, Alpha);
     row("tga", {.pixels = bytes}, redBlue);
     row("tga with a name", {.pixels = bytes, .name = "scan"}, redBlue);
     row("tga with a table", {.pixels = bytes, .table = QByteArray(30, 'x')}, redBlue);
     row("tga with a name and a table", {.pixels = bytes, .name = "scan", .table = QByteArray(30, 'x')}, redBlue);
-    row("tga from the right", {.descriptor = TgaFromTop | TgaRightToLeft, .pixels = bytes}, colored(2, {blue, red}));
+    row("tga from the right", {.descriptor = TgaFromTop | TgaRightToLeft, .pixels = bytes},
+        colored({blue, red}, Alpha));
     row("tga from the lower right", {.width = 1, .height = 2, .descriptor = TgaRightToLeft, .pixels = bytes},
-        colored(1, {blue, red}));
+        colored({blue, red}, Alpha, 2));
     // Red 31 of 31; then red 1, green 16 and blue 31.
     const QByteArray words("\0\x7c\x1f\x06", 4);
-    row("tga of 16 bits", {.bits = 16, .pixels = words}, colored(2, {red, 0xff0884ff}));
+    row("tga of 16 bits", {.bits = 16, .pixels = words}, colored({red, 0xff0884ff}, Alpha));
     row("tga of 16 bits, the alpha bit set but not told of", {.bits = 16, .pixels = QByteArray("\0\xfc\x1f\x06", 4)},
-        colored(2, {red, 0xff0884ff}));
+        colored({red, 0xff0884ff}, Alpha));
     row("tga of 16 bits with a bit of alpha",
         {.bits = 16, .descriptor = TgaFromTop | 1, .pixels = QByteArray("\0\xfc\x1f\x06", 4)},
-        colored(2, {red, 0x000884ff}));
+        colored({red, 0x000884ff}, Alpha));
     row("tga of 16 bits with alpha that nobody filled", {.bits = 16, .descriptor = TgaFromTop | 1, .pixels = words},
-        colored(2, {red, 0xff0884ff}));
+        colored({red, 0xff0884ff}, Alpha));
     row("tga of 32 bits",
         {.bits = 32, .descriptor = TgaFromTop | 8, .pixels = QByteArray("\0\0\xff\x80\xff\0\0\xff", 8)},
-        colored(2, {0x80ff0000, blue}));
+        colored({0x80ff0000, blue}, Alpha));
     row("tga of 32 bits with alpha that nobody filled", {.bits = 32, .pixels = QByteArray("\0\0\xff\0\xff\0\0\0", 8)},
         redBlue);
 }
@@ -84,16 +79,17 @@ void tst_mended_files::fileIsShownAsItIsMeant_data()
     addTgaFiles();
     // No filter, then red and 0x1234 of each, of 16 bits.
     const QByteArray row("\0\xff\xff\0\0\0\0\x12\x34\x12\x34\x12\x34", 13);
-    const QImage grey = colored(2, {red, 0xff121212});
+    const QImage grey = colored({red, 0xff121212}, Alpha);
     const auto png = [&row](const QByteArray &clearColor) {
         return png_file(2, 16, PngColor, row, QByteArray("tRNS"), clearColor);
     };
     const QByteArray clearGrey("\x12\x34\x12\x34\x12\x34", 6);
-    QTest::newRow("png of 16 bits with a clear colour") << png(clearGrey) << QString() << colored(2, {red, 0x00121212});
+    QTest::newRow("png of 16 bits with a clear colour")
+        << png(clearGrey) << QString() << colored({red, 0x00121212}, Alpha);
     QTest::newRow("png of 16 bits with a clear colour that differs in its low bits")
         << png(QByteArray("\x12\x34\x12\x34\x12\x35", 6)) << QString() << grey;
     QTest::newRow("png of 16 bits with clear red")
-        << png(QByteArray("\xff\xff\0\0\0\0", 6)) << u"PNG"_s << colored(2, {0x00ff0000, 0xff121212});
+        << png(QByteArray("\xff\xff\0\0\0\0", 6)) << u"PNG"_s << colored({0x00ff0000, 0xff121212}, Alpha);
 }
 
 void tst_mended_files::fileIsShownAsItIsMeant()

@@ -1,5 +1,6 @@
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "noise_pages.h"
 #include "other_programs.h"
 #include "pictures.h"
 
@@ -14,20 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A picture that no coder makes small, so that its last bytes tell of its last pixels.
-QImage noise(QSize size, QImage::Format format)
-{
-    QImage image(size, QImage::Format_RGB32);
-    quint32 state = 7;
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            state = state * 1664525U + 1013904223U;
-            image.setPixel(x, y, 0xff000000U | state >> 8);
-        }
-    }
-    return std::move(image).convertToFormat(format);
-}
 
 QByteArray jpeg_of(const QImage &image, bool progressive)
 {
@@ -82,8 +69,8 @@ void tst_missing_ends::addFiles()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("endBytes");
 
-    const QImage color = noise({37, 27}, QImage::Format_RGB32);
-    const QImage grey = noise({37, 27}, QImage::Format_Grayscale8);
+    const QImage color = noise_page({37, 27}); // its last bytes tell of its last pixels
+    const QImage grey = color.convertToFormat(QImage::Format_Grayscale8);
     QTest::newRow("jpeg") << jpeg_of(color, false) << 2;
     QTest::newRow("grey jpeg") << jpeg_of(grey, false) << 2;
     QTest::newRow("progressive jpeg") << jpeg_of(color, true) << 2;
@@ -147,7 +134,7 @@ void tst_missing_ends::lostEndIsNotTakenForPixels()
 {
     QFETCH(const bool, progressive);
     QFETCH(const char, filler);
-    const QByteArray bytes = jpeg_of(noise({37, 27}, QImage::Format_RGB32), progressive);
+    const QByteArray bytes = jpeg_of(noise_page({37, 27}), progressive);
 
     for (const int lost : {3, 10, 100, 300}) {
         const QByteArray filled = bytes.chopped(lost) + QByteArray(4096, filler);
@@ -157,7 +144,7 @@ void tst_missing_ends::lostEndIsNotTakenForPixels()
 
 void tst_missing_ends::earlierScansAloneAreNotShown()
 {
-    const QByteArray bytes = jpeg_of(noise({37, 27}, QImage::Format_RGB32), true);
+    const QByteArray bytes = jpeg_of(noise_page({37, 27}), true);
     const QList<qsizetype> scans = scans_of(bytes);
     QVERIFY(scans.size() > 2);
 
@@ -185,7 +172,7 @@ void tst_missing_ends::codesOfAnotherProgramAreCounted()
     QFETCH(const QStringList, arguments);
     const QString png = directory.filePath(u"a.png"_s);
     const QString gif = directory.filePath(u"a.gif"_s);
-    write_file(png, encoded(noise({199, 151}, QImage::Format_RGB32), "png"));
+    write_file(png, encoded(noise_page({199, 151}), "png"));
     (void)output_of(ConvertProgram, QStringList{png} + arguments + QStringList{u"gif:"_s + gif});
     const QByteArray bytes = file_bytes(gif);
     const QImage whole = pageOf(bytes);
@@ -198,7 +185,7 @@ void tst_missing_ends::codesOfAnotherProgramAreCounted()
 
 void tst_missing_ends::coefficientsThatNoMachineHoldsAreRefusedAtOnce()
 {
-    QByteArray bytes = jpeg_of(noise({16, 16}, QImage::Format_RGB32), true);
+    QByteArray bytes = jpeg_of(noise_page({16, 16}), true);
     const qsizetype frame = bytes.indexOf(QByteArrayView("\xff\xc2", 2));
     QVERIFY(frame > 0);
     bytes.replace(frame + 5, 4, QByteArray("\xff\xdc\xff\xdc", 4)); // 65500 by 65500 pixels

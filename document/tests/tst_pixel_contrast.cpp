@@ -1,3 +1,4 @@
+#include "children.h"
 #include "contrast.h"
 #include "pixel_operations.h"
 #include "plain_pixels.h"
@@ -11,7 +12,6 @@
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -41,16 +41,13 @@ QList<int> reds_of(const QList<QRgb> &words)
 /// The signal that ends a process which runs contrast over a picture; 0 if it ends by itself.
 int signal_that_ends_contrast_of(const QImage &image)
 {
-    const pid_t child = fork();
-    if (child == 0) {
+    const int status = status_of_child([&image] {
         const rlimit noCore{0, 0};
         (void)setrlimit(RLIMIT_CORE, &noCore);
         (void)std::signal(SIGFPE, SIG_DFL); // the test's own handler would report and exit
         (void)contrasted_page(image, 50);
-        _exit(0);
-    }
-    int status = 0;
-    (void)waitpid(child, &status, 0);
+        return 0;
+    });
     return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
 }
 

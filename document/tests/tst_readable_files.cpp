@@ -23,16 +23,6 @@ QList<QRgb> greys(int count)
     return table;
 }
 
-/// A page of one row of indices.
-QImage indexed(const QList<QRgb> &table, const QList<uint> &indices, QImage::Format format = QImage::Format_Indexed8)
-{
-    QImage page(static_cast<int>(indices.size()), 1, format);
-    page.setColorTable(table);
-    for (int x = 0; x < page.width(); ++x)
-        page.setPixel(x, 0, indices.at(x));
-    return page;
-}
-
 QImage colored64(const QList<QRgba64> &colors, QImage::Format format)
 {
     QImage image(static_cast<int>(colors.size()), 1, format);

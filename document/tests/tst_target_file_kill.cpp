@@ -1,13 +1,14 @@
 // A process that is killed while it saves leaves the old file or the new one.
 
+#include "children.h"
 #include "image_files.h"
 #include "ImageDocument.h"
+#include "noise_pages.h"
 #include "pictures.h"
 #include "TemporaryHome.h"
 #include "tiff_pages.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -68,25 +69,14 @@ extern "C" int fsync(int fd)
 
 namespace {
 
-QImage noise(int side)
-{
-    QImage image({side, side}, QImage::Format_RGB32);
-    QRandomGenerator random(11);
-    random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
-    return image;
-}
-
 /// Saves in a process of its own, which is killed before it does the step behind @p steps.
 /// @return whether it was
 bool is_killed_behind(int steps, ImageDocument &document, const QString &path, const QString &word)
 {
-    const pid_t child = ::fork();
-    if (child == 0) {
+    const int status = status_of_child([&] {
         stepsLeft = steps;
-        ::_exit(document.save(path, word) ? 0 : 1);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
+        return document.save(path, word) ? 0 : 1;
+    });
     if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
         qFatal("the save failed");
     return WIFSIGNALED(status);
@@ -118,7 +108,7 @@ private slots:
         const QString path = directory.filePath(u"a.tif"_s);
         ImageDocument pages({}, {});
         for (int side : {20, 250, 150})
-            QVERIFY(pages.addPage(noise(side)));
+            QVERIFY(pages.addPage(noise_page({side, side})));
         QVERIFY(pages.save(path, u"TIFF"_s));
         const QByteArray earlier = file_bytes(path);
         ImageDocument document(path, u"tif"_s);
@@ -158,7 +148,7 @@ private slots:
         const QTemporaryDir directory;
         const QString path = directory.filePath(u"a"_s);
         ImageDocument document({}, {});
-        QVERIFY(document.addPage(noise(200))); // 120,000 bytes of colours
+        QVERIFY(document.addPage(noise_page({200, 200}))); // 120,000 bytes of colours
         QVERIFY(document.save(path, word));
         const QByteArray whole = file_bytes(path);
         if (exists)

@@ -1,5 +1,6 @@
 // Saving where no file of ours can take the place of the old one.
 
+#include "children.h"
 #include "image_files.h"
 #include "private_mounts.h"
 #include "target_file.h"
@@ -32,11 +33,7 @@ TargetOutcome write(const QString &path, const QByteArray &bytes)
 /// @return the step that the outcome names; -1 if the process broke off
 int step_for_another_user(const QString &path, const QByteArray &bytes)
 {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(give_up_privileges() ? write(path, bytes).step : 100);
-    int status = 0;
-    ::waitpid(child, &status, 0);
+    const int status = status_of_child([&] { return give_up_privileges() ? write(path, bytes).step : 100; });
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

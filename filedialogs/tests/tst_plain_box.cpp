@@ -3,10 +3,8 @@
 #include "NextBox.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -35,11 +33,10 @@ void tst_plain_box::showsMarkupAsItStands()
 {
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     Qt::TextFormat shown = Qt::AutoText;
-    QTimer::singleShot(0, this, [&icon, &shown] {
-        auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        icon = box->icon();
-        shown = box->findChild<QLabel *>("qt_msgbox_label"_L1)->textFormat();
-        box->button(QMessageBox::Ok)->click();
+    const NextOf<QMessageBox> next([&icon, &shown](const QMessageBox &box) {
+        icon = box.icon();
+        shown = box.findChild<QLabel *>("qt_msgbox_label"_L1)->textFormat();
+        box.button(QMessageBox::Ok)->click();
     });
 
     QCOMPARE(show_plain_box(QMessageBox::Information, nullptr, {}, u"<b>a&lt;b</b>.png"_s, QMessageBox::Ok),

@@ -2,8 +2,10 @@
 
 #include "EditBracket.h"
 #include "EditHost.h"
+#include "pictures.h"
 #include "UndoHistory.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -12,6 +14,15 @@
 #include <memory>
 #include <utility>
 #include <vector>
+
+/// A file system without a free block.
+inline const QByteArray FullDisk = "/proc";
+
+/// Pages are told apart by a number, which is in their red.
+[[nodiscard]] inline QImage page_of(int number)
+{
+    return solid_page(QSize(64, 48), qRgb(number, 0, 0));
+}
 
 /// What an edit sees of a tab.
 struct PlainTab : QObject
@@ -36,6 +47,7 @@ public:
     }
     void closeTab() { tabs.erase(tabs.begin()); }
     [[nodiscard]] PlainTab &tab() const { return *tabs.front(); }
+    [[nodiscard]] int number() const { return qRed(tab().image.pixel(0, 0)); }
 
     void setFrozen(bool frozen) override
     {

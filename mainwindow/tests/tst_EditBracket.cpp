@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize PageSize(64, 48);
 const QString saving = u"Saving Undo/Redo information..."_s;
 const QString changing = u"Changing the image..."_s;
 
@@ -21,19 +20,6 @@ const QStringList beginning{u"no history"_s, u"frozen"_s, u"events"_s, u"wait"_s
                             saving,          u"events"_s, changing,    u"events"_s};
 const QStringList ending{u"thawed"_s, u"can undo"_s, u"events"_s,   u"zoom"_s,
                          u"arrow"_s,  u"thawed"_s,   u"can undo"_s, u"events"_s};
-
-// A file system without a free block.
-const QByteArray FullDisk = "/proc";
-
-QImage page_of(int number)
-{
-    return solid_page(PageSize, qRgb(number, 0, 0));
-}
-
-int number_of(const PlainWindow &window)
-{
-    return qRed(window.tab().image.pixel(0, 0));
-}
 
 } // namespace
 
@@ -106,7 +92,7 @@ void tst_EditBracket::aFailedEditRollsThePageBack()
         window->takeLines(),
         (QStringList{u"Rollback operation..."_s, u"events"_s, u"set page"_s, u"refresh"_s, u"canvas"_s, u"thawed"_s,
                      u"no history"_s, u"events"_s, u"zoom"_s, u"arrow"_s, u"thawed"_s, u"no history"_s, u"events"_s}));
-    QCOMPARE(number_of(*window), 1);
+    QCOMPARE(window->number(), 1);
     QCOMPARE(home->filesIn(u"tmp"_s), QStringList());
 }
 
@@ -122,7 +108,7 @@ void tst_EditBracket::undoSavesThePresentPageFirstAndRedoReturnsToIt()
              (QStringList{u"no history"_s, u"frozen"_s, u"events"_s, u"busy"_s, saving, u"events"_s,
                           u"Undoing operation..."_s, u"events"_s, u"set page"_s, u"refresh"_s, u"canvas"_s, u"thawed"_s,
                           u"can undo and redo"_s, u"events"_s, u"zoom"_s, u"idle"_s}));
-    QCOMPARE(number_of(*window), 2);
+    QCOMPARE(window->number(), 2);
     QCOMPARE(home->filesIn(u"tmp"_s).size(), 3);
 
     window->bracket.redo();
@@ -131,12 +117,12 @@ void tst_EditBracket::undoSavesThePresentPageFirstAndRedoReturnsToIt()
              (QStringList{u"no history"_s, u"frozen"_s, u"events"_s, u"busy"_s, u"Redoing operation..."_s, u"events"_s,
                           u"set page"_s, u"refresh"_s, u"canvas"_s, u"thawed"_s, u"can undo"_s, u"events"_s, u"zoom"_s,
                           u"idle"_s}));
-    QCOMPARE(number_of(*window), 3);
+    QCOMPARE(window->number(), 3);
 
     window->bracket.undo();
 
     QVERIFY(!window->takeLines().contains(saving)); // it is on file already
-    QCOMPARE(number_of(*window), 2);
+    QCOMPARE(window->number(), 2);
 }
 
 void tst_EditBracket::withoutATabNothingHappens()
@@ -164,7 +150,7 @@ void tst_EditBracket::aStepBackTellsTheCanvasTheSizeOfTheSnapshot()
     window->bracket.undo();
 
     QCOMPARE(window->tab().canvasSize, QSize(10, 20));
-    QCOMPARE(number_of(*window), 1);
+    QCOMPARE(window->number(), 1);
 }
 
 void tst_EditBracket::aPageThatIsRefusedIsNotShown()
@@ -188,7 +174,7 @@ void tst_EditBracket::withoutRoomAndWithNoNothingChanges()
     QCOMPARE(window->takeLines(),
              (QStringList{u"no history"_s, u"frozen"_s, u"events"_s, u"wait"_s, saving, u"events"_s, u"question"_s,
                           u"arrow"_s, u"thawed"_s, u"no history"_s, u"events"_s}));
-    QCOMPARE(number_of(*window), 1);
+    QCOMPARE(window->number(), 1);
     QCOMPARE(window->history.state(), UndoHistory::Empty);
 }
 
@@ -198,7 +184,7 @@ void tst_EditBracket::withoutRoomAndWithYesTheEditRunsAndCannotBeUndone()
 
     QVERIFY(window->edit(page_of(2)));
 
-    QCOMPARE(number_of(*window), 2);
+    QCOMPARE(window->number(), 2);
     QCOMPARE(window->takeLines().count(u"no history"_s), 3); // frozen, and thawed twice
     QCOMPARE(window->history.state(), UndoHistory::Empty);
 }
@@ -212,7 +198,7 @@ void tst_EditBracket::aSnapshotThatFailsIsToldAndTheEditRuns()
 
     QVERIFY(window->edit(page_of(2)));
 
-    QCOMPARE(number_of(*window), 2);
+    QCOMPARE(window->number(), 2);
     const QStringList lines = window->takeLines();
     QCOMPARE(lines.mid(4, 4), (QStringList{saving, u"events"_s, u"snapshot failed"_s, changing}));
     QVERIFY(!lines.contains(u"can undo"_s));
@@ -227,7 +213,7 @@ void tst_EditBracket::undoOfAPageThatIsNotToBeSavedGoesToTheNewestSnapshot()
 
     window->bracket.undo();
 
-    QCOMPARE(number_of(*window), 2); // as it was before the last edit
+    QCOMPARE(window->number(), 2); // as it was before the last edit
     QCOMPARE(home->filesIn(u"tmp"_s).size(), 2);
 }
 

@@ -8,25 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr QSize PageSize(64, 48);
-
-// A file system without a free block.
-const QByteArray FullDisk = "/proc";
-
-QImage page_of(int number)
-{
-    return solid_page(PageSize, qRgb(number, 0, 0));
-}
-
-int number_of(const PlainWindow &window)
-{
-    return qRed(window.tab().image.pixel(0, 0));
-}
-
-} // namespace
-
 /// What comes in between when the bracket of an edit lets events through: three rounds of events before the operation,
 /// two behind it, and one more before the page is brought back.
 class tst_EditBracket_meanwhile : public QObject
@@ -118,7 +99,7 @@ void tst_EditBracket_meanwhile::anEditIsOffOnceItsTabHasGone()
     QVERIFY(!window->isFrozen);
     QVERIFY(!window->isWaiting);
     if (hasOther)
-        QCOMPARE(number_of(*window), 7);
+        QCOMPARE(window->number(), 7);
 }
 
 void tst_EditBracket_meanwhile::anEditIsOffIfItsTabGoesDuringTheQuestion()
@@ -129,7 +110,7 @@ void tst_EditBracket_meanwhile::anEditIsOffIfItsTabGoesDuringTheQuestion()
 
     QVERIFY(!window->edit(page_of(2)));
 
-    QCOMPARE(number_of(*window), 7);
+    QCOMPARE(window->number(), 7);
     QVERIFY(!window->isFrozen);
 }
 
@@ -269,7 +250,7 @@ void tst_EditBracket_meanwhile::aCloseIsHeldUntilAStepBackHasEnded()
     const QStringList lines = window->takeLines();
     QCOMPARE(lines.count(u"close"_s), 1);
     QVERIFY(lines.indexOf(u"close"_s) > lines.indexOf(u"thawed"_s));
-    QCOMPARE(number_of(*window), 1);
+    QCOMPARE(window->number(), 1);
 }
 
 void tst_EditBracket_meanwhile::aCloseIsHeldByAnEditThatIsOff()
@@ -325,12 +306,12 @@ void tst_EditBracket_meanwhile::anEditMayBeginWhileAnotherEnds()
 
     QVERIFY(window->edit(page_of(2)));
 
-    QCOMPARE(number_of(*window), 3);
+    QCOMPARE(window->number(), 3);
     QVERIFY(!window->isFrozen);
     QVERIFY(!window->isWaiting);
     QCOMPARE(home->filesIn(u"tmp"_s).size(), 2);
     window->bracket.undo();
-    QCOMPARE(number_of(*window), 2);
+    QCOMPARE(window->number(), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_EditBracket_meanwhile)

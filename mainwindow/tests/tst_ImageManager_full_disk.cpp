@@ -4,13 +4,13 @@
 #include "NextBox.h"
 #include "NextDialog.h"
 #include "NextFileDialog.h"
+#include "noise_pages.h"
 #include "private_mounts.h"
 #include "ToolkitLeaks.h"
 #include "WindowFixture.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -19,18 +19,6 @@ namespace {
 
 constexpr qint64 BlockBytes = 4096;
 constexpr QSize NoiseSize(512, 512); ///< noise of which no writer makes less than two blocks
-constexpr quint32 Seed = 7;
-
-QImage noise_page()
-{
-    QImage page(NoiseSize, QImage::Format_RGB32);
-    QRandomGenerator random(Seed);
-    for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < page.width(); ++x)
-            page.setPixel(x, y, 0xff000000 | random.generate());
-    }
-    return page;
-}
 
 /// A file that takes all room of a disk but some blocks, until the object goes.
 class Filler
@@ -111,7 +99,7 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         ImageDocument *const document = fixture.currentView()->document();
         const bool isIcon = suffix == u"ico"_s || suffix == u"cur"_s; // which has no more than 256 by 256 pixels
-        QVERIFY(document->setPage(1, isIcon ? noise_page().copy(0, 0, 256, 256) : noise_page()));
+        QVERIFY(document->setPage(1, isIcon ? noise_page(NoiseSize).copy(0, 0, 256, 256) : noise_page(NoiseSize)));
         const Filler filler(disk, freeBlocks);
         const NextFileDialog dialog([&](QFileDialog &chooser) {
             chooser.selectNameFilter(filter);
@@ -140,7 +128,7 @@ private slots:
         WindowFixture fixture;
         QVERIFY(patterned_page(QSize(64, 48)).save(path));
         QVERIFY(fixture.window.load_file(path, {}, false));
-        QVERIFY(fixture.currentView()->document()->setPage(1, noise_page()));
+        QVERIFY(fixture.currentView()->document()->setPage(1, noise_page(NoiseSize)));
         {
             const Filler filler(disk);
             const NextBox question = answer_next_box(QMessageBox::Yes);
@@ -157,7 +145,7 @@ private slots:
         fixture.action(u"file_save"_s)->trigger();
 
         QCOMPARE(fixture.titles(), QStringList{u"own.png"_s});
-        QVERIFY(compare_pictures(QImage(path).convertToFormat(QImage::Format_RGB32), noise_page()));
+        QVERIFY(compare_pictures(QImage(path).convertToFormat(QImage::Format_RGB32), noise_page(NoiseSize)));
         QFile::remove(path);
     }
 

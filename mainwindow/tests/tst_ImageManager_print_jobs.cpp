@@ -1,5 +1,6 @@
 // Printing, as a program in the place of lpr sees it.
 
+#include "children.h"
 #include "ImageItem.h"
 #include "OutsideTools.h"
 #include "Q3Process.h"
@@ -15,17 +16,10 @@
 
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool has_children()
-{
-    siginfo_t info{};
-    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
-}
 
 /// Files of this process may have so many bytes meanwhile, as if the disk were full.
 class LittleRoom
@@ -58,7 +52,7 @@ class tst_ImageManager_print_jobs : public QObject
 private slots:
     void cleanup()
     {
-        while (::waitpid(-1, nullptr, 0) > 0) { } // jobs whose window has gone, and their watches
+        wait_for_children(); // jobs whose window has gone, and their watches
     }
 
     void printHandsTheFirstPageToLprAndTakesItsFileAway()

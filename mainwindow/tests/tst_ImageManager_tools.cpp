@@ -1,3 +1,4 @@
+#include "children.h"
 #include "ConfigureToolsDialog.h"
 #include "NextBox.h"
 #include "NextDialog.h"
@@ -10,7 +11,6 @@
 #include <QTest>
 
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +22,7 @@ class tst_ImageManager_tools : public QObject
 private slots:
     void cleanup()
     {
-        while (::waitpid(-1, nullptr, 0) > 0) { } // jobs whose window has gone, and their watches
+        wait_for_children(); // jobs whose window has gone, and their watches
     }
 
     void editorGetsTheFirstPageAsBmp()

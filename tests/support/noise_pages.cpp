@@ -44,17 +44,22 @@ QList<QRgb> noise_table(int count, bool alpha)
     return table;
 }
 
+QImage noise_page(const QSize &size)
+{
+    return noise_page({"RGB32", QImage::Format_RGB32, {}}, size);
+}
+
 QImage noise_page(const PageKind &kind, const QSize &size, int surplus)
 {
     const qsizetype leastStride = (qsizetype{size.width()} * QImage::toPixelFormat(kind.format).bitsPerPixel() + 7) / 8;
     const qsizetype stride = leastStride + surplus;
     const qsizetype words = (stride * size.height() + 3) / 4;
-    auto noise = std::make_unique<quint32[]>(static_cast<std::size_t>(words));
+    auto noise = std::make_unique<QList<quint32>>(words);
     QRandomGenerator random(42);
-    random.fillRange(noise.get(), words);
+    random.fillRange(noise->data(), words);
 
-    const auto release = [](void *bytes) { delete[] static_cast<quint32 *>(bytes); };
-    auto *const bytes = reinterpret_cast<uchar *>(noise.get());
+    const auto release = [](void *list) { delete static_cast<QList<quint32> *>(list); };
+    auto *const bytes = reinterpret_cast<uchar *>(noise->data());
     QImage page(bytes, size.width(), size.height(), stride, kind.format, release, noise.release());
     page.setColorTable(kind.table);
     return page;

@@ -19,6 +19,9 @@ struct PageKind
 /// @p count colours at random, the same ones at every call.
 [[nodiscard]] QList<QRgb> noise_table(int count, bool alpha);
 
+/// A page of noise in true colours, which no coder makes small.
+[[nodiscard]] QImage noise_page(const QSize &size);
+
 /// A page of noise, also behind the ends of its lines.
 /// @param surplus  bytes that a line of it is longer than it has to be; of a page of depth 32 a multiple of 4
 [[nodiscard]] QImage noise_page(const PageKind &kind, const QSize &size, int surplus = 0);

@@ -3,6 +3,8 @@
 #include <QDebug>
 #include <QStringList>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,6 +43,13 @@ QImage position_page(QSize size)
         for (int x = 0; x < size.width(); ++x)
             page.setPixel(x, y, position_color({x, y}));
     }
+    return page;
+}
+
+QImage with_pixels(QImage page, const QList<uint> &values)
+{
+    for (int i = 0; i < values.size(); ++i)
+        page.setPixel(i % page.width(), i / page.width(), values.at(i));
     return page;
 }
 
@@ -90,12 +99,16 @@ QImage solid_page(QSize size, QRgb color, QImage::Format format)
     return page;
 }
 
-QImage colored(const QList<QRgb> &colors, QImage::Format format)
+QImage colored(const QList<QRgb> &colors, QImage::Format format, int rows)
 {
-    QImage page(static_cast<int>(colors.size()), 1, format);
-    for (int x = 0; x < page.width(); ++x)
-        page.setPixel(x, 0, colors.at(x));
-    return page;
+    return with_pixels(QImage(static_cast<int>(colors.size()) / rows, rows, format), colors);
+}
+
+QImage indexed(const QList<QRgb> &table, const QList<uint> &indices, QImage::Format format, int rows)
+{
+    QImage page(static_cast<int>(indices.size()) / rows, rows, format);
+    page.setColorTable(table);
+    return with_pixels(std::move(page), indices);
 }
 
 QImage patterned_page(QSize size, int depth)

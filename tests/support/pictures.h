@@ -11,8 +11,10 @@
 /// or, for one bit, with it at both entries.
 [[nodiscard]] QImage solid_page(QSize size, QRgb color, QImage::Format format = QImage::Format_RGB32);
 
-/// A page of one row of colours.
-[[nodiscard]] QImage colored(const QList<QRgb> &colors, QImage::Format format = QImage::Format_RGB32);
+/// A page of these colours or indices, row by row from the top.
+[[nodiscard]] QImage colored(const QList<QRgb> &colors, QImage::Format format = QImage::Format_RGB32, int rows = 1);
+[[nodiscard]] QImage indexed(const QList<QRgb> &table, const QList<uint> &indices,
+                             QImage::Format format = QImage::Format_Indexed8, int rows = 1);
 
 /// A page without symmetry, so that a turn, a flip or a shift by one pixel shows.
 ///

@@ -1,3 +1,4 @@
+#include "children.h"
 #include "EndSignals.h"
 
 #include <QCoreApplication>
@@ -6,7 +7,6 @@
 #include <csignal>
 
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -37,15 +37,6 @@ int receive_ignored(int number)
     return EndSignals::number() == 0 ? Ignored : NotEnded;
 }
 
-int status_of_child(int (*work)(int), int number)
-{
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(work(number));
-    int status = 0;
-    return ::waitpid(child, &status, 0) == child ? status : -1;
-}
-
 } // namespace
 
 class tst_EndSignals : public QObject
@@ -67,7 +58,7 @@ private slots:
         QFETCH(const int, number);
         (void)std::signal(number, SIG_DFL);
 
-        const int status = status_of_child(receive, number);
+        const int status = status_of_child([number] { return receive(number); });
 
         QVERIFY2(WIFSIGNALED(status), qPrintable(QString::number(WEXITSTATUS(status))));
         QCOMPARE(WTERMSIG(status), number);
@@ -75,7 +66,7 @@ private slots:
 
     void aSignalThatTheCallerIgnoresEndsNothing()
     {
-        const int status = status_of_child(receive_ignored, SIGHUP);
+        const int status = status_of_child([] { return receive_ignored(SIGHUP); });
 
         QVERIFY(WIFEXITED(status));
         QCOMPARE(WEXITSTATUS(status), int{Ignored});

@@ -1,3 +1,4 @@
+#include "children.h"
 #include "failed_writes.h"
 
 #include <QObject>
@@ -16,16 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What a child of this process ends with.
-template <typename Work> int status_of_child(const Work &work)
-{
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(work());
-    int status = 0;
-    return ::waitpid(child, &status, 0) == child ? status : -1;
-}
 
 int error_of_write(int descriptor)
 {

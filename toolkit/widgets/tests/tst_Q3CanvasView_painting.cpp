@@ -1,10 +1,10 @@
 #include "CanvasViewTest.h"
+#include "noise_pages.h"
 #include "Q3CanvasRectangle.h"
 #include "Q3CanvasSprite.h"
 
 #include <QPainter>
 #include <QPen>
-#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTest>
 
@@ -36,10 +36,7 @@ public:
 
 QImage noise(const QSize &size, QImage::Format format)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    QRandomGenerator random(7);
-    random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
-    return image.convertToFormat(format);
+    return noise_page({"ARGB32", QImage::Format_ARGB32, {}}, size).convertToFormat(format);
 }
 
 } // namespace
