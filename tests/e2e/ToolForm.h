@@ -11,7 +11,7 @@
 class ToolForm
 {
 public:
-    ToolForm(QString title, QString entry, const QList<std::pair<QString, QVariant>> &settings,
+    ToolForm(QString title, const QString &entry, const QList<std::pair<QString, QVariant>> &settings,
              QSize pageSize = {100, 80}) :
         program(place),
         page(place.page(QStringLiteral("page.bmp"), pageSize)),
