@@ -223,7 +223,7 @@ private slots:
         tabs.setCurrentIndex(1);
         QCoreApplication::processEvents();
 
-        constexpr std::size_t pagePixels = 700 * 500; // less than the tab shows
+        constexpr std::size_t pagePixels = std::size_t{700} * 500; // less than the tab shows
         if (shown > 0) // a sanitizer's allocator does not count
             QVERIFY(shown > before + 4 * pagePixels);
         QVERIFY(allocated_bytes() < before + pagePixels);

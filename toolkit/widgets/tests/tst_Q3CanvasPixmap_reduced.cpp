@@ -146,8 +146,9 @@ void tst_Q3CanvasPixmap_reduced::partShowsThePixelsOfTheWhole()
     for (const QRegion &exposed : exposures) {
         QImage expected = untouched;
         for (const QRect &part : exposed &whole.rect()) {
+            const qsizetype first = qsizetype{4} * part.left(); // bytes
             for (int y = part.top(); y <= part.bottom(); ++y)
-                std::memcpy(expected.scanLine(y) + 4 * part.left(), whole.constScanLine(y) + 4 * part.left(),
+                std::memcpy(expected.scanLine(y) + first, whole.constScanLine(y) + first,
                             4 * static_cast<std::size_t>(part.width()));
         }
 
