@@ -1,6 +1,7 @@
 #include "plain_averages.h"
 
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -19,7 +20,7 @@ QRgb average_plainly(const QImage &words, const QList<int> &columns, const QList
         }
     }
     const double count = double(rows.size()) * double(columns.size());
-    const auto mean = [&](std::size_t channel) { return static_cast<int>(sums.at(channel) / count + 0.5); };
+    const auto mean = [&](std::size_t channel) { return static_cast<int>(std::lround(sums.at(channel) / count)); };
     return qRgba(mean(1), mean(2), mean(3), mean(0));
 }
 
