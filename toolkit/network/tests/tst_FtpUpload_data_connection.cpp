@@ -2,9 +2,6 @@
 
 #include <QAbstractEventDispatcher>
 
-#include <algorithm>
-#include <ranges>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -12,8 +9,11 @@ namespace {
 /// Whether client and server have nothing to do until the other one or a timer wakes them.
 bool is_at_rest()
 {
-    const auto hasWork = [](int) { return QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents); };
-    return std::ranges::none_of(std::views::iota(0, 1000), hasWork);
+    for (int i = 0; i < 1000; ++i) {
+        if (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
