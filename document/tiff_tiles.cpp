@@ -3,9 +3,24 @@
 #include "image_memory.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <tiffio.h>
-#include <vector>
+
+namespace {
+
+using TileMemory = std::unique_ptr<char, decltype(&std::free)>;
+
+/// Null if the machine does not give it. A broken header may claim gigabytes: what no tile is decoded into is never
+/// touched.
+TileMemory cleared_memory(std::size_t size)
+{
+    return {static_cast<char *>(std::calloc(size, 1)), &std::free};
+}
+
+} // namespace
 
 bool has_whole_tiles(TIFF *tif)
 {
@@ -16,14 +31,19 @@ bool has_whole_tiles(TIFF *tif)
     const tmsize_t tileBytes = TIFFTileSize(tif);
     if (tileBytes <= 0 || 2 * tileBytes > affordable_image_bytes())
         return false;
-    std::vector<char> tile(static_cast<std::size_t>(tileBytes));
-    std::vector<char> again(tile.size());
+    const auto size = static_cast<std::size_t>(tileBytes);
+    const TileMemory tile = cleared_memory(size);
+    const TileMemory again = cleared_memory(size);
+    if (!tile || !again)
+        return false;
     for (std::uint32_t i = 0; i < TIFFNumberOfTiles(tif); ++i) {
-        std::ranges::fill(tile, '\0');
-        std::ranges::fill(again, '\xff');
-        if (TIFFReadEncodedTile(tif, i, tile.data(), tileBytes) < 0)
+        if (i > 0)
+            std::fill_n(tile.get(), size, '\0');
+        if (TIFFReadEncodedTile(tif, i, tile.get(), tileBytes) < 0)
             return true; // for the reader, which fails there too
-        if (TIFFReadEncodedTile(tif, i, again.data(), tileBytes) < 0 || tile != again)
+        std::fill_n(again.get(), size, '\xff');
+        if (TIFFReadEncodedTile(tif, i, again.get(), tileBytes) < 0
+            || !std::equal(tile.get(), tile.get() + size, again.get()))
             return false;
     }
     return true;

@@ -12,7 +12,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <initializer_list>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -201,6 +203,33 @@ private slots:
             QVERIFY2(peak_memory_bytes() - before < 20'000'000 * MeasureAllowance,
                      qPrintable(QString::number(peak_memory_bytes() - before)));
         }
+    }
+
+    void hugeTilesOfASmallPageCostNothing()
+    {
+        TIFF *const tif = TIFFOpen(path().toUtf8().constData(), "w");
+        const std::initializer_list<std::pair<ttag_t, int>> tags{
+            {TIFFTAG_IMAGEWIDTH, 64},
+            {TIFFTAG_IMAGELENGTH, 64},
+            {TIFFTAG_TILEWIDTH, 1 << 14},
+            {TIFFTAG_TILELENGTH, 1 << 14}, // 256 MiB, of which the file holds the first bytes
+            {TIFFTAG_BITSPERSAMPLE, 8},
+            {TIFFTAG_SAMPLESPERPIXEL, 1},
+            {TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK},
+            {TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE},
+        };
+        for (const auto &[tag, value] : tags)
+            TIFFSetField(tif, tag, value);
+        QByteArray codes = qCompress(QByteArray(4096, 'x')).sliced(4);
+        QCOMPARE(TIFFWriteRawTile(tif, 0, codes.data(), codes.size()), codes.size());
+        TIFFClose(tif);
+        restart_peak_memory();
+        const qint64 before = peak_memory_bytes();
+
+        QVERIFY(ImageDocument(path(), {}).isEmpty());
+
+        QVERIFY2(peak_memory_bytes() - before < SlackBytes * MeasureAllowance,
+                 qPrintable(QString::number(peak_memory_bytes() - before)));
     }
 
     void changedBytesNeverEndTheProcess()
