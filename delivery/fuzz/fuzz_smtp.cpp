@@ -81,13 +81,17 @@ public:
                                         u"ann@example.test"_s, u"bob@example.test"_s, u"scan"_s, u"Hello"_s, attachment,
                                         policy);
         QObject::connect(client.get(), &Smtp::completed, client.get(), [this] { ++completions; });
-        while (!listener.hasPendingConnections())
+        while (!(socket = client->findChild<QTcpSocket *>()))
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        server.reset(listener.nextPendingConnection());
-        socket = client->findChild<QTcpSocket *>();
         QObject::connect(socket, &QTcpSocket::bytesWritten, client.get(), [this](qint64 bytes) { written += bytes; });
         while (socket->state() != QAbstractSocket::ConnectedState)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        // Another program of the machine may have tried the same port.
+        while (!server || server->peerPort() != socket->localPort()) {
+            while (!listener.hasPendingConnections())
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            server.reset(listener.nextPendingConnection());
+        }
         settle();
     }
 

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -148,7 +150,7 @@ void HistoryPair::damage(bool deletes)
     if (!record.isThere)
         return;
     QFile file(snapshot_path(home, number_text(record.number)));
-    check(u"damage"_s, deletes ? file.remove() : file.resize(file.size() - 1));
+    check(u"damage"_s, deletes ? file.remove() : file.resize(std::max(file.size() - 1, qint64{0})));
     record.isReadable = false;
     record.isThere = !deletes;
 }
