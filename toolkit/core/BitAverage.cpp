@@ -1,5 +1,7 @@
 #include "BitAverage.h"
 
+#include "average_parts.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -42,15 +44,9 @@ void BitAverage::average(const PageRows &rows, const ReducedColumns &columns, st
     // Blocks have to end with their bytes.
     if (even.count() > 0 && spans[static_cast<std::size_t>(even.first)].first % std::min(columns.step(), BitsPerByte))
         even = {};
-    const auto from = static_cast<std::size_t>(even.first);
-    const auto end = static_cast<std::size_t>(even.end);
-
-    for (std::size_t i = 0; i < from; ++i)
-        target[i] = averageOf(rows, spans[i]);
-    if (end > from)
-        averageEvenly(rows, columns.step(), spans[from].first, target.subspan(from, end - from));
-    for (std::size_t i = end; i < spans.size(); ++i)
-        target[i] = averageOf(rows, spans[i]);
+    average_parts(
+        spans, even, target, [&](PixelSpan span) { return averageOf(rows, span); },
+        [&](int first, std::span<QRgb> part) { averageEvenly(rows, columns.step(), first, part); });
 }
 
 void BitAverage::averageEvenly(const PageRows &rows, int step, int first, std::span<QRgb> target)

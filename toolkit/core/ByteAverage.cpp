@@ -1,5 +1,7 @@
 #include "ByteAverage.h"
 
+#include "average_parts.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -49,17 +51,10 @@ ByteAverage::Ramp ByteAverage::rampOf(const std::array<QRgb, 256> &colors)
 
 void ByteAverage::average(const PageRows &rows, const ReducedColumns &columns, std::span<QRgb> target) const
 {
-    const std::vector<PixelSpan> &spans = columns.spans();
     const PixelSpan even = rows.count == columns.step() ? columns.even() : PixelSpan();
-    const auto from = static_cast<std::size_t>(even.first);
-    const auto end = static_cast<std::size_t>(even.end);
-
-    for (std::size_t i = 0; i < from; ++i)
-        target[i] = averageOf(rows, spans[i]);
-    if (end > from)
-        averageEvenly(rows, columns.step(), spans[from].first, target.subspan(from, end - from));
-    for (std::size_t i = end; i < spans.size(); ++i)
-        target[i] = averageOf(rows, spans[i]);
+    average_parts(
+        columns.spans(), even, target, [&](PixelSpan span) { return averageOf(rows, span); },
+        [&](int first, std::span<QRgb> part) { averageEvenly(rows, columns.step(), first, part); });
 }
 
 void ByteAverage::averageEvenly(const PageRows &rows, int step, int first, std::span<QRgb> target) const

@@ -2,6 +2,7 @@
 
 #include "shown_colors.h"
 
+#include <algorithm>
 #include <utility>
 
 PixelAverage::PixelAverage(const QImage &page, ReducedColumns columns) :
@@ -18,8 +19,10 @@ QImage::Format PixelAverage::format(const QImage &page)
 
 void PixelAverage::readRow(QRgb *target, PixelSpan rows)
 {
-    const PageRows lines{
-        .first = m_page.constScanLine(rows.first), .bytesPerLine = m_page.bytesPerLine(), .count = rows.count()};
+    const PageRows lines{.first = m_page.constScanLine(rows.first),
+                         .bytesPerLine = m_page.bytesPerLine(),
+                         .count = rows.count(),
+                         .following = std::min(rows.count(), m_page.height() - rows.end)};
     const std::span row(target, m_columns.spans().size());
     if (auto *const bits = std::get_if<BitAverage>(&m_kernel))
         bits->average(lines, m_columns, row);
