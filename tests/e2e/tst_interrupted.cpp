@@ -1,3 +1,4 @@
+#include "end_signals.h"
 #include "ImageManagerProgram.h"
 #include "lost_display.h"
 #include "pictures.h"
@@ -125,26 +126,16 @@ private:
     }
 };
 
-void add_signals()
-{
-    QTest::addColumn<int>("number");
-
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGHUP") << SIGHUP;
-    QTest::newRow("SIGINT") << SIGINT;
-}
-
 } // namespace
 
 void tst_interrupted::signalDuringASaveWaitsForItsEnd_data()
 {
-    add_signals();
+    add_end_signals();
 }
 
 void tst_interrupted::signalDuringASaveWaitsForItsEnd()
 {
     QFETCH(const int, number);
-    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
     StoppingProgram stopping;
     QVERIFY(stopping.stopInASave());
 
@@ -159,13 +150,12 @@ void tst_interrupted::signalDuringASaveWaitsForItsEnd()
 
 void tst_interrupted::signalDuringAnEditWaitsForItsEnd_data()
 {
-    add_signals();
+    add_end_signals();
 }
 
 void tst_interrupted::signalDuringAnEditWaitsForItsEnd()
 {
     QFETCH(const int, number);
-    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
     StoppingProgram stopping;
     QVERIFY(stopping.stopInAnEdit());
     QCOMPARE(stopping.snapshots().size(), 1);

@@ -1,3 +1,4 @@
+#include "end_signals.h"
 #include "ImageManagerProgram.h"
 #include "XPeer.h"
 
@@ -18,24 +19,6 @@
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
-
-/// What the system and a caller that loses interest do to the program.
-class tst_signals : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data();
-    void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion();
-    void anAskedForEndComesThroughADialog_data();
-    void anAskedForEndComesThroughADialog();
-    void anAskedForEndComesThroughABoxOfTheStart_data();
-    void anAskedForEndComesThroughABoxOfTheStart();
-    void anAskedForEndWakesAWaitingInstance();
-    void fullStandardErrorHoldsNothingUp();
-    void lostReaderOfStandardErrorEndsNothing();
-    void fileThatMayNotGrowIsAFailedSave();
-};
 
 namespace {
 
@@ -77,149 +60,133 @@ private:
     int m_descriptor = -1;
 };
 
-void add_signals()
-{
-    QTest::addColumn<int>("number");
-
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGHUP") << SIGHUP;
-    QTest::newRow("SIGINT") << SIGINT;
-}
-
 } // namespace
 
-void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data()
+/// What the system and a caller that loses interest do to the program.
+class tst_signals : public QObject
 {
-    add_signals();
-}
+    Q_OBJECT
 
-void tst_signals::anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
-{
-    QFETCH(const int, number);
-    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
-    const Place place;
-    ImageManagerProgram program(place);
-    QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
-    QVERIFY(program.invert());
-    QVERIFY(!place.snapshots().isEmpty());
+private slots:
+    void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion_data() { add_end_signals(); }
+    void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
+    {
+        QFETCH(const int, number);
+        const Place place;
+        ImageManagerProgram program(place);
+        QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
+        QVERIFY(program.invert());
+        QVERIFY(!place.snapshots().isEmpty());
 
-    ask_to_end(program, number);
+        ask_to_end(program, number);
 
-    QCOMPARE(program.process().waitForEndBySignal(), number);
-    QCOMPARE(place.snapshots(), QStringList());
-    const QSettings settings(place.home() + "/.config/Unknown Organization/imagemanager.conf"_L1, QSettings::IniFormat);
-    QCOMPARE(settings.value("image_editor/image_editor_width"_L1).toInt(), 700);
-}
+        QCOMPARE(program.process().waitForEndBySignal(), number);
+        QCOMPARE(place.snapshots(), QStringList());
+        const QSettings settings(place.home() + "/.config/Unknown Organization/imagemanager.conf"_L1,
+                                 QSettings::IniFormat);
+        QCOMPARE(settings.value("image_editor/image_editor_width"_L1).toInt(), 700);
+    }
 
-void tst_signals::anAskedForEndComesThroughADialog_data()
-{
-    add_signals();
-}
+    void anAskedForEndComesThroughADialog_data() { add_end_signals(); }
+    void anAskedForEndComesThroughADialog()
+    {
+        QFETCH(const int, number);
+        const Place place;
+        ImageManagerProgram program(place);
+        QVERIFY(program.open({place.page(u"a.bmp"_s)}));
+        QTRY_COMPARE(program.desktop().activeWindow(), program.window());
+        program.desktop().pressKey("o", {"Control_L"});
+        QTRY_VERIFY(!program.application().find(Role::Dialog).isNull());
 
-void tst_signals::anAskedForEndComesThroughADialog()
-{
-    QFETCH(const int, number);
-    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
-    const Place place;
-    ImageManagerProgram program(place);
-    QVERIFY(program.open({place.page(u"a.bmp"_s)}));
-    QTRY_COMPARE(program.desktop().activeWindow(), program.window());
-    program.desktop().pressKey("o", {"Control_L"});
-    QTRY_VERIFY(!program.application().find(Role::Dialog).isNull());
+        ask_to_end(program, number);
 
-    ask_to_end(program, number);
+        QCOMPARE(program.process().waitForEndBySignal(), number);
+    }
 
-    QCOMPARE(program.process().waitForEndBySignal(), number);
-}
+    void anAskedForEndComesThroughABoxOfTheStart_data() { add_end_signals(); }
+    void anAskedForEndComesThroughABoxOfTheStart()
+    {
+        QFETCH(const int, number);
+        const Place place;
+        ImageManagerProgram program(place);
+        const QString temporary = place.page(u"scan.bmp"_s);
+        QVERIFY(program.start({place.path(u"missing.bmp"_s), u"-t"_s, temporary}));
+        QCOMPARE(program.process().waitForMessageBox().title, u"Load failed"_s);
 
-void tst_signals::anAskedForEndComesThroughABoxOfTheStart_data()
-{
-    add_signals();
-}
+        ask_to_end(program, number);
 
-void tst_signals::anAskedForEndComesThroughABoxOfTheStart()
-{
-    QFETCH(const int, number);
-    (void)std::signal(number, SIG_DFL); // one that is ignored here would be ignored there
-    const Place place;
-    ImageManagerProgram program(place);
-    const QString temporary = place.page(u"scan.bmp"_s);
-    QVERIFY(program.start({place.path(u"missing.bmp"_s), u"-t"_s, temporary}));
-    QCOMPARE(program.process().waitForMessageBox().title, u"Load failed"_s);
+        QCOMPARE(program.process().waitForEndBySignal(), number);
+        QVERIFY(QFile::exists(temporary));
+    }
 
-    ask_to_end(program, number);
+    void anAskedForEndWakesAWaitingInstance()
+    {
+        const Place place;
+        const passwd *const user = ::getpwuid(::getuid());
+        QByteArray selection = "_" IM_PROGRAM ""_ba + (user ? user->pw_name : "");
+        std::ranges::replace_if(
+            selection, [](char c) { return c <= ' ' || c > '~'; }, '_');
+        XPeer peer;
+        ImageManagerProgram waiting(place);
+        QVERIFY(waiting.open({place.page(u"a.bmp"_s)}));
+        const XPeer::Window heir = peer.owner(selection);
+        QVERIFY(heir != 0);
+        peer.own(selection, 0);
+        ImageManagerProgram owner(place);
+        QVERIFY(owner.open({place.page(u"b.bmp"_s)}));
+        QVERIFY(peer.owner(selection) != heir);
 
-    QCOMPARE(program.process().waitForEndBySignal(), number);
-    QVERIFY(QFile::exists(temporary));
-}
+        ask_to_end(owner);
 
-void tst_signals::anAskedForEndWakesAWaitingInstance()
-{
-    const Place place;
-    const passwd *const user = ::getpwuid(::getuid());
-    QByteArray selection = "_" IM_PROGRAM ""_ba + (user ? user->pw_name : "");
-    std::ranges::replace_if(
-        selection, [](char c) { return c <= ' ' || c > '~'; }, '_');
-    XPeer peer;
-    ImageManagerProgram waiting(place);
-    QVERIFY(waiting.open({place.page(u"a.bmp"_s)}));
-    const XPeer::Window heir = peer.owner(selection);
-    QVERIFY(heir != 0);
-    peer.own(selection, 0);
-    ImageManagerProgram owner(place);
-    QVERIFY(owner.open({place.page(u"b.bmp"_s)}));
-    QVERIFY(peer.owner(selection) != heir);
+        QCOMPARE(owner.process().waitForEndBySignal(), SIGTERM);
+        QTRY_COMPARE(peer.owner(selection), heir);
+    }
 
-    ask_to_end(owner);
+    void fullStandardErrorHoldsNothingUp()
+    {
+        const Place place;
+        NamedPipe pipe(place.path(u"errors"_s));
+        pipe.fill();
+        ImageManagerProgram program(place);
+        program.process().setErrorFile(pipe.path());
 
-    QCOMPARE(owner.process().waitForEndBySignal(), SIGTERM);
-    QTRY_COMPARE(peer.owner(selection), heir);
-}
+        QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
+        QVERIFY(program.invert());
 
-void tst_signals::fullStandardErrorHoldsNothingUp()
-{
-    const Place place;
-    NamedPipe pipe(place.path(u"errors"_s));
-    pipe.fill();
-    ImageManagerProgram program(place);
-    program.process().setErrorFile(pipe.path());
+        ask_to_end(program);
+        QCOMPARE(program.process().waitForEndBySignal(), SIGTERM);
+    }
 
-    QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
-    QVERIFY(program.invert());
+    void lostReaderOfStandardErrorEndsNothing()
+    {
+        const Place place;
+        NamedPipe pipe(place.path(u"errors"_s));
+        ImageManagerProgram program(place);
+        program.process().setErrorFile(pipe.path());
+        QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
 
-    ask_to_end(program);
-    QCOMPARE(program.process().waitForEndBySignal(), SIGTERM);
-}
+        pipe.close();
+        QVERIFY(program.invert());
 
-void tst_signals::lostReaderOfStandardErrorEndsNothing()
-{
-    const Place place;
-    NamedPipe pipe(place.path(u"errors"_s));
-    ImageManagerProgram program(place);
-    program.process().setErrorFile(pipe.path());
-    QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
+        QVERIFY(program.process().isRunning());
+    }
 
-    pipe.close();
-    QVERIFY(program.invert());
+    void fileThatMayNotGrowIsAFailedSave()
+    {
+        const Place place;
+        ImageManagerProgram program(place);
+        const QString path = place.page(u"a.bmp"_s);
+        QVERIFY(program.open({path}));
+        QTRY_COMPARE(program.desktop().activeWindow(), program.window());
+        const rlimit limit{.rlim_cur = 1000, .rlim_max = 1000};
+        QCOMPARE(::prlimit(static_cast<pid_t>(program.process().processId()), RLIMIT_FSIZE, &limit, nullptr), 0);
 
-    QVERIFY(program.process().isRunning());
-}
+        program.desktop().pressKey("s", {"Control_L"});
 
-void tst_signals::fileThatMayNotGrowIsAFailedSave()
-{
-    const Place place;
-    ImageManagerProgram program(place);
-    const QString path = place.page(u"a.bmp"_s);
-    QVERIFY(program.open({path}));
-    QTRY_COMPARE(program.desktop().activeWindow(), program.window());
-    const rlimit limit{.rlim_cur = 1000, .rlim_max = 1000};
-    QCOMPARE(::prlimit(static_cast<pid_t>(program.process().processId()), RLIMIT_FSIZE, &limit, nullptr), 0);
-
-    program.desktop().pressKey("s", {"Control_L"});
-
-    QCOMPARE(program.answer(u"OK"_s).title, u"Save failed"_s);
-    QVERIFY(program.process().isRunning());
-}
+        QCOMPARE(program.answer(u"OK"_s).title, u"Save failed"_s);
+        QVERIFY(program.process().isRunning());
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_signals)
 #include "tst_signals.moc"

@@ -72,6 +72,23 @@ private:
     QList<QRgb> m_words;
 };
 
+/// A page at 1:2 that has been shown and has changed its colour since.
+struct SecretlyChanged
+{
+    SecretlyChanged()
+    {
+        show_page(fixture.view, page.image());
+        if (!fixture.view.setZoomIndex(NaturalSize + 1))
+            qFatal("the zoom is refused");
+        QCoreApplication::processEvents();
+        (void)seen(fixture.view); // averages are there now
+        page.change();
+    }
+
+    SecretPage page{QSize(1600, 1200)};
+    ViewFixture fixture{QSize(1600, 1200)};
+};
+
 } // namespace
 
 class tst_ImageView_reduced : public QObject
@@ -161,38 +178,27 @@ private slots:
 
     void dragOfASelectionAveragesNothingAgain()
     {
-        SecretPage page(QSize(1600, 1200));
-        ViewFixture fixture(QSize(1600, 1200));
-        show_page(fixture.view, page.image());
-        QVERIFY(fixture.view.setZoomIndex(NaturalSize + 1));
-        QCoreApplication::processEvents();
-        (void)seen(fixture.view); // averages are there now
-        page.change();
+        SecretlyChanged changed;
 
-        fixture.press(QPoint(30, 40));
+        changed.fixture.press(QPoint(30, 40));
         for (const QPoint at : {QPoint(120, 90), QPoint(60, 70), QPoint(150, 110)})
-            fixture.move(at);
+            changed.fixture.move(at);
         QCoreApplication::processEvents();
 
-        const QImage screen = seen(fixture.view);
+        const QImage screen = seen(changed.fixture.view);
         QCOMPARE(screen.pixel(100, 80), SecretPage::First);
         QCOMPARE(screen.pixel(5, 5), SecretPage::First);
     }
 
     void scrollByAFewLinesAveragesOnlyThese()
     {
-        SecretPage page(QSize(1600, 1200));
-        ViewFixture fixture(QSize(1600, 1200));
-        show_page(fixture.view, page.image());
-        QVERIFY(fixture.view.setZoomIndex(NaturalSize + 1));
-        QCoreApplication::processEvents();
-        (void)seen(fixture.view); // averages are there now
-        page.change();
+        SecretlyChanged changed;
+        ImageView &view = changed.fixture.view;
 
-        fixture.view.scrollBy(0, 20);
+        view.scrollBy(0, 20);
 
-        const QImage screen = seen(fixture.view);
-        const int height = fixture.view.visibleHeight();
+        const QImage screen = seen(view);
+        const int height = view.visibleHeight();
         QCOMPARE(screen.pixel(10, 0), SecretPage::First);
         QCOMPARE(screen.pixel(10, height - 21), SecretPage::First);
         QCOMPARE(screen.pixel(10, height - 20), SecretPage::Second);

@@ -11,21 +11,31 @@
 
 namespace {
 
-/// A page on @p bytes that the test may change behind the picture's back.
-QImage page_on(QByteArray &bytes, const QSize &size)
-{
-    bytes.resize(qsizetype{size.width()} * size.height() * 4);
-    return {reinterpret_cast<uchar *>(bytes.data()), size.width(), size.height(), QImage::Format_RGB32};
-}
-
 constexpr QRgb First = 0xff102030;
 constexpr QRgb Second = 0xff605040;
 
-void fill(QByteArray &bytes, QRgb color)
+/// A picture of one colour that changes its colour behind the back of what has been kept of it.
+class SecretPicture
 {
-    auto *const words = reinterpret_cast<QRgb *>(bytes.data());
-    std::fill(words, words + bytes.size() / 4, color);
-}
+public:
+    explicit SecretPicture(const QSize &size) :
+        words(qsizetype{size.width()} * size.height(), First),
+        pixmap(QImage(reinterpret_cast<uchar *>(words.data()), size.width(), size.height(), QImage::Format_RGB32))
+    {
+    }
+
+    [[nodiscard]] QImage shown(double factor, const QPoint &scroll = {}, const QRegion &exposed = {},
+                               const QSize &window = Window) const
+    {
+        return painted(
+            factor, scroll, exposed, [this](QPainter &painter) { pixmap.draw(painter, {}); }, 1.0, window);
+    }
+    void change() { std::fill(words.begin(), words.end(), Second); }
+
+private:
+    QList<QRgb> words;
+    Q3CanvasPixmap pixmap;
+};
 
 /// The screen pixels that show what the page was at first, the others showing what it is now.
 QRect of_first(const QImage &window)
@@ -56,155 +66,124 @@ class tst_Q3CanvasPixmap_kept : public QObject
     Q_OBJECT
 
 private slots:
-    void whatWasShownIsNotAveragedAgain();
-    void scrollByLinesAveragesTheNewOnes();
-    void whatAScrollLeavesIsKeptAround();
-    void windowThatGrowsKeepsWhatIsThere();
-    void otherZoomIsAveragedAnew();
-    void naturalSizeShowsThePageItselfAndKeepsNothing();
-    void keepsNoMoreThanEightMegabytes();
-    void keepsOneAndAHalfTimesALargeWindow();
-    void forgottenAveragesTakeNoMemory();
+    void whatWasShownIsNotAveragedAgain()
+    {
+        SecretPicture picture(QSize(2000, 1600));
+        (void)picture.shown(0.25, {}, QRect(0, 0, 60, 50));
+        picture.change();
+
+        QCOMPARE(of_first(picture.shown(0.25)), QRect(0, 0, 60, 50));
+    }
+
+    void scrollByLinesAveragesTheNewOnes()
+    {
+        SecretPicture picture(QSize(2000, 1600));
+        (void)picture.shown(0.25);
+        picture.change();
+
+        QCOMPARE(of_first(picture.shown(0.25, {0, 20})), QRect(0, 0, Window.width(), Window.height() - 20));
+    }
+
+    void whatAScrollLeavesIsKeptAround()
+    {
+        SecretPicture picture(QSize(4000, 3000));
+        for (const QPoint scroll : {QPoint(0, 0), QPoint(0, 100), QPoint(140, 100)})
+            (void)picture.shown(0.5, scroll);
+        picture.change();
+
+        QCOMPARE(of_first(picture.shown(0.5)), QRect(QPoint(0, 0), Window));
+    }
+
+    void windowThatGrowsKeepsWhatIsThere()
+    {
+        SecretPicture picture(QSize(4000, 3000));
+        (void)picture.shown(0.5, {900, 300}, {}, QSize(1000, 1000)); // fills what is kept to its end and beyond
+        (void)picture.shown(0.5, {950, 400}, {}, QSize(1000, 1000));
+        picture.change();
+
+        const QImage grown = picture.shown(0.5, {0, 0}, {}, QSize(1999, 1499));
+
+        QCOMPARE(grown.pixel(950, 400), First);
+        QCOMPARE(grown.pixel(1949, 1399), First);
+        QCOMPARE(grown.pixel(1951, 1399), Second);
+        QCOMPARE(grown.pixel(1949, 1401), Second);
+        QCOMPARE(grown.pixel(899, 800), Second);
+    }
+
+    void otherZoomKeepsNothing_data()
+    {
+        QTest::addColumn<double>("factor");
+        QTest::newRow("a smaller one is averaged anew") << 0.25;
+        QTest::newRow("natural size shows the page itself") << 1.0;
+    }
+
+    void otherZoomKeepsNothing()
+    {
+        QFETCH(const double, factor);
+        SecretPicture picture(QSize(4000, 3000));
+        (void)picture.shown(0.5);
+        picture.change();
+
+        const QImage other = picture.shown(factor);
+        const QImage back = picture.shown(0.5);
+
+        QCOMPARE(other.pixel(10, 10), Second);
+        QCOMPARE(back.pixel(10, 10), Second);
+    }
+
+    void keepsNoMoreThanThis_data()
+    {
+        QTest::addColumn<QSize>("page");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QPoint>("step");
+        QTest::addColumn<int>("steps");
+        QTest::addColumn<std::size_t>("bytes");
+        QTest::newRow("eight megabytes") << QSize(12000, 12000) << QSize(900, 700) << QPoint(-300, -350) << 12
+                                         << std::size_t{8'000'000};
+        QTest::newRow("one and a half times a window of 24 MB")
+            << QSize(16000, 12000) << QSize(3000, 2000) << QPoint(-900, -800) << 4 << std::size_t{36'000'000};
+    }
+
+    void keepsNoMoreThanThis()
+    {
+        QFETCH(const QSize, page);
+        QFETCH(const QSize, size);
+        QFETCH(const QPoint, step);
+        QFETCH(const int, steps);
+        QFETCH(const std::size_t, bytes);
+        const Q3CanvasPixmap pixmap(noise_page(page_kinds()[0], page));
+        QImage window(size, QImage::Format_RGB32);
+        const std::size_t before = allocated_bytes();
+
+        for (int i = 0; i < steps; ++i) {
+            QPainter painter(&window);
+            painter.setTransform(QTransform::fromScale(0.5, 0.5)
+                                 * QTransform::fromTranslate(step.x() * i, step.y() * i));
+            pixmap.draw(painter, {});
+        }
+
+        QVERIFY(allocated_bytes() - before <= bytes + 200'000);
+    }
+
+    void forgottenAveragesTakeNoMemory()
+    {
+        Q3CanvasPixmap pixmap(noise_page(page_kinds()[10], QSize(3000, 2000)));
+        QImage window(Window, QImage::Format_RGB32);
+        const auto paint = [&] {
+            QPainter painter(&window);
+            painter.scale(0.5, 0.5);
+            pixmap.draw(painter, {});
+        };
+        paint();
+        pixmap.forgetAverages();
+        const std::size_t before = allocated_bytes();
+
+        paint();
+        pixmap.forgetAverages();
+
+        QVERIFY(allocated_bytes() <= before + 2000);
+    }
 };
-
-void tst_Q3CanvasPixmap_kept::whatWasShownIsNotAveragedAgain()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(2000, 1600)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    (void)painted(0.25, {}, QRect(0, 0, 60, 50), draw); // only to have it shown
-    fill(bytes, Second);
-
-    QCOMPARE(of_first(painted(0.25, {}, {}, draw)), QRect(0, 0, 60, 50));
-}
-
-void tst_Q3CanvasPixmap_kept::scrollByLinesAveragesTheNewOnes()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(2000, 1600)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    (void)painted(0.25, {}, {}, draw); // only to have it shown
-    fill(bytes, Second);
-
-    QCOMPARE(of_first(painted(0.25, {0, 20}, {}, draw)), QRect(0, 0, Window.width(), Window.height() - 20));
-}
-
-void tst_Q3CanvasPixmap_kept::whatAScrollLeavesIsKeptAround()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(4000, 3000)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    for (const QPoint scroll : {QPoint(0, 0), QPoint(0, 100), QPoint(140, 100)})
-        (void)painted(0.5, scroll, {}, draw); // only to have it shown
-    fill(bytes, Second);
-
-    QCOMPARE(of_first(painted(0.5, {0, 0}, {}, draw)), QRect(QPoint(0, 0), Window));
-}
-
-void tst_Q3CanvasPixmap_kept::windowThatGrowsKeepsWhatIsThere()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(4000, 3000)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    (void)painted(0.5, {900, 300}, {}, draw, 1.0, QSize(1000, 1000)); // fills what is kept to its end and beyond
-    (void)painted(0.5, {950, 400}, {}, draw, 1.0, QSize(1000, 1000));
-    fill(bytes, Second);
-
-    const QImage grown = painted(0.5, {0, 0}, {}, draw, 1.0, QSize(1999, 1499));
-
-    QCOMPARE(grown.pixel(950, 400), First);
-    QCOMPARE(grown.pixel(1949, 1399), First);
-    QCOMPARE(grown.pixel(1951, 1399), Second);
-    QCOMPARE(grown.pixel(1949, 1401), Second);
-    QCOMPARE(grown.pixel(899, 800), Second);
-}
-
-void tst_Q3CanvasPixmap_kept::otherZoomIsAveragedAnew()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(4000, 3000)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    (void)painted(0.5, {}, {}, draw); // only to have it shown
-    fill(bytes, Second);
-
-    const QImage smaller = painted(0.25, {}, {}, draw);
-    const QImage back = painted(0.5, {}, {}, draw);
-
-    QCOMPARE(smaller.pixel(10, 10), Second);
-    QCOMPARE(back.pixel(10, 10), Second);
-}
-
-void tst_Q3CanvasPixmap_kept::naturalSizeShowsThePageItselfAndKeepsNothing()
-{
-    QByteArray bytes;
-    const Q3CanvasPixmap pixmap(page_on(bytes, QSize(400, 300)));
-    const auto draw = [&](QPainter &painter) { pixmap.draw(painter, {}); };
-    fill(bytes, First);
-    (void)painted(0.5, {}, {}, draw); // only to have it shown
-    fill(bytes, Second);
-
-    const QImage natural = painted(1.0, {}, {}, draw);
-    const QImage back = painted(0.5, {}, {}, draw);
-
-    QCOMPARE(natural.pixel(10, 10), Second);
-    QCOMPARE(back.pixel(10, 10), Second);
-}
-
-void tst_Q3CanvasPixmap_kept::keepsNoMoreThanEightMegabytes()
-{
-    const Q3CanvasPixmap pixmap(noise_page(page_kinds()[0], QSize(12000, 12000)));
-    const QSize size(900, 700);
-    QImage window(size, QImage::Format_RGB32);
-    const std::size_t before = allocated_bytes();
-
-    for (int i = 0; i < 12; ++i) {
-        QPainter painter(&window);
-        painter.setTransform(QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(-300 * i, -350 * i));
-        pixmap.draw(painter, {});
-    }
-
-    QVERIFY(allocated_bytes() - before <= 8'000'000 + 200'000);
-}
-
-void tst_Q3CanvasPixmap_kept::keepsOneAndAHalfTimesALargeWindow()
-{
-    const Q3CanvasPixmap pixmap(noise_page(page_kinds()[0], QSize(16000, 12000)));
-    const QSize size(3000, 2000); // 24 MB
-    QImage window(size, QImage::Format_RGB32);
-    const std::size_t before = allocated_bytes();
-
-    for (int i = 0; i < 4; ++i) {
-        QPainter painter(&window);
-        painter.setTransform(QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(-900 * i, -800 * i));
-        pixmap.draw(painter, {});
-    }
-
-    QVERIFY(allocated_bytes() - before <= 36'000'000 + 200'000);
-}
-
-void tst_Q3CanvasPixmap_kept::forgottenAveragesTakeNoMemory()
-{
-    Q3CanvasPixmap pixmap(noise_page(page_kinds()[10], QSize(3000, 2000)));
-    QImage window(Window, QImage::Format_RGB32);
-    const auto paint = [&] {
-        QPainter painter(&window);
-        painter.scale(0.5, 0.5);
-        pixmap.draw(painter, {});
-    };
-    paint();
-    pixmap.forgetAverages();
-    const std::size_t before = allocated_bytes();
-
-    paint();
-    pixmap.forgetAverages();
-
-    QVERIFY(allocated_bytes() <= before + 2000);
-}
 
 QTEST_MAIN(tst_Q3CanvasPixmap_kept)
 
