@@ -35,37 +35,29 @@ class tst_dialog_allocation : public QObject
 private slots:
     void init() { noRoomForDialogs = true; }
     void cleanup() { noRoomForDialogs = false; }
-    void openingIsRefusedWithoutADialog();
-    void savingIsRefusedWithoutADialog();
+
+    void dialogThatHasNoRoomIsRefused_data()
+    {
+        QTest::addColumn<bool>("saves");
+        QTest::newRow("opening") << false;
+        QTest::newRow("saving") << true;
+    }
+
+    void dialogThatHasNoRoomIsRefused()
+    {
+        QFETCH(const bool, saves);
+        const TemporaryHome home;
+        DiagnosticLines lines;
+        lines.expect(u"Failed to create file dialog"_s);
+
+        QString path = u"scan.png"_s;
+        QString format = u"png"_s;
+        QVERIFY(!(saves ? save_file_dialog(path, format, nullptr, nullptr) : open_file_dialog(path, format, nullptr)));
+
+        QCOMPARE(path, u"scan.png"_s);
+        QCOMPARE(format, u"png"_s);
+    }
 };
-
-void tst_dialog_allocation::openingIsRefusedWithoutADialog()
-{
-    const TemporaryHome home;
-    DiagnosticLines lines;
-    lines.expect(u"Failed to create file dialog"_s);
-
-    QString path = u"scan.png"_s;
-    QString format = u"png"_s;
-    QVERIFY(!open_file_dialog(path, format, nullptr));
-
-    QCOMPARE(path, u"scan.png"_s);
-    QCOMPARE(format, u"png"_s);
-}
-
-void tst_dialog_allocation::savingIsRefusedWithoutADialog()
-{
-    const TemporaryHome home;
-    DiagnosticLines lines;
-    lines.expect(u"Failed to create file dialog"_s);
-
-    QString path = u"scan.png"_s;
-    QString format = u"png"_s;
-    QVERIFY(!save_file_dialog(path, format, nullptr, nullptr));
-
-    QCOMPARE(path, u"scan.png"_s);
-    QCOMPARE(format, u"png"_s);
-}
 
 QTEST_MAIN(tst_dialog_allocation)
 #include "tst_dialog_allocation.moc"
