@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files.h"
 #include "FtpServer.h"
 #include "network_protocols.h"
 #include "Q3UrlOperator.h"
@@ -14,7 +15,8 @@
 #include <chrono>
 #include <memory>
 
-/// A local file, a server, and an operator that uploads the one to the other and writes down what it is told.
+/// A local file of ten digits, a server, and an operator that uploads the one to the other and writes down what it is
+/// told.
 class UploadTrial
 {
 public:
@@ -24,16 +26,13 @@ public:
     {
         q3InitNetworkProtocols();
         listen(*op);
+        write(QByteArrayLiteral("0123456789"));
     }
 
     [[nodiscard]] QString path() const { return directory.filePath(name); }
     [[nodiscard]] bool hasFile() const { return QFile::exists(path()); }
 
-    [[nodiscard]] bool write(const QByteArray &bytes) const
-    {
-        QFile file(path());
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    }
+    void write(const QByteArray &bytes) const { write_file(path(), bytes); }
 
     /// As a dialog starts one, from a user's entries.
     void upload(bool move = false, const QString &user = {}, const QString &password = {},
