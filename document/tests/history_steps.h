@@ -20,6 +20,18 @@ inline constexpr QSize PageSize(4, 3);
 [[nodiscard]] bool insert_page(UndoHistory &history, const QColor &color);
 void insert_pages(UndoHistory &history, const QList<QColor> &colors);
 
+/// A home that lives longer than the history in it.
+struct HistoryHome
+{
+    TemporaryHome home;
+};
+
+/// A history in a home of its own.
+struct FilledHistory : HistoryHome, UndoHistory
+{
+    explicit FilledHistory(const QList<QColor> &colors = {}) { insert_pages(*this, colors); }
+};
+
 /// What a step gives back.
 struct StepOutputs
 {

@@ -103,22 +103,20 @@ private slots:
         QCOMPARE(spare_page_bytes(), limit / bytes * bytes);
     }
 
-    void aSpareMuchLargerThanTheNextPageIsReleased()
+    void aSpareOfQuiteAnotherSizeThanTheNextPageIsReleased_data()
     {
-        (void)new_page(LargeSize, QImage::Format_RGB32);
-        QVERIFY(spare_page_bytes() > 0);
-
-        const QImage small = new_page(QSize(300, 300), QImage::Format_RGB32);
-
-        QCOMPARE(spare_page_bytes(), 0);
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("much larger than the page") << QSize(300, 300);
+        QTest::newRow("much smaller than the page") << LargeSize * 2;
     }
 
-    void aSpareMuchSmallerThanTheNextPageIsReleased()
+    void aSpareOfQuiteAnotherSizeThanTheNextPageIsReleased()
     {
+        QFETCH(const QSize, size);
         (void)new_page(LargeSize, QImage::Format_RGB32);
         QVERIFY(spare_page_bytes() > 0);
 
-        const QImage large = new_page(LargeSize * 2, QImage::Format_RGB32);
+        const QImage next = new_page(size, QImage::Format_RGB32);
 
         QCOMPARE(spare_page_bytes(), 0);
     }

@@ -163,41 +163,32 @@ private slots:
         QCOMPARE(result.colorCount(), 0);
     }
 
-    void paletteOfBlackAndWhiteIsExchanged()
+    void paletteBeginsWithWhiteAndBlack_data()
     {
-        QImage image = indexed_page({0xff000000, 0xffffffff});
+        QTest::addColumn<QList<QRgb>>("before");
+        QTest::addColumn<QList<QRgb>>("after");
+
+        const QList<QRgb> whiteAndBlack{0xffffffff, 0xff000000};
+        QTest::newRow("black and white are exchanged") << QList<QRgb>{0xff000000, 0xffffffff} << whiteAndBlack;
+        QTest::newRow("white and black stay") << whiteAndBlack << whiteAndBlack;
+        QTest::newRow("first colours go where white and black were")
+            << QList<QRgb>{0xff111111, 0xff222222, 0xff000000, 0xff333333, 0xffffffff}
+            << QList<QRgb>{0xffffffff, 0xff000000, 0xff222222, 0xff333333, 0xff111111};
+        QTest::newRow("the last black and white count")
+            << QList<QRgb>{0xff111111, 0xff000000, 0xffffffff, 0xff000000, 0xffffffff}
+            << QList<QRgb>{0xffffffff, 0xff000000, 0xffffffff, 0xff000000, 0xff111111};
+    }
+
+    void paletteBeginsWithWhiteAndBlack()
+    {
+        QFETCH(const QList<QRgb>, before);
+        QFETCH(const QList<QRgb>, after);
+        QImage image = indexed_page(before);
 
         patch_palette(image);
 
-        QCOMPARE(image.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000}));
+        QCOMPARE(image.colorTable(), after);
         QCOMPARE(image.pixelIndex(0, 0), 0);
-    }
-
-    void paletteOfWhiteAndBlackStays()
-    {
-        QImage image = indexed_page({0xffffffff, 0xff000000});
-
-        patch_palette(image);
-
-        QCOMPARE(image.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000}));
-    }
-
-    void firstColorsGoWhereWhiteAndBlackWere()
-    {
-        QImage image = indexed_page({0xff111111, 0xff222222, 0xff000000, 0xff333333, 0xffffffff});
-
-        patch_palette(image);
-
-        QCOMPARE(image.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000, 0xff222222, 0xff333333, 0xff111111}));
-    }
-
-    void theLastBlackAndWhiteCount()
-    {
-        QImage image = indexed_page({0xff111111, 0xff000000, 0xffffffff, 0xff000000, 0xffffffff});
-
-        patch_palette(image);
-
-        QCOMPARE(image.colorTable(), (QList<QRgb>{0xffffffff, 0xff000000, 0xffffffff, 0xff000000, 0xff111111}));
     }
 
     void aPaletteWithoutWhiteStaysAndIsReported()
