@@ -7,27 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_ComboBoxEx : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void declaresItsSignalAndSlotsInTheirOrder();
-    void mayBeTypedInOnlyIfTold();
-    void showsTranslatedTextsInTheirOrder();
-    void tellsTheKeyOfAPickedEntry();
-    void tellsTheKeyOfTheSameEntryPickedAgain();
-    void tellsTheFirstKeyOfATextThatSeveralHave();
-    void tellsTheNullStringForAPlainEntry();
-    void tellsNothingWhenItIsSet();
-    void keepsTheFormerEntryOfAKeyInsertedTwice();
-    void setsAnEntryByItsKey();
-    void setsAnEntryByText_data();
-    void setsAnEntryByText();
-    void setsAnEntryByNumber();
-    void entryShownForAKeyIsFoundByItsBeginning();
-};
-
 namespace {
 
 /// Sizes of paper by their English and German names, and one entry without a pair.
@@ -48,197 +27,194 @@ void pick_by_popup(ComboBoxEx &box, int index)
 
 } // namespace
 
-void tst_ComboBoxEx::declaresItsSignalAndSlotsInTheirOrder()
+class tst_ComboBoxEx : public QObject
 {
-    const QMetaObject &meta = ComboBoxEx::staticMetaObject;
-    QByteArrayList signatures;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        signatures << meta.method(i).methodSignature();
+    Q_OBJECT
 
-    QCOMPARE(signatures,
-             QByteArrayList({"translationActivated(QString)", "onActivated(QString)", "setNumber(int)",
-                             "setNumber(double)", "setString2(QString)"}));
-    QCOMPARE(meta.method(meta.indexOfSlot("onActivated(QString)")).access(), QMetaMethod::Private);
-}
+private slots:
+    void declaresItsSignalAndSlotsInTheirOrder()
+    {
+        const QMetaObject &meta = ComboBoxEx::staticMetaObject;
+        QByteArrayList signatures;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            signatures << meta.method(i).methodSignature();
 
-void tst_ComboBoxEx::mayBeTypedInOnlyIfTold()
-{
-    QVERIFY(ComboBoxEx(true, nullptr, "box").isEditable());
-    QVERIFY(!ComboBoxEx(false, nullptr, "box").isEditable());
-    QVERIFY(!ComboBoxEx(nullptr, "box").isEditable());
-    QCOMPARE(ComboBoxEx(nullptr, "box").objectName(), u"box"_s);
-}
+        QCOMPARE(signatures,
+                 QByteArrayList({"translationActivated(QString)", "onActivated(QString)", "setNumber(int)",
+                                 "setNumber(double)", "setString2(QString)"}));
+        QCOMPARE(meta.method(meta.indexOfSlot("onActivated(QString)")).access(), QMetaMethod::Private);
+    }
 
-void tst_ComboBoxEx::showsTranslatedTextsInTheirOrder()
-{
-    ComboBoxEx box;
+    void mayBeTypedInOnlyIfTold()
+    {
+        QVERIFY(ComboBoxEx(true, nullptr, "box").isEditable());
+        QVERIFY(!ComboBoxEx(false, nullptr, "box").isEditable());
+        QVERIFY(!ComboBoxEx(nullptr, "box").isEditable());
+        QCOMPARE(ComboBoxEx(nullptr, "box").objectName(), u"box"_s);
+    }
 
-    fill(box);
+    void showsTranslatedTextsInTheirOrder()
+    {
+        ComboBoxEx box;
 
-    QCOMPARE(box.itemText(0), u"Brief"_s);
-    QCOMPARE(box.itemText(1), u"Rechnung"_s);
-    QCOMPARE(box.itemText(2), u"Rechtsakte"_s);
-    QCOMPARE(box.itemText(3), u"A4"_s);
-}
+        fill(box);
 
-void tst_ComboBoxEx::tellsTheKeyOfAPickedEntry()
-{
-    ComboBoxEx box;
-    fill(box);
-    box.show();
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(box.itemText(0), u"Brief"_s);
+        QCOMPARE(box.itemText(1), u"Rechnung"_s);
+        QCOMPARE(box.itemText(2), u"Rechtsakte"_s);
+        QCOMPARE(box.itemText(3), u"A4"_s);
+    }
 
-    QTest::keyClick(&box, Qt::Key_Down);
+    void tellsTheKeyOfAPickedEntry()
+    {
+        ComboBoxEx box;
+        fill(box);
+        box.show();
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    QCOMPARE(activated.count(), 1);
-    QCOMPARE(activated.at(0).at(0).toString(), u"Statement"_s);
-}
+        QTest::keyClick(&box, Qt::Key_Down);
 
-void tst_ComboBoxEx::tellsTheKeyOfTheSameEntryPickedAgain()
-{
-    ComboBoxEx box;
-    fill(box);
-    box.show();
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(activated.at(0).at(0).toString(), u"Statement"_s);
+    }
 
-    pick_by_popup(box, 0);
+    void tellsTheKeyOfTheSameEntryPickedAgain()
+    {
+        ComboBoxEx box;
+        fill(box);
+        box.show();
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    QCOMPARE(activated.count(), 1);
-    QCOMPARE(activated.at(0).at(0).toString(), u"Letter"_s);
-}
+        pick_by_popup(box, 0);
 
-void tst_ComboBoxEx::tellsTheFirstKeyOfATextThatSeveralHave()
-{
-    ComboBoxEx box;
-    box.insertItem(u"none"_s);
-    box.insertTranslated(u"Akte"_s, u"file"_s);
-    box.insertTranslated(u"Akte"_s, u"act"_s);
-    box.show();
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(activated.at(0).at(0).toString(), u"Letter"_s);
+    }
 
-    pick_by_popup(box, 1);
+    void tellsTheFirstKeyOfATextThatSeveralHave()
+    {
+        ComboBoxEx box;
+        box.insertItem(u"none"_s);
+        box.insertTranslated(u"Akte"_s, u"file"_s);
+        box.insertTranslated(u"Akte"_s, u"act"_s);
+        box.show();
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    QCOMPARE(activated.count(), 1);
-    QCOMPARE(activated.at(0).at(0).toString(), u"act"_s);
-}
+        pick_by_popup(box, 1);
 
-void tst_ComboBoxEx::tellsTheNullStringForAPlainEntry()
-{
-    ComboBoxEx box;
-    fill(box);
-    box.show();
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(activated.at(0).at(0).toString(), u"act"_s);
+    }
 
-    QTest::keyClick(&box, Qt::Key_End);
+    void tellsTheNullStringForAPlainEntry()
+    {
+        ComboBoxEx box;
+        fill(box);
+        box.show();
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    QCOMPARE(box.currentText(), u"A4"_s);
-    QCOMPARE(activated.count(), 1);
-    QVERIFY(activated.at(0).at(0).toString().isNull());
-}
+        QTest::keyClick(&box, Qt::Key_End);
 
-void tst_ComboBoxEx::tellsNothingWhenItIsSet()
-{
-    ComboBoxEx box;
-    fill(box);
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(box.currentText(), u"A4"_s);
+        QCOMPARE(activated.count(), 1);
+        QVERIFY(activated.at(0).at(0).toString().isNull());
+    }
 
-    box.setString2(u"Legal"_s);
+    void tellsNothingWhenItIsSet()
+    {
+        ComboBoxEx box;
+        fill(box);
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-    QCOMPARE(activated.count(), 0);
-}
+        box.setString2(u"Legal"_s);
 
-void tst_ComboBoxEx::keepsTheFormerEntryOfAKeyInsertedTwice()
-{
-    ComboBoxEx box;
-    box.insertTranslated(u"Brief"_s, u"Letter"_s);
-    box.insertTranslated(u"Buchstabe"_s, u"Letter"_s);
-    box.show();
-    const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
+        QCOMPARE(activated.count(), 0);
+    }
 
-    QCOMPARE(box.count(), 2);
-    box.setString2(u"Letter"_s);
-    QCOMPARE(box.currentText(), u"Buchstabe"_s);
-    QTest::keyClick(&box, Qt::Key_Up);
-    QCOMPARE(box.currentText(), u"Brief"_s);
-    QVERIFY(activated.at(0).at(0).toString().isNull());
-}
+    void keepsTheFormerEntryOfAKeyInsertedTwice()
+    {
+        ComboBoxEx box;
+        box.insertTranslated(u"Brief"_s, u"Letter"_s);
+        box.insertTranslated(u"Buchstabe"_s, u"Letter"_s);
+        box.show();
+        const QSignalSpy activated(&box, &ComboBoxEx::translationActivated);
 
-void tst_ComboBoxEx::setsAnEntryByItsKey()
-{
-    ComboBoxEx box;
-    fill(box);
+        QCOMPARE(box.count(), 2);
+        box.setString2(u"Letter"_s);
+        QCOMPARE(box.currentText(), u"Buchstabe"_s);
+        QTest::keyClick(&box, Qt::Key_Up);
+        QCOMPARE(box.currentText(), u"Brief"_s);
+        QVERIFY(activated.at(0).at(0).toString().isNull());
+    }
 
-    box.setString2(u"Legal"_s);
+    void setsAnEntryByItsKey()
+    {
+        ComboBoxEx box;
+        fill(box);
 
-    QCOMPARE(box.currentText(), u"Rechtsakte"_s);
-}
+        box.setString2(u"Legal"_s);
 
-void tst_ComboBoxEx::setsAnEntryByText_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("whole text") << "Rechtsakte"
-                                << "Rechtsakte";
-    QTest::newRow("beginning of two entries") << "Rech"
-                                              << "Rechnung";
-    QTest::newRow("beginning of the entry on show and one above it") << "R"
-                                                                     << "Rechnung";
-    QTest::newRow("other capitals") << "RECHN"
-                                    << "Rechnung";
-    QTest::newRow("plain entry") << "A4"
-                                 << "A4";
-    QTest::newRow("unknown") << "Folio"
-                             << "Rechtsakte";
-    QTest::newRow("only within an entry") << "akte"
-                                          << "Rechtsakte";
-    QTest::newRow("only within another entry") << "rief"
-                                               << "Rechtsakte";
-    QTest::newRow("empty") << ""
-                           << "Rechtsakte";
-}
+        QCOMPARE(box.currentText(), u"Rechtsakte"_s);
+    }
 
-void tst_ComboBoxEx::setsAnEntryByText()
-{
-    QFETCH(const QString, text);
-    QFETCH(const QString, shown);
-    ComboBoxEx box;
-    fill(box);
-    box.setCurrentItem(2);
+    void setsAnEntryByText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("whole text") << u"Rechtsakte"_s << u"Rechtsakte"_s;
+        QTest::newRow("beginning of two entries") << u"Rech"_s << u"Rechnung"_s;
+        QTest::newRow("beginning of the entry on show and one above it") << u"R"_s << u"Rechnung"_s;
+        QTest::newRow("other capitals") << u"RECHN"_s << u"Rechnung"_s;
+        QTest::newRow("plain entry") << u"A4"_s << u"A4"_s;
+        QTest::newRow("unknown") << u"Folio"_s << u"Rechtsakte"_s;
+        QTest::newRow("only within an entry") << u"akte"_s << u"Rechtsakte"_s;
+        QTest::newRow("only within another entry") << u"rief"_s << u"Rechtsakte"_s;
+        QTest::newRow("empty") << u""_s << u"Rechtsakte"_s;
+    }
 
-    box.setString2(text);
+    void setsAnEntryByText()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, shown);
+        ComboBoxEx box;
+        fill(box);
+        box.setCurrentItem(2);
 
-    QCOMPARE(box.currentText(), shown);
-}
+        box.setString2(text);
 
-void tst_ComboBoxEx::setsAnEntryByNumber()
-{
-    ComboBoxEx box;
-    box.insertItem(u"75 dpi"_s);
-    box.insertItem(u"300 dpi"_s);
-    box.insertItem(u"0.5"_s);
-    box.insertTranslated(u"viel"_s, u"1.5e+06"_s);
+        QCOMPARE(box.currentText(), shown);
+    }
 
-    box.setNumber(300);
-    QCOMPARE(box.currentText(), u"300 dpi"_s);
+    void setsAnEntryByNumber()
+    {
+        ComboBoxEx box;
+        box.insertItem(u"75 dpi"_s);
+        box.insertItem(u"300 dpi"_s);
+        box.insertItem(u"0.5"_s);
+        box.insertTranslated(u"viel"_s, u"1.5e+06"_s);
 
-    box.setNumber(0.5);
-    QCOMPARE(box.currentText(), u"0.5"_s);
+        box.setNumber(300);
+        QCOMPARE(box.currentText(), u"300 dpi"_s);
 
-    box.setNumber(1500000.0);
-    QCOMPARE(box.currentText(), u"viel"_s);
-}
+        box.setNumber(0.5);
+        QCOMPARE(box.currentText(), u"0.5"_s);
 
-void tst_ComboBoxEx::entryShownForAKeyIsFoundByItsBeginning()
-{
-    ComboBoxEx box;
-    box.insertItem(u"Rechnungsbuch"_s);
-    box.insertTranslated(u"Rechnung"_s, u"Statement"_s);
-    box.setCurrentItem(1);
+        box.setNumber(1500000.0);
+        QCOMPARE(box.currentText(), u"viel"_s);
+    }
 
-    box.setString2(u"Statement"_s);
+    void entryShownForAKeyIsFoundByItsBeginning()
+    {
+        ComboBoxEx box;
+        box.insertItem(u"Rechnungsbuch"_s);
+        box.insertTranslated(u"Rechnung"_s, u"Statement"_s);
+        box.setCurrentItem(1);
 
-    QCOMPARE(box.currentText(), u"Rechnungsbuch"_s);
-}
+        box.setString2(u"Statement"_s);
+
+        QCOMPARE(box.currentText(), u"Rechnungsbuch"_s);
+    }
+};
 
 QTEST_MAIN(tst_ComboBoxEx)
 #include "tst_ComboBoxEx.moc"

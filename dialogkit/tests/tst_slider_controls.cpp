@@ -17,36 +17,6 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_slider_controls : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void captionStandsLeftOfNumbersAboveTheSlider();
-    void numbersStandInTheirOrder();
-    void captionSpeaksForTheSlider();
-    void captionKeepsToTheTop();
-    void captionOfTheFixedSliderKeepsToTheBottom();
-
-    void sliderControlLeavesTheRangeToItsUser();
-
-    void intSliderShowsItsRangeAndValue();
-    void intSliderShowsEachNewValue();
-
-    void fixedSliderShowsPlainWholeNumbers();
-    void fixedSliderShowsEachNewValuePlainly();
-    void fixedLabelShowsTenthsWhenAskedItself();
-
-    void doubleSliderCountsSteps();
-    void doubleSliderThatWouldBeginAtZeroBeginsAtOneStep();
-    void doubleSliderMayBeginBelowZero();
-    void doubleSliderRoundsToWholeSteps();
-    void doubleSliderTellsAndShowsTheFraction();
-    void doubleSliderLogsItsRange();
-    void doubleSliderLogsEachMove();
-    void doubleSliderHasOneSignalAndOneSlot();
-};
-
 namespace {
 
 QPoint place_in(const QWidget &window, const QWidget *widget)
@@ -77,214 +47,220 @@ const QLabel *caption_of(const QWidget &control, const QString &text)
 
 } // namespace
 
-void tst_slider_controls::captionStandsLeftOfNumbersAboveTheSlider()
+class tst_slider_controls : public QObject
 {
-    IntSliderControl control(0, 10, 5, 1, "Volume", "How loud");
-    control.resize(300, control.sizeHint().height());
-    control.show();
-    const QLabel *const caption = caption_of(control, u"Volume"_s);
+    Q_OBJECT
 
-    const QPoint slider = place_in(control, control.m_slider);
-    const QPoint numbers = place_in(control, control.m_labels);
-    QCOMPARE(slider.x(), place_in(control, caption).x() + caption->width() + 5);
-    QCOMPARE(numbers.x(), slider.x());
-    QCOMPARE(slider.y(), numbers.y() + control.m_labels->height() + 5);
-    QCOMPARE(control.m_labels->objectName(), u"labels"_s);
-    QCOMPARE(control.m_slider->orientation(), Qt::Horizontal);
-    QCOMPARE(control.m_slider->toolTip(), u"How loud"_s);
-}
+private slots:
+    void captionStandsLeftOfNumbersAboveTheSlider()
+    {
+        IntSliderControl control(0, 10, 5, 1, "Volume", "How loud");
+        control.resize(300, control.sizeHint().height());
+        control.show();
+        const QLabel *const caption = caption_of(control, u"Volume"_s);
 
-void tst_slider_controls::numbersStandInTheirOrder()
-{
-    IntSliderControl control(0, 10, 5, 1, "Volume", "");
-    control.show();
-    const SliderLabels *const labels = control.m_labels;
+        const QPoint slider = place_in(control, control.m_slider);
+        const QPoint numbers = place_in(control, control.m_labels);
+        QCOMPARE(slider.x(), place_in(control, caption).x() + caption->width() + 5);
+        QCOMPARE(numbers.x(), slider.x());
+        QCOMPARE(slider.y(), numbers.y() + control.m_labels->height() + 5);
+        QCOMPARE(control.m_labels->objectName(), u"labels"_s);
+        QCOMPARE(control.m_slider->orientation(), Qt::Horizontal);
+        QCOMPARE(control.m_slider->toolTip(), u"How loud"_s);
+    }
 
-    QVERIFY(labels->m_min->x() < labels->m_value->x());
-    QVERIFY(labels->m_value->x() < labels->m_max->x());
-    QCOMPARE(labels->layout()->spacing(), 5);
-    QCOMPARE(labels->m_min->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
-    QCOMPARE(labels->m_value->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
-    QCOMPARE(labels->m_max->alignment(), Qt::AlignRight | Qt::AlignVCenter);
-}
+    void numbersStandInTheirOrder()
+    {
+        IntSliderControl control(0, 10, 5, 1, "Volume", "");
+        control.show();
+        const SliderLabels *const labels = control.m_labels;
 
-void tst_slider_controls::captionSpeaksForTheSlider()
-{
-    const IntSliderControl control(0, 10, 5, 1, "Volume", "");
+        QVERIFY(labels->m_min->x() < labels->m_value->x());
+        QVERIFY(labels->m_value->x() < labels->m_max->x());
+        QCOMPARE(labels->layout()->spacing(), 5);
+        QCOMPARE(labels->m_min->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
+        QCOMPARE(labels->m_value->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
+        QCOMPARE(labels->m_max->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+    }
 
-    QCOMPARE(caption_of(control, u"Volume"_s)->buddy(), control.m_slider);
-    QCOMPARE(QAccessible::queryAccessibleInterface(control.m_slider)->text(QAccessible::Name), u"Volume"_s);
-}
+    void captionSpeaksForTheSlider()
+    {
+        const IntSliderControl control(0, 10, 5, 1, "Volume", "");
 
-void tst_slider_controls::captionKeepsToTheTop()
-{
-    const Qt::Alignment topLeft = Qt::AlignLeft | Qt::AlignTop;
+        QCOMPARE(caption_of(control, u"Volume"_s)->buddy(), control.m_slider);
+        QCOMPARE(QAccessible::queryAccessibleInterface(control.m_slider)->text(QAccessible::Name), u"Volume"_s);
+    }
 
-    QCOMPARE(caption_of(SliderControl("a", ""), u"a"_s)->alignment(), topLeft);
-    QCOMPARE(caption_of(IntSliderControl(0, 10, 5, 1, "b", ""), u"b"_s)->alignment(), topLeft);
-    QCOMPARE(caption_of(DoubleSliderControl(0.1, 1.0, 0.5, 0.1, "c", ""), u"c"_s)->alignment(), topLeft);
-}
+    void captionKeepsToTheTop()
+    {
+        const Qt::Alignment topLeft = Qt::AlignLeft | Qt::AlignTop;
 
-void tst_slider_controls::captionOfTheFixedSliderKeepsToTheBottom()
-{
-    const SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast");
+        QCOMPARE(caption_of(SliderControl("a", ""), u"a"_s)->alignment(), topLeft);
+        QCOMPARE(caption_of(IntSliderControl(0, 10, 5, 1, "b", ""), u"b"_s)->alignment(), topLeft);
+        QCOMPARE(caption_of(DoubleSliderControl(0.1, 1.0, 0.5, 0.1, "c", ""), u"c"_s)->alignment(), topLeft);
+    }
 
-    QCOMPARE(caption_of(control, u"Set Contrast"_s)->alignment(), Qt::AlignLeft | Qt::AlignBottom);
-}
+    void captionOfTheFixedSliderKeepsToTheBottom()
+    {
+        const SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast");
 
-void tst_slider_controls::sliderControlLeavesTheRangeToItsUser()
-{
-    SliderControl control("Volume", "How loud", nullptr, "volume");
+        QCOMPARE(caption_of(control, u"Set Contrast"_s)->alignment(), Qt::AlignLeft | Qt::AlignBottom);
+    }
 
-    QCOMPARE(control.objectName(), u"volume"_s);
-    QCOMPARE(control.m_slider->objectName(), u"slider"_s);
-    QCOMPARE(control.m_slider->toolTip(), u"How loud"_s);
-    QCOMPARE(control.m_slider->maximum(), QSlider().maximum());
-    QCOMPARE(texts_of(*control.m_labels), QStringList({QString(), QString(), QString()}));
-}
+    void sliderControlLeavesTheRangeToItsUser()
+    {
+        SliderControl control("Volume", "How loud", nullptr, "volume");
 
-void tst_slider_controls::intSliderShowsItsRangeAndValue()
-{
-    const IntSliderControl control(-5, 20, 3, 4, "Volume", "", nullptr, "volume");
+        QCOMPARE(control.objectName(), u"volume"_s);
+        QCOMPARE(control.m_slider->objectName(), u"slider"_s);
+        QCOMPARE(control.m_slider->toolTip(), u"How loud"_s);
+        QCOMPARE(control.m_slider->maximum(), QSlider().maximum());
+        QCOMPARE(texts_of(*control.m_labels), QStringList({QString(), QString(), QString()}));
+    }
 
-    QCOMPARE(control.objectName(), u"volume"_s);
-    QCOMPARE(control.m_slider->objectName(), u"int_slider"_s);
-    QCOMPARE(control.m_slider->minimum(), -5);
-    QCOMPARE(control.m_slider->maximum(), 20);
-    QCOMPARE(control.m_slider->value(), 3);
-    QCOMPARE(control.m_slider->pageStep(), 4);
-    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"3"_s, u"20"_s}));
-}
+    void intSliderShowsItsRangeAndValue()
+    {
+        const IntSliderControl control(-5, 20, 3, 4, "Volume", "", nullptr, "volume");
 
-void tst_slider_controls::intSliderShowsEachNewValue()
-{
-    IntSliderControl control(-5, 20, 3, 4, "Volume", "");
-    control.show();
+        QCOMPARE(control.objectName(), u"volume"_s);
+        QCOMPARE(control.m_slider->objectName(), u"int_slider"_s);
+        QCOMPARE(control.m_slider->minimum(), -5);
+        QCOMPARE(control.m_slider->maximum(), 20);
+        QCOMPARE(control.m_slider->value(), 3);
+        QCOMPARE(control.m_slider->pageStep(), 4);
+        QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"3"_s, u"20"_s}));
+    }
 
-    QTest::keyClick(control.m_slider, Qt::Key_PageUp);
+    void intSliderShowsEachNewValue()
+    {
+        IntSliderControl control(-5, 20, 3, 4, "Volume", "");
+        control.show();
 
-    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"7"_s, u"20"_s}));
-}
+        QTest::keyClick(control.m_slider, Qt::Key_PageUp);
 
-void tst_slider_controls::fixedSliderShowsPlainWholeNumbers()
-{
-    const SliderIntAsFixedControl control(-100, 100, 25, 1, "Set Contrast", nullptr, "contrast");
+        QCOMPARE(texts_of(*control.m_labels), QStringList({u"-5"_s, u"7"_s, u"20"_s}));
+    }
 
-    QCOMPARE(control.objectName(), u"contrast"_s);
-    QCOMPARE(control.m_slider->objectName(), u"int_slider"_s);
-    QCOMPARE(control.m_slider->minimum(), -100);
-    QCOMPARE(control.m_slider->maximum(), 100);
-    QCOMPARE(control.m_slider->pageStep(), 1);
-    QCOMPARE(control.m_slider->value(), 25);
-    QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"25"_s, u"100"_s}));
-}
+    void fixedSliderShowsPlainWholeNumbers()
+    {
+        const SliderIntAsFixedControl control(-100, 100, 25, 1, "Set Contrast", nullptr, "contrast");
 
-void tst_slider_controls::fixedSliderShowsEachNewValuePlainly()
-{
-    SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast");
-    control.show();
+        QCOMPARE(control.objectName(), u"contrast"_s);
+        QCOMPARE(control.m_slider->objectName(), u"int_slider"_s);
+        QCOMPARE(control.m_slider->minimum(), -100);
+        QCOMPARE(control.m_slider->maximum(), 100);
+        QCOMPARE(control.m_slider->pageStep(), 1);
+        QCOMPARE(control.m_slider->value(), 25);
+        QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"25"_s, u"100"_s}));
+    }
 
-    QTest::keyClick(control.m_slider, Qt::Key_End);
-    QTest::keyClick(control.m_slider, Qt::Key_Left);
+    void fixedSliderShowsEachNewValuePlainly()
+    {
+        SliderIntAsFixedControl control(-100, 100, 0, 1, "Set Contrast");
+        control.show();
 
-    QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"99"_s, u"100"_s}));
-}
+        QTest::keyClick(control.m_slider, Qt::Key_End);
+        QTest::keyClick(control.m_slider, Qt::Key_Left);
 
-void tst_slider_controls::fixedLabelShowsTenthsWhenAskedItself()
-{
-    QIntAsFixedLabel label;
+        QCOMPARE(texts_of(control), QStringList({u"-100"_s, u"99"_s, u"100"_s}));
+    }
 
-    label.setNum(25);
+    void fixedLabelShowsTenthsWhenAskedItself()
+    {
+        QIntAsFixedLabel label;
 
-    QCOMPARE(label.text(), u"2.5"_s);
-}
+        label.setNum(25);
 
-void tst_slider_controls::doubleSliderCountsSteps()
-{
-    const DoubleSliderControl control(0.1, 3.0, 1.0, 0.1, "Scale", "By how much", nullptr, "scale");
+        QCOMPARE(label.text(), u"2.5"_s);
+    }
 
-    QCOMPARE(control.objectName(), u"scale"_s);
-    QCOMPARE(control.m_slider->objectName(), u"double_slider"_s);
-    QCOMPARE(control.m_slider->minimum(), 1);
-    QCOMPARE(control.m_slider->maximum(), 30);
-    QCOMPARE(control.m_slider->value(), 10);
-    QCOMPARE(control.m_slider->pageStep(), 1);
-    QCOMPARE(control.m_step, 0.1);
-    QCOMPARE(control.m_min, 0.1);
-    QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"1"_s, u"3"_s}));
-}
+    void doubleSliderCountsSteps()
+    {
+        const DoubleSliderControl control(0.1, 3.0, 1.0, 0.1, "Scale", "By how much", nullptr, "scale");
 
-void tst_slider_controls::doubleSliderThatWouldBeginAtZeroBeginsAtOneStep()
-{
-    DoubleSliderControl control(0.0, 1.0, 0.5, 0.1, "Scale", "");
-    control.show();
+        QCOMPARE(control.objectName(), u"scale"_s);
+        QCOMPARE(control.m_slider->objectName(), u"double_slider"_s);
+        QCOMPARE(control.m_slider->minimum(), 1);
+        QCOMPARE(control.m_slider->maximum(), 30);
+        QCOMPARE(control.m_slider->value(), 10);
+        QCOMPARE(control.m_slider->pageStep(), 1);
+        QCOMPARE(control.m_step, 0.1);
+        QCOMPARE(control.m_min, 0.1);
+        QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"1"_s, u"3"_s}));
+    }
 
-    QTest::keyClick(control.m_slider, Qt::Key_Home);
+    void doubleSliderThatWouldBeginAtZeroBeginsAtOneStep()
+    {
+        DoubleSliderControl control(0.0, 1.0, 0.5, 0.1, "Scale", "");
+        control.show();
 
-    QCOMPARE(control.m_slider->value(), 1);
-    QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"0.1"_s, u"1"_s}));
-}
+        QTest::keyClick(control.m_slider, Qt::Key_Home);
 
-void tst_slider_controls::doubleSliderMayBeginBelowZero()
-{
-    const DoubleSliderControl control(-1.0, 1.0, 0.0, 0.25, "Shift", "");
+        QCOMPARE(control.m_slider->value(), 1);
+        QCOMPARE(texts_of(*control.m_labels), QStringList({u"0.1"_s, u"0.1"_s, u"1"_s}));
+    }
 
-    QCOMPARE(control.m_slider->minimum(), -4);
-    QCOMPARE(texts_of(*control.m_labels), QStringList({u"-1"_s, u"0"_s, u"1"_s}));
-}
+    void doubleSliderMayBeginBelowZero()
+    {
+        const DoubleSliderControl control(-1.0, 1.0, 0.0, 0.25, "Shift", "");
 
-void tst_slider_controls::doubleSliderRoundsToWholeSteps()
-{
-    const DoubleSliderControl control(0.14, 0.96, 0.55, 0.1, "Scale", "");
+        QCOMPARE(control.m_slider->minimum(), -4);
+        QCOMPARE(texts_of(*control.m_labels), QStringList({u"-1"_s, u"0"_s, u"1"_s}));
+    }
 
-    QCOMPARE(control.m_slider->minimum(), 1);
-    QCOMPARE(control.m_slider->maximum(), 10);
-    QCOMPARE(control.m_min, 0.14);
-}
+    void doubleSliderRoundsToWholeSteps()
+    {
+        const DoubleSliderControl control(0.14, 0.96, 0.55, 0.1, "Scale", "");
 
-void tst_slider_controls::doubleSliderTellsAndShowsTheFraction()
-{
-    DoubleSliderControl control(0.5, 3.0, 1.0, 0.5, "Scale", "");
-    control.show();
-    const QSignalSpy changed(&control, &DoubleSliderControl::sigChanged);
+        QCOMPARE(control.m_slider->minimum(), 1);
+        QCOMPARE(control.m_slider->maximum(), 10);
+        QCOMPARE(control.m_min, 0.14);
+    }
 
-    QTest::keyClick(control.m_slider, Qt::Key_Right);
+    void doubleSliderTellsAndShowsTheFraction()
+    {
+        DoubleSliderControl control(0.5, 3.0, 1.0, 0.5, "Scale", "");
+        control.show();
+        const QSignalSpy changed(&control, &DoubleSliderControl::sigChanged);
 
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.at(0).at(0).toDouble(), 1.5);
-    QCOMPARE(control.m_labels->m_value->text(), u"1.5"_s);
-}
+        QTest::keyClick(control.m_slider, Qt::Key_Right);
 
-void tst_slider_controls::doubleSliderLogsItsRange()
-{
-    const DiagnosticLines lines;
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toDouble(), 1.5);
+        QCOMPARE(control.m_labels->m_value->text(), u"1.5"_s);
+    }
 
-    const DoubleSliderControl control(0.0, 3.0, 1.0, 0.1, "Scale", "");
+    void doubleSliderLogsItsRange()
+    {
+        const DiagnosticLines lines;
 
-    QCOMPARE(lines.lines(), QStringList(u"DoubleSliderControl::ctor - min = 0(1), max = 3(30), org = 1(10)"_s));
-}
+        const DoubleSliderControl control(0.0, 3.0, 1.0, 0.1, "Scale", "");
 
-void tst_slider_controls::doubleSliderLogsEachMove()
-{
-    DoubleSliderControl control(0.1, 3.0, 1.0, 0.1, "Scale", "");
-    control.show();
-    const DiagnosticLines lines;
+        QCOMPARE(lines.lines(), QStringList(u"DoubleSliderControl::ctor - min = 0(1), max = 3(30), org = 1(10)"_s));
+    }
 
-    QTest::keyClick(control.m_slider, Qt::Key_Right);
+    void doubleSliderLogsEachMove()
+    {
+        DoubleSliderControl control(0.1, 3.0, 1.0, 0.1, "Scale", "");
+        control.show();
+        const DiagnosticLines lines;
 
-    QCOMPARE(lines.lines(), QStringList(u"DoubleSliderControl::numChanged - n = 11, d = 1.1"_s));
-}
+        QTest::keyClick(control.m_slider, Qt::Key_Right);
 
-void tst_slider_controls::doubleSliderHasOneSignalAndOneSlot()
-{
-    const QMetaObject &meta = DoubleSliderControl::staticMetaObject;
+        QCOMPARE(lines.lines(), QStringList(u"DoubleSliderControl::numChanged - n = 11, d = 1.1"_s));
+    }
 
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
-    QVERIFY(meta.indexOfSignal("sigChanged(double)") >= meta.methodOffset());
-    const int slot = meta.indexOfSlot("numChanged(int)");
-    QVERIFY(slot >= meta.methodOffset());
-    QCOMPARE(meta.method(slot).access(), QMetaMethod::Private);
-}
+    void doubleSliderHasOneSignalAndOneSlot()
+    {
+        const QMetaObject &meta = DoubleSliderControl::staticMetaObject;
+
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
+        QVERIFY(meta.indexOfSignal("sigChanged(double)") >= meta.methodOffset());
+        const int slot = meta.indexOfSlot("numChanged(int)");
+        QVERIFY(slot >= meta.methodOffset());
+        QCOMPARE(meta.method(slot).access(), QMetaMethod::Private);
+    }
+};
 
 QTEST_MAIN(tst_slider_controls)
 #include "tst_slider_controls.moc"
