@@ -182,3 +182,10 @@ QPoint ImageManagerProgram::origin()
 {
     return position_of(m_desktop.pixel(canvas().topLeft()));
 }
+
+OpenProgram::OpenProgram(const QString &name, QSize windowSize, QSize pageSize) : ImageManagerProgram(place)
+{
+    const QStringList pages{place.page(name, pageSize)};
+    if (!(windowSize.isEmpty() ? open(pages) : open(pages, windowSize)))
+        qFatal("the program did not open %s", qPrintable(name));
+}

@@ -94,3 +94,18 @@ private:
     Program m_program;
     Desktop m_desktop;
 };
+
+/// A place that lives longer than the program in it.
+struct ProgramPlace
+{
+    Place place;
+};
+
+/// The program in a place of its own, with one page open. Without it the test program ends.
+class OpenProgram : public ProgramPlace, public ImageManagerProgram
+{
+public:
+    /// @param windowSize  the one of a first start if this is none
+    explicit OpenProgram(const QString &name = QStringLiteral("a.bmp"), QSize windowSize = {},
+                         QSize pageSize = {100, 80});
+};

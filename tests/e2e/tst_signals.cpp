@@ -72,17 +72,15 @@ private slots:
     void anAskedForEndGoesTheOrdinaryRoadWithoutAQuestion()
     {
         QFETCH(const int, number);
-        const Place place;
-        ImageManagerProgram program(place);
-        QVERIFY(program.open({place.page(u"a.bmp"_s)}, {700, 600}));
+        OpenProgram program(u"a.bmp"_s, {700, 600});
         QVERIFY(program.invert());
-        QVERIFY(!place.snapshots().isEmpty());
+        QVERIFY(!program.place.snapshots().isEmpty());
 
         ask_to_end(program, number);
 
         QCOMPARE(program.process().waitForEndBySignal(), number);
-        QCOMPARE(place.snapshots(), QStringList());
-        const QSettings settings(place.home() + "/.config/Unknown Organization/imagemanager.conf"_L1,
+        QCOMPARE(program.place.snapshots(), QStringList());
+        const QSettings settings(program.place.home() + "/.config/Unknown Organization/imagemanager.conf"_L1,
                                  QSettings::IniFormat);
         QCOMPARE(settings.value("image_editor/image_editor_width"_L1).toInt(), 700);
     }
@@ -91,9 +89,7 @@ private slots:
     void anAskedForEndComesThroughADialog()
     {
         QFETCH(const int, number);
-        const Place place;
-        ImageManagerProgram program(place);
-        QVERIFY(program.open({place.page(u"a.bmp"_s)}));
+        OpenProgram program;
         QTRY_COMPARE(program.desktop().activeWindow(), program.window());
         program.desktop().pressKey("o", {"Control_L"});
         QTRY_VERIFY(!program.application().find(Role::Dialog).isNull());
