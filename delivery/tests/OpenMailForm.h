@@ -63,6 +63,12 @@ public:
         field("to")->setText(QStringLiteral("bob@nowhere.test"));
     }
 
+    void openFilledIn(const QString &server = QStringLiteral("127.0.0.2"))
+    {
+        open();
+        fillIn(server);
+    }
+
     const TemporaryHome home;
     QString path;
     QImage page = patterned_page({8, 6});

@@ -74,8 +74,7 @@ private slots:
     void aDocumentWithoutAFileHasNoAttachment()
     {
         OpenMailForm mail(u"./Untitled2"_s);
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         QVERIFY(mail.button("send")->isEnabled());
         QVERIFY(mail.text("attachment").isEmpty());
         QCOMPARE(mail.field("subject")->text(), u"Untitled2"_s);

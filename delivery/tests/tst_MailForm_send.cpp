@@ -32,8 +32,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QPlainTextEdit>("message")->setPlainText(u"one\ntwo"_s);
 
         mail.button("send")->click();
@@ -53,8 +52,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         // The attachment is read between the painting and the end of the call, and no event is let in.
         struct Watch : QObject
         {
@@ -80,8 +78,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
         const DiagnosticLines diagnostics;
 
@@ -109,8 +106,7 @@ private slots:
         QFETCH(const bool, showsBox);
         ScriptedMailServer server(host, session);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.field("login")->setText(u"ann"_s);
         mail.field("password")->setText(u"wrong"_s);
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
@@ -128,8 +124,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
         mail.button("send")->click();
         QVERIFY(QFile::remove(mail.path)); // it has been read by now
@@ -147,8 +142,7 @@ private slots:
     {
         ScriptedMailServer server(host, {"999 wrong\r\n"});
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
         const DiagnosticLines diagnostics;
         int mostBoxes = 0;
@@ -177,8 +171,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession.first(3));
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.button("send")->click();
         QTRY_VERIFY(server.received().contains("RCPT"));
 
@@ -193,8 +186,7 @@ private slots:
         ScriptedMailServer server(host, goodSession.first(2));
         ScriptedMailServer next(u"127.0.0.3"_s, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.button("send")->click();
         QTRY_VERIFY(server.received().contains("MAIL"));
         // Saving enables Send while the session is under way.
@@ -215,8 +207,7 @@ private slots:
         ScriptedMailServer server(host, goodSession);
         ScriptedMailServer next(u"127.0.0.3"_s, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.button("send")->click();
         QTRY_COMPARE(mail.text("sendStatus"), u"Message sent"_s);
         mail.field("server")->setText(u"127.0.0.3"_s);
@@ -231,8 +222,7 @@ private slots:
     {
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         QVERIFY(QFile::remove(mail.path));
 
         mail.button("send")->click();
@@ -245,8 +235,7 @@ private slots:
     void anEmptyPortPassesAndDialsPort0()
     {
         OpenMailForm mail;
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.field("port")->clear();
 
         mail.button("send")->click();
@@ -260,8 +249,7 @@ private slots:
         ScriptedMailServer server(host, {"554 no\r\n"});
         OpenMailForm mail;
         QSettings().setValue(u"/ImageManager/mail_cfg/strict"_s, true);
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
         const NextBox box(QMessageBox::Ok);
 
@@ -279,8 +267,7 @@ private slots:
         ScriptedMailServer server(host, goodSession);
         OpenMailForm mail;
         QSettings().setValue(u"/ImageManager/mail_cfg/strict"_s, true);
-        mail.open();
-        mail.fillIn();
+        mail.openFilledIn();
         mail.widget<QCheckBox>("delete_file")->setChecked(true);
 
         mail.button("send")->click();

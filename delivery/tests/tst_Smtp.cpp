@@ -91,19 +91,27 @@ private slots:
                          u"Authentication..."_s, u"Sending mail..."_s, u"Message sent"_s, u"(completed)"_s}));
     }
 
-    void halfALoginIsNone_data()
+    void aLoginTakesBothItsHalves_data()
     {
         QTest::addColumn<QString>("login");
         QTest::addColumn<QString>("password");
+        QTest::addColumn<QByteArrayList>("session");
+        QTest::addColumn<QByteArray>("wire");
 
-        QTest::newRow("login alone") << u"ann"_s << QString();
-        QTest::newRow("password alone") << QString() << u"s3cret"_s;
+        QTest::newRow("login alone, which is none")
+            << u"ann"_s << QString() << plainSession << "HELO there\nMAIL FROM: "_ba;
+        QTest::newRow("password alone, which is none")
+            << QString() << u"s3cret"_s << plainSession << "HELO there\nMAIL FROM: "_ba;
+        QTest::newRow("beyond ASCII, in Latin-1")
+            << u"ann"_s << u"é"_s << loginSession << "EHLO there\nAUTH LOGIN\nYW5u\n6Q==\nMAIL FROM: "_ba;
     }
-    void halfALoginIsNone()
+    void aLoginTakesBothItsHalves()
     {
         QFETCH(const QString, login);
         QFETCH(const QString, password);
-        ScriptedMailServer server(host, plainSession);
+        QFETCH(const QByteArrayList, session);
+        QFETCH(const QByteArray, wire);
+        ScriptedMailServer server(host, session);
         SentMail mail;
         mail.login = login;
         mail.password = password;
@@ -111,7 +119,7 @@ private slots:
         mail.send();
 
         QTRY_COMPARE(mail.completions, 1);
-        QVERIFY(server.received().startsWith("HELO there\nMAIL FROM: "));
+        QVERIFY(server.received().startsWith(wire));
     }
 
     void aRefusedPasswordEndsAsIfTheMailHadGone()
@@ -236,49 +244,37 @@ private slots:
         QTRY_COMPARE(server.received(), "HELO there\nMAIL FROM: <ann@example.test>\nRCPT TO: <bob@example.test>\n"_ba);
     }
 
-    void aReplyOfManyLinesInOneReadIsTakenWhole()
+    void aReadEndsWhereAReplyDoes_data()
     {
-        ScriptedMailServer server(host, {"220-a\r\n220-b\r\n220 c\r\n", "250-a\r\n250-b\r\n250 c\r\n"});
-        SentMail mail;
+        QTest::addColumn<QByteArrayList>("replies");
+        QTest::addColumn<QByteArray>("received");
+        QTest::addColumn<QString>("response");
 
-        mail.send();
-
-        QTRY_COMPARE(server.received(), "HELO there\nMAIL FROM: <ann@example.test>\n"_ba);
-        QCOMPARE(mail.smtp->response(), u"220-a\r\n220-b\r\n220 c\r\n250-a\r\n250-b\r\n250 c\r\n"_s);
-    }
-
-    void theFirstLineWithABlankBehindTheCodeEndsTheRead()
-    {
-        ScriptedMailServer server(host, {"220 hi\r\n250 early\r\n", "250 helo\r\n"});
-        SentMail mail;
-
-        mail.send();
-
+        const QByteArray hello = "HELO there\n";
+        const QByteArray mail = "MAIL FROM: <ann@example.test>\n";
+        QTest::newRow("many lines in one read are taken whole")
+            << QByteArrayList{"220-a\r\n220-b\r\n220 c\r\n", "250-a\r\n250-b\r\n250 c\r\n"} << hello + mail
+            << u"220-a\r\n220-b\r\n220 c\r\n250-a\r\n250-b\r\n250 c\r\n"_s;
         // The early line waits for the next read, which stops behind it: the line behind that one waits in turn.
-        QTRY_COMPARE(server.received(), "HELO there\nMAIL FROM: <ann@example.test>\n"_ba);
-        QCOMPARE(mail.smtp->response(), u"220 hi\r\n250 early\r\n"_s);
+        QTest::newRow("the first line with a blank behind the code ends the read")
+            << QByteArrayList{"220 hi\r\n250 early\r\n", "250 helo\r\n"} << hello + mail
+            << u"220 hi\r\n250 early\r\n"_s;
+        QTest::newRow("a short line does not end the read")
+            << QByteArrayList{"220\n\n220 hi\r\n"} << hello << u"220\n\n220 hi\r\n"_s;
+        QTest::newRow("a line ends at its first NUL") << QByteArrayList{"220 h\0i\r\n"_ba} << hello << u"220 h"_s;
     }
-
-    void aShortLineDoesNotEndTheRead()
+    void aReadEndsWhereAReplyDoes()
     {
-        ScriptedMailServer server(host, {"220\n\n220 hi\r\n"});
+        QFETCH(const QByteArrayList, replies);
+        QFETCH(const QByteArray, received);
+        QFETCH(const QString, response);
+        ScriptedMailServer server(host, replies);
         SentMail mail;
 
         mail.send();
 
-        QTRY_COMPARE(server.received(), "HELO there\n"_ba);
-        QCOMPARE(mail.smtp->response(), u"220\n\n220 hi\r\n"_s);
-    }
-
-    void aLineEndsAtItsFirstNul()
-    {
-        ScriptedMailServer server(host, {"220 h\0i\r\n"_ba});
-        SentMail mail;
-
-        mail.send();
-
-        QTRY_COMPARE(server.received(), "HELO there\n"_ba);
-        QCOMPARE(mail.smtp->response(), u"220 h"_s);
+        QTRY_COMPARE(server.received(), received);
+        QCOMPARE(mail.smtp->response(), response);
     }
 
     void aPartOfALineStaysUntilItsEndComes()
@@ -312,19 +308,6 @@ private slots:
         }
 
         QTRY_COMPARE(server.received(), "HELO there\n"_ba);
-    }
-
-    void credentialsBeyondAsciiGoOutInLatin1()
-    {
-        ScriptedMailServer server(host, loginSession);
-        SentMail mail;
-        mail.login = u"ann"_s;
-        mail.password = u"é"_s;
-
-        mail.send();
-
-        QTRY_COMPARE(mail.completions, 1);
-        QVERIFY(server.received().startsWith("EHLO there\nAUTH LOGIN\nYW5u\n6Q==\nMAIL FROM: "));
     }
 
     void aMessageBeyondAsciiGoesOutInTheEncodingOfTheLocale()

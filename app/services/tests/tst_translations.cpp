@@ -88,15 +88,27 @@ private slots:
         QCOMPARE(shown_text(), found ? German : English);
     }
 
-    void dashIsTriedBeforeTheUnderscore()
+    void namesAreTriedInTheirOrder_data()
     {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("dash before underscore") << QStringList{u"probe"_s} << German;
+        QTest::newRow("later names after a missing one") << QStringList{u"absent"_s, u"probe"_s} << German;
+        QTest::newRow("no names, nothing loaded") << QStringList() << English;
+    }
+
+    void namesAreTriedInTheirOrder()
+    {
+        QFETCH(const QStringList, names);
+        QFETCH(const QString, text);
         const Catalogues catalogues;
         catalogues.add(u"probe_de_DE.qm"_s, u"fr"_s);
-        catalogues.add(u"probe-de.qm"_s, u"de"_s);
+        catalogues.add(u"probe-de.qm"_s, u"de"_s); // a dash is tried before an underscore
 
-        install_translations({u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
+        install_translations(names, {catalogues.path()}, u"de_DE"_s);
 
-        QCOMPARE(shown_text(), German);
+        QCOMPARE(shown_text(), text);
     }
 
     void firstDirectoryThatHasACatalogueWins()
@@ -112,32 +124,12 @@ private slots:
         QCOMPARE(shown_text(), German);
     }
 
-    void laterNamesAreLoadedAfterAMissingOne()
-    {
-        const Catalogues catalogues;
-        catalogues.add(u"probe_de.qm"_s, u"de"_s);
-
-        install_translations({u"absent"_s, u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
-
-        QCOMPARE(shown_text(), German);
-    }
-
     void damagedCatalogueIsNoCatalogue()
     {
         const Catalogues catalogues;
         write_file(catalogues.path() + u"/probe_de.qm"_s, "this is no catalogue");
 
         install_translations({u"probe"_s}, {catalogues.path()}, u"de_DE"_s);
-
-        QCOMPARE(shown_text(), English);
-    }
-
-    void withoutNamesNothingIsLoaded()
-    {
-        const Catalogues catalogues;
-        catalogues.add(u"probe_de.qm"_s, u"de"_s);
-
-        install_translations({}, {catalogues.path()}, u"de_DE"_s);
 
         QCOMPARE(shown_text(), English);
     }
