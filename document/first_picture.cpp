@@ -6,6 +6,7 @@
 #include "mended_file.h"
 #include "page_buffers.h"
 #include "page_image.h"
+#include "png_file.h"
 #include "tiff_codec.h"
 #include "tiff_tiles.h"
 #include "tiff_wide_page.h"
@@ -19,6 +20,8 @@
 #include <optional>
 #include <tiffio.h>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -80,6 +83,11 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
         return {};
     MendedFile mended = mended_file(file);
     QBuffer buffer(&mended.bytes);
+    if (mended.bytes.isEmpty() && imgFormat.compare("png"_L1, Qt::CaseInsensitive) == 0) {
+        QImage page = read_plain_png(file);
+        if (!page.isNull() || !file.seek(0))
+            return page;
+    }
     const bool isMended = !mended.bytes.isEmpty() && buffer.open(QIODevice::ReadOnly);
     QIODevice &device = isMended ? static_cast<QIODevice &>(buffer) : file;
     const bool startsLikeTiff = starts_like_tiff(device);

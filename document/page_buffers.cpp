@@ -145,30 +145,38 @@ void copy_color_table(const QImage &from, QImage &to)
     }
 }
 
-void copy_attributes(const QImage &from, QImage &to)
-{
-    to.setDotsPerMeterX(from.dotsPerMeterX());
-    to.setDotsPerMeterY(from.dotsPerMeterY());
-    to.setDevicePixelRatio(from.devicePixelRatio());
-    to.setOffset(from.offset());
-    to.setColorSpace(from.colorSpace());
-    for (const QString &key : from.textKeys())
-        to.setText(key, from.text(key));
-}
-
 } // namespace
+
+void copy_page_attributes(const QImage &pattern, QImage &page)
+{
+    if (page.format() == pattern.format())
+        copy_color_table(pattern, page);
+    page.setDotsPerMeterX(pattern.dotsPerMeterX());
+    page.setDotsPerMeterY(pattern.dotsPerMeterY());
+    page.setDevicePixelRatio(pattern.devicePixelRatio());
+    page.setOffset(pattern.offset());
+    page.setColorSpace(pattern.colorSpace());
+    for (const QString &key : pattern.textKeys())
+        page.setText(key, pattern.text(key));
+}
 
 QImage new_page(QSize size, QImage::Format format)
 {
+    return new_roomy_page(size, format, 0);
+}
+
+QImage new_roomy_page(QSize size, QImage::Format format, qsizetype bytes)
+{
     if (size.isEmpty() || format == QImage::Format_Invalid)
         return {};
-    const qsizetype bytes = bytes_per_line(size.width(), format) * size.height();
-    if (bytes < SmallestPooledBytes)
+    const qsizetype lineBytes = bytes_per_line(size.width(), format);
+    if (lineBytes * size.height() < SmallestPooledBytes)
         return {size, format};
 
-    QImage memory = page_pool()->take(bytes);
+    const qsizetype lines = std::max(qsizetype{size.height()}, (bytes + lineBytes - 1) / lineBytes);
+    QImage memory = page_pool()->take(lines * lineBytes);
     if (memory.isNull()) {
-        memory = QImage(size, format);
+        memory = QImage(size.width(), static_cast<int>(lines), format);
         if (memory.isNull())
             return {};
         prefer_huge_blocks(memory);
@@ -182,11 +190,8 @@ QImage new_page(QSize size, QImage::Format format)
 QImage new_page_like(const QImage &pattern, QSize size, QImage::Format format)
 {
     QImage page = new_page(size, format);
-    if (page.isNull())
-        return page;
-    if (page.format() == pattern.format())
-        copy_color_table(pattern, page);
-    copy_attributes(pattern, page);
+    if (!page.isNull())
+        copy_page_attributes(pattern, page);
     return page;
 }
 
@@ -204,8 +209,7 @@ QImage adopt_page(QImage image)
     const QImage attributes = image.copy(0, 0, 1, 1);
     const QSize size = image.size();
     QImage page = lend(std::move(image), size, attributes.format());
-    copy_color_table(attributes, page);
-    copy_attributes(attributes, page);
+    copy_page_attributes(attributes, page);
     return page;
 }
 

@@ -20,7 +20,14 @@ inline constexpr qsizetype SmallestPooledBytes = qsizetype{256} * 1024;
 /// @return null if the size is empty, the format invalid or the memory short
 [[nodiscard]] QImage new_page(QSize size, QImage::Format format);
 
-/// The same with the resolution and the texts of @p pattern, and with its colour table if the formats are equal.
+/// The same with room for decoding: where the page has SmallestPooledBytes, @p bytes may be used from its first one on,
+/// behind its last row too, until its last copy is gone.
+[[nodiscard]] QImage new_roomy_page(QSize size, QImage::Format format, qsizetype bytes);
+
+/// Gives a page the resolution, the texts and, if the formats are equal, the colour table of @p pattern.
+void copy_page_attributes(const QImage &pattern, QImage &page);
+
+/// A new page with the attributes of @p pattern.
 [[nodiscard]] QImage new_page_like(const QImage &pattern, QSize size, QImage::Format format);
 /// The same in the format of @p pattern.
 [[nodiscard]] QImage new_page_like(const QImage &pattern, QSize size);

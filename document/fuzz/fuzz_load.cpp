@@ -6,12 +6,16 @@
 #include "ImageDocument.h"
 #include "MemoryFile.h"
 #include "odd_files.h"
+#include "page_image.h"
 #include "pictures.h"
+#include "plain_pngs.h"
 #include "quiet_toolkit.h"
 #include "random_pages.h"
 #include "tiff_diagnostics.h"
 #include "tiff_seeds.h"
 
+#include <QBuffer>
+#include <QColorSpace>
 #include <QImageReader>
 #include <QImageWriter>
 
@@ -75,6 +79,32 @@ void check_document(const ImageDocument &document, const QString &word, bool isL
     promise(document.pictureCount() >= document.pageCount(), "no picture is forgotten");
 }
 
+/// What the toolkit alone makes of a PNG file, which is read by a reader of our own where it is a plain one.
+QImage png_page_by_the_toolkit(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    (void)buffer.open(QIODevice::ReadOnly);
+    return to_page_image(QImageReader(&buffer, "png").read());
+}
+
+void check_png(const ImageDocument &document, const QByteArray &bytes)
+{
+    constexpr qsizetype bitsAt = 24;
+    constexpr char wideBits = 16;
+    if (bytes.size() <= bitsAt || bytes[bitsAt] == wideBits)
+        return; // shown otherwise than by the toolkit
+    const QImage expected = png_page_by_the_toolkit(bytes);
+    promise(document.isEmpty() == expected.isNull(), "a PNG file is taken where the toolkit takes it");
+    if (expected.isNull())
+        return;
+    const QImage &page = document.page(1);
+    promise(page == expected && page.format() == expected.format() && page.colorTable() == expected.colorTable(),
+            "a PNG file has the toolkit's pixels");
+    promise(page.text() == expected.text() && page.dotsPerMeterX() == expected.dotsPerMeterX()
+                && page.dotsPerMeterY() == expected.dotsPerMeterY() && page.colorSpace() == expected.colorSpace(),
+            "a PNG file tells what it tells the toolkit");
+}
+
 } // namespace
 
 std::vector<std::string> fuzz_seeds()
@@ -88,6 +118,10 @@ std::vector<std::string> fuzz_seeds()
     for (const OddFile &file : odd_files()) {
         if (file.bytes.size() < 8000)
             seeds.push_back(with_word(file.word, file.bytes));
+    }
+    for (const int kind : {0, 2, 3, 6}) {
+        const QByteArray texts = png_chunk("tEXt", QByteArray("Title\0A scan", 12));
+        seeds.push_back(with_word(u"png"_s, PlainPng{.size = QSize(9, 7), .kind = kind, .before = texts}.file()));
     }
     for (const std::string &file : tiff_seeds())
         seeds.push_back(with_word(u"tiff"_s, QByteArray::fromStdString(file)));
@@ -114,6 +148,8 @@ void try_input(std::span<const std::uint8_t> bytes)
     const ImageDocument again(path, word);
 
     check_document(document, word, isLoaded);
+    if (word.compare("png"_L1, Qt::CaseInsensitive) == 0)
+        check_png(document, file_bytes(path));
     promise(again.loadStatus == ImageDocument::LoadOther, "the file was there");
     promise(again.pageCount() == document.pageCount(), "a file gives as many pages each time");
     if (!document.isEmpty())
