@@ -9,6 +9,8 @@
 class ToolsFixture : public WindowFixture
 {
 public:
+    using WindowFixture::WindowFixture;
+
     OutsideTools outside{home};
 
     void print() const { action(QStringLiteral("file_print"))->trigger(); }

@@ -23,6 +23,12 @@ class WindowFixture
 {
 public:
     WindowFixture() { window.show(); }
+    /// With a page of its own open under @p name. Without it the test program ends.
+    explicit WindowFixture(const QString &name, QSize size = QSize(64, 48)) : WindowFixture()
+    {
+        if (!open(name, size))
+            qFatal("cannot open %s", qPrintable(name));
+    }
 
     [[nodiscard]] QAction *action(const QString &name) const { return window.findChild<QAction *>(name); }
     [[nodiscard]] bool enabled(const QString &name) const { return action(name)->isEnabled(); }

@@ -71,8 +71,7 @@ private slots:
 
     void theCheckedZoomFollowsEveryZoomCommand()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
         QVERIFY(zooms.at(3)->isChecked());
 
@@ -89,8 +88,7 @@ private slots:
 
     void theZoomButtonsAreOffAtTheirEnds()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
 
         zooms.at(0)->trigger();
@@ -105,8 +103,7 @@ private slots:
 
     void anUnknownZoomIdDoesNothing()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         fixture.window.view_zoom_by_id(7);
 
@@ -115,8 +112,7 @@ private slots:
 
     void theZoomBelongsToTheTab()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.action(u"view_zoom_in"_s)->trigger();
         QVERIFY(fixture.open(u"b.png"_s));
         const QList<QAction *> zooms = fixture.menu(u"&Zoom"_s)->actions();
@@ -129,8 +125,7 @@ private slots:
 
     void scrollReachesEveryViewThatHasBeenCurrent()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s, QSize(2000, 1500)));
+        WindowFixture fixture(u"a.png"_s, QSize(2000, 1500));
         QVERIFY(fixture.open(u"b.png"_s, QSize(2000, 1500)));
 
         fixture.action(u"view_scroll"_s)->setChecked(true);
@@ -147,8 +142,7 @@ private slots:
 
     void aStatusTextOfTheViewReachesTheStatusBar()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         fixture.select(QPoint(10, 10), QPoint(30, 30));
 
@@ -222,8 +216,7 @@ private slots:
 
     void closingStoresTheSizeAndAnEmptyLayout()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         // The window manager tells the size of a new window before it gives it the focus.
         QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
         fixture.window.resize(640, 500);
@@ -238,8 +231,7 @@ private slots:
 
     void aToolButtonThatIsConnectedOpensItsMenu()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QAction *const action = fixture.action(u"rotate_menu"_s);
         auto *const button = qobject_cast<QToolButton *>(fixture.toolBar()->widgetForAction(action));
         QVERIFY(button);
@@ -257,8 +249,7 @@ private slots:
 
     void everyControlHasAnAccessibleName()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         QVERIFY(!fixture.tabs()->accessibleName().isEmpty());
         QVERIFY(!fixture.toolBar()->accessibleName().isEmpty());

@@ -39,8 +39,7 @@ private slots:
     void theWindowMayBeClosedBehindAnAcceptedDialog()
     {
         QFETCH(const QString, action);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const NextDialog dialog([&](QDialog &box) {
             WindowFixture::pressOk(box);
             QVERIFY(fixture.window.close());
@@ -60,8 +59,7 @@ private slots:
     void theTabBehindAClosedOneIsNotEdited()
     {
         QFETCH(const QString, action);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
         const QImage page = fixture.page(0);
         const NextDialog dialog([&](QDialog &box) {
@@ -78,8 +76,7 @@ private slots:
 
     void theWindowMayBeClosedBehindTheImageProperties()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const NextDialog dialog([&](QDialog &box) {
             box.accept();
             QVERIFY(fixture.window.close());
@@ -138,8 +135,7 @@ private slots:
 
     void theLastTabMayBeClosedAtTheEndOfAnEdit()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         bool frozen = false;
         const Once closing(
             [&] {
@@ -157,8 +153,7 @@ private slots:
 
     void withoutATabTheCommandsOfOneDoNothing()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         close_current_tab_unasked(fixture);
 
@@ -178,8 +173,7 @@ private slots:
 
     void theTabBehindAClosedOneIsNotClosed()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
         fixture.currentView()->document()->setModified(true);
         const NextOf<QMessageBox> answer([&](const QMessageBox &box) {
@@ -194,8 +188,7 @@ private slots:
 
     void allTabsMayBeClosedBehindTheQuestionOfTheWindow()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.currentView()->document()->setModified(true);
         const NextOf<QMessageBox> answer([&](const QMessageBox &box) {
             box.button(QMessageBox::No)->click();
@@ -229,8 +222,7 @@ private slots:
 
     void aFileThatComesWhenTheLastTabIsClosedKeepsTheWindow()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString scan = fixture.file(u"scan.png"_s);
         const Once message([&] { return fixture.tabs()->count() == 0; },
                            [&] { fixture.window.processMessage(u"imagemanager:-t:"_s + scan); });
@@ -253,8 +245,7 @@ private slots:
     void aTemporaryFileThatComesDuringTheCloseQuestionKeepsItsTab()
     {
         QFETCH(const bool, closesWindow);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.currentView()->document()->setModified(true);
         const QString scan = fixture.file(u"scan.png"_s);
         const NextOf<QMessageBox> message([&](const QMessageBox &box) {
@@ -286,8 +277,7 @@ private slots:
 
     void theFilesOfAMessageStayClosedOnceTheWindowIs()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString first = fixture.file(u"b.png"_s);
         const QString second = fixture.file(u"c.png"_s);
         const Once closing([&] { return fixture.tabs()->count() == 2; }, [&] { QVERIFY(fixture.window.close()); });
@@ -339,8 +329,7 @@ private slots:
 
     void aMinimizedWindowComesUpWithTheFileOfAnotherStart()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString path = fixture.file(u"b.png"_s);
         fixture.window.showMinimized();
         QVERIFY(fixture.window.isMinimized());

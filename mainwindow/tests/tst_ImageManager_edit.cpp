@@ -55,8 +55,7 @@ private slots:
     {
         QFETCH(QString, title);
         QFETCH(QImage, expected);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         fixture.edit(QString::fromLatin1(QTest::currentDataTag()), title);
 
@@ -73,8 +72,7 @@ private slots:
 
     void aRejectedPreviewChangesNothingAndCostsNoSnapshot()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page();
         const NextDialog dialog(
             [](QDialog &preview) { preview.findChild<QPushButton *>(u"my_cancel_btn"_s)->click(); });
@@ -107,8 +105,7 @@ private slots:
         QFETCH(QString, title);
         QFETCH(int, percent);
         QFETCH(QRgb, expected);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QImage page(4, 1, QImage::Format_RGB32);
         page.fill(qRgb(200, 200, 0));
         page.setPixel(0, 0, qRgb(10, 20, 0));
@@ -129,8 +126,7 @@ private slots:
 
     void anAcceptedZeroStillCostsASnapshotButLeavesThePage()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         fixture.edit(u"image_brightness"_s, u"Brightness"_s);
 
@@ -140,8 +136,7 @@ private slots:
 
     void undoSavesThePresentPageFirstAndRedoComesBackToIt()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage first = fixture.page();
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         const QImage second = fixture.page();
@@ -167,8 +162,7 @@ private slots:
 
     void anEditAfterUndoCutsTheNewerItemsAndWritesNoFile()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.action(u"edit_undo"_s)->trigger(); // a chain of three, standing at the second
@@ -184,8 +178,7 @@ private slots:
 
     void undoInAnotherTabBringsTheFirstTabsPageThere()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s, QSize(64, 48)));
+        WindowFixture fixture(u"a.png"_s, QSize(64, 48));
         const QImage page = fixture.page();
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         QVERIFY(fixture.open(u"b.png"_s, QSize(30, 20)));
@@ -199,8 +192,7 @@ private slots:
 
     void undoKeepsTheZoom()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         fixture.action(u"view_zoom_in"_s)->trigger();
 
@@ -211,8 +203,7 @@ private slots:
 
     void aSnapshotThatIsGoneLeavesThePage()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         const QImage page = fixture.page();
         QVERIFY(QFile::remove(fixture.home.filePath(u"tmp/"_s + fixture.snapshots().constFirst())));
@@ -225,8 +216,7 @@ private slots:
 
     void anEditTellsItsStepsInTheStatusBar()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QStringList texts;
         connect(fixture.window.statusBar(), &QStatusBar::messageChanged, &fixture.window,
                 [&texts](const QString &text) { texts.append(text); });

@@ -45,8 +45,7 @@ private slots:
 
     void aClosedTabFreesItsViewAndItsDocument()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
         const QPointer<ImageDocumentView> view = fixture.currentView();
         const QPointer<ImageDocument> document = view->document();
@@ -86,8 +85,7 @@ private slots:
 
     void savingWritesTheFileAndTakesTheMarkAway()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         ImageDocument *const document = fixture.currentView()->document();
         QVERIFY(document->setPage(1, patterned_page(QSize(30, 20))));
         QCOMPARE(fixture.titles(), QStringList{u"a.png*"_s});
@@ -114,8 +112,7 @@ private slots:
 
     void savingUnderAnotherNameChangesTheTitle()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString path = fixture.home.filePath(u"b.png"_s);
         const NextFileDialog dialog([&path](QFileDialog &chooser) { NextFileDialog::accept(chooser, path); });
 
@@ -127,8 +124,7 @@ private slots:
 
     void aSaveThatFailsSaysWhyAndKeepsTheMark()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         ImageDocument *const document = fixture.currentView()->document();
         document->setModified(true);
         document->fileInfo.setFile(u"/nowhere/a%1.png"_s);
@@ -177,8 +173,7 @@ private slots:
 
     void saveAllWithoutABaseNameNamesTheCurrentDocumentAlone()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
         const NextFileDialog dialog([&](QFileDialog &chooser) {
             chooser.findChild<QCheckBox *>()->setChecked(false);
@@ -237,8 +232,7 @@ private slots:
     {
         QFETCH(QMessageBox::StandardButton, answer);
         QFETCH(bool, closed);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a%1&b.png"_s));
+        WindowFixture fixture(u"a%1&b.png"_s);
         QVERIFY(fixture.currentView()->document()->setPage(1, patterned_page(QSize(30, 20))));
         const NextBox box = answer_next_box(answer);
 
@@ -267,8 +261,7 @@ private slots:
 
     void anUnmodifiedDocumentClosesWithoutAQuestion()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
 
         fixture.action(u"file_close"_s)->trigger();
@@ -299,8 +292,7 @@ private slots:
 
     void aFailedSaveStopsTheClosing()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.currentView()->document()->setModified(true);
         fixture.currentView()->document()->fileInfo.setFile(u"/nowhere/a.png"_s);
         const NextBox question = answer_next_box(QMessageBox::Yes);

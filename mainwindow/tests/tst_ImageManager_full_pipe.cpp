@@ -25,8 +25,7 @@ private slots:
         ::dup2(pipe[1], STDERR_FILENO);
         write_diagnostics_without_waiting();
         ::alarm(100); // a line that waits would wait for ever
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         for (int i = 0; i < edits; ++i) {
             fixture.select(QPoint(1, 1), QPoint(300, 300)); // all but a line at the left and the top

@@ -55,8 +55,7 @@ class tst_ImageManager_information : public QObject
 private slots:
     void propertiesTellOfThePageOnShow()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s, QSize(30, 20)));
+        WindowFixture fixture(u"a.png"_s, QSize(30, 20));
         QVERIFY(fixture.open(u"b.png"_s, QSize(65, 48)));
 
         const Properties properties = read_properties(fixture);
@@ -85,8 +84,7 @@ private slots:
     {
         QFETCH(const int, index);
         QFETCH(const QString, factor);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.menu(u"&Zoom"_s)->actions().at(index)->trigger();
 
         QCOMPARE(read_properties(fixture).values.value(u"ZoomValue"_s), factor);
@@ -94,8 +92,7 @@ private slots:
 
     void propertiesHaveAFixedSize()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         const Properties properties = read_properties(fixture);
 
@@ -105,8 +102,7 @@ private slots:
 
     void propertiesChangeNothing()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
 
         (void)read_properties(fixture);
 

@@ -152,8 +152,7 @@ private slots:
     void anEditSpeaksTheUsersLanguage()
     {
         const Language spoken(u"de"_s);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QString title;
         QString label;
         {
@@ -173,8 +172,7 @@ private slots:
     void reasonOfAFailedSaveIsTranslated()
     {
         const Language spoken(u"fr"_s);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         ImageDocument *const document = fixture.currentView()->document();
         QVERIFY(document->addPage(patterned_page({10, 10})));
 

@@ -65,8 +65,7 @@ private slots:
     void scalingOffersWhatMemoryAllows()
     {
         QFETCH(QByteArray, memory);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const StandInFile machine = free_memory(memory);
 
         QTEST(offered_tenths(fixture, u"scale_horizontally"_s), "oneSide");
@@ -76,8 +75,7 @@ private slots:
 
     void resizingRefusesWhatMemoryCannotHold()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const StandInFile machine = free_memory("MemFree: 51260 kB\nSwapFree: 0 kB\n"); // 6144 pixels
         QString refusal;
         const NextDialog dialog([&refusal](QDialog &resize) {

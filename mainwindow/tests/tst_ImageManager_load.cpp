@@ -104,8 +104,7 @@ private slots:
 
     void aTabShowsTheNameOfItsFileAsItIsWritten()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a&b && c.png"_s));
+        WindowFixture fixture(u"a&b && c.png"_s);
         QAccessibleInterface *const tabs = QAccessible::queryAccessibleInterface(fixture.window.findChild<QTabBar *>());
 
         QCOMPARE(tabs->child(0)->text(QAccessible::Name), u"a&b && c.png"_s);
@@ -207,8 +206,7 @@ private slots:
 
     void theMarkFollowsTheModifiedState()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.open(u"b.png"_s));
 
         fixture.view(0)->document()->setModified(true);

@@ -67,8 +67,7 @@ private slots:
     void undoToASnapshotThatIsNoneLeavesPageAndHistory()
     {
         QFETCH(const Damage, damage);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         fixture.edit(u"rotate_180"_s);
         const QImage page = fixture.page();
@@ -86,8 +85,7 @@ private slots:
     void redoToASnapshotThatIsNoneLeavesPageAndHistory()
     {
         QFETCH(const Damage, damage);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage first = fixture.page();
         fixture.edit(u"image_invert"_s);
         fixture.edit(u"rotate_180"_s);
@@ -107,8 +105,7 @@ private slots:
 
     void aSnapshotOfAnotherPictureIsTakenAsItIs()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         const QImage other = patterned_page(QSize(20, 30));
         QVERIFY(other.save(snapshot_path(fixture, 0), "BMP"));
@@ -121,8 +118,7 @@ private slots:
 
     void aDirectoryThatIsRemovedComesBackWithTheNextSnapshot()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page();
         QVERIFY(QDir(fixture.home.filePath(u"tmp"_s)).removeRecursively());
 

@@ -43,8 +43,7 @@ private slots:
     void theWindowMayBeClosedWhileAFileOpens()
     {
         QFETCH(const int, round);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString path = fixture.file(u"b.png"_s);
         int rounds = 0;
         const Once closing([&] { return ++rounds == round; }, [&] { fixture.window.close(); });
@@ -69,8 +68,7 @@ private slots:
     {
         QFETCH(const QMessageBox::StandardButton, answer);
         QFETCH(const bool, stays);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page(0);
         const NextBox question = answer_next_box(answer);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
@@ -86,8 +84,7 @@ private slots:
 
     void theWindowIsClosedOnceAnUndoHasEnded()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         const NextBox question = answer_next_box(QMessageBox::No);
         const Once closing([&] { return !fixture.window.isEnabled(); }, [&] { QVERIFY(!fixture.window.close()); });
@@ -109,8 +106,7 @@ private slots:
     void aFileThatComesDuringAnEditTakesTheCloseBack()
     {
         QFETCH(const bool, closeComesFirst);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString scan = fixture.file(u"scan.png"_s);
         const Once both([&] { return !fixture.window.isEnabled(); },
                         [&] {
@@ -130,8 +126,7 @@ private slots:
 
     void filesThatComeDuringAnEditOpenInTheirOrder()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QStringList paths{fixture.file(u"b.png"_s), fixture.file(u"c.png"_s), fixture.file(u"d.png"_s)};
         const Once messages([&] { return !fixture.window.isEnabled(); },
                             [&] {
@@ -147,8 +142,7 @@ private slots:
 
     void theWindowMayBeClosedAtTheEndOfAnUndo()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         bool frozen = false;
         const Once closing(
@@ -169,8 +163,7 @@ private slots:
 
     void theStatusOfAViewIsHeldBackDuringAnUndo()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s);
         const QStatusBar *const bar = fixture.window.statusBar();
         const Once status([bar] { return bar->currentMessage() == "Undoing operation..."_L1; },
@@ -185,8 +178,7 @@ private slots:
 
     void aFileThatComesDuringAnEditOpensBehindIt()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page(0);
         const QString path = fixture.file(u"b.png"_s);
         const Once message([&] { return !fixture.window.isEnabled(); },
@@ -213,8 +205,7 @@ private slots:
 
     void aDialogChangesThePageItWasOpenedFor()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QString path = fixture.file(u"b.png"_s);
         const NextDialog dialog([&](QDialog &box) {
             fixture.window.processMessage(message_of(path));
@@ -240,8 +231,7 @@ private slots:
     {
         QFETCH(const QString, action);
         QFETCH(const QStringList, left);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(fixture.view(0)->document()->setPage(1, patterned_page(QSize(30, 20))));
         const QString path = fixture.file(u"b.png"_s);
         const NextOf<QMessageBox> answer([&](const QMessageBox &box) {

@@ -57,8 +57,7 @@ private slots:
 
     void printHandsTheFirstPageToLprAndTakesItsFileAway()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
 
         fixture.print();
 
@@ -91,8 +90,7 @@ private slots:
 
     void printShowsItsStatusAndLeavesItThere()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
 
         fixture.print();
 
@@ -106,8 +104,7 @@ private slots:
 
     void endOfAJobRestoresTheOverrideCursor()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         QApplication::setOverrideCursor(Qt::CrossCursor);
 
         fixture.print();
@@ -118,8 +115,7 @@ private slots:
 
     void secondPrintDuringAJobDoesNothing()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         fixture.outside.hold(u"lpr"_s);
         fixture.print();
         QTRY_VERIFY(fixture.outside.has(u"lpr.words"_s));
@@ -139,8 +135,7 @@ private slots:
 
     void failureOfLprEndsTheJobLikeSuccess()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         fixture.outside.make(u"lpr"_s, u"echo $1 >words; kill -9 $$"_s);
 
         fixture.print();
@@ -155,8 +150,7 @@ private slots:
         const QStringList former = QDir(u"/tmp"_s).entryList({u"file*.png"_s});
         QString file;
         {
-            ToolsFixture fixture;
-            QVERIFY(fixture.open(u"a.png"_s));
+            ToolsFixture fixture(u"a.png"_s);
             fixture.outside.forget(u"lpr"_s);
             fixture.print();
             QStringList files = QDir(u"/tmp"_s).entryList({u"file*.png"_s});
@@ -177,8 +171,7 @@ private slots:
 
     void pageThatCannotBeWrittenStartsNothingAndLeavesNothing()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s, QSize(300, 300)));
+        ToolsFixture fixture(u"a.png"_s, QSize(300, 300));
         QApplication::setOverrideCursor(Qt::CrossCursor);
         const QStringList former = QDir(u"/tmp"_s).entryList();
         {
@@ -196,8 +189,7 @@ private slots:
 
     void withoutAWatchOfItsFileNothingIsPrinted()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         const QStringList former = QDir(u"/tmp"_s).entryList();
         {
             // So many descriptors that the file can be made, but no socket pair.
@@ -220,8 +212,7 @@ private slots:
 
     void pageMayChangeAndItsTabCloseDuringAJob()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         fixture.outside.hold(u"lpr"_s);
         const QImage page = fixture.firstPage();
         fixture.print();
@@ -263,8 +254,7 @@ private slots:
 
     void manyJobsLeaveNoFileAndNoProcess()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         fixture.outside.make(u"lpr"_s, u"echo $1 >>words"_s);
         for (int i = 1; i <= 200; ++i) {
             fixture.print();

@@ -54,8 +54,7 @@ private slots:
     void unusualNamesAreTakenAsTheyAre()
     {
         QFETCH(const QString, name);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"former.bmp"_s));
+        WindowFixture fixture(u"former.bmp"_s);
         modify(fixture);
         const QString path = fixture.home.path() + u'/' + name;
 
@@ -70,8 +69,7 @@ private slots:
     void theQuestionQuotesAnUnusualNameAsItIs()
     {
         const QString name = u"%1 & <b>%2<b> ü.png"_s;
-        WindowFixture fixture;
-        QVERIFY(fixture.open(name));
+        WindowFixture fixture(name);
         modify(fixture);
         const NextBox box = answer_next_box(QMessageBox::No);
 
@@ -84,8 +82,7 @@ private slots:
 
     void aNameThatIsTooLongIsToldAndNothingIsClaimed()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         modify(fixture);
         // A dialog takes none so long; the document may come to one in another way.
         ImageDocument *const document = fixture.currentView()->document();
@@ -101,8 +98,7 @@ private slots:
 
     void aReadOnlyFileIsToldAndStays()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         modify(fixture);
         const ReadOnlyPlace place(fixture.home.filePath(u"a.png"_s));
         const NextBox box = answer_next_box(QMessageBox::Ok);
@@ -118,8 +114,7 @@ private slots:
 
     void aReadOnlyDirectoryIsToldAndTheDocumentStaysWhereItIs()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         modify(fixture);
         QVERIFY(QDir(fixture.home.path()).mkdir(u"archive"_s));
         const ReadOnlyPlace place(fixture.home.filePath(u"archive"_s));

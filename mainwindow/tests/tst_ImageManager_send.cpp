@@ -56,8 +56,7 @@ private slots:
 
     void theFormIsAboutTheFileOfTheTab()
     {
-        WindowFixture at;
-        QVERIFY(at.open(u"scan.png"_s));
+        WindowFixture at(u"scan.png"_s);
         const NextDialog dialog([&](QDialog &form) {
             QVERIFY(qobject_cast<MailForm *>(&form));
             QCOMPARE(text_of(form, u"attachment"_s), at.home.filePath(u"scan.png"_s));
@@ -95,8 +94,7 @@ private slots:
     void deleteAfterSendMayCloseTheLastTab()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        WindowFixture at;
-        QVERIFY(at.open(u"scan.png"_s));
+        WindowFixture at(u"scan.png"_s);
         bool isSent = false;
         const NextDialog dialog([&](QDialog &form) {
             isSent = send_and_delete(form);
@@ -115,8 +113,7 @@ private slots:
     void anotherSendAfterTheLastTabHasGoneDoesNoHarm()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        WindowFixture at;
-        QVERIFY(at.open(u"scan.png"_s));
+        WindowFixture at(u"scan.png"_s);
         QString status;
         const NextDialog dialog([&](QDialog &form) {
             QVERIFY(send_and_delete(form));
@@ -134,8 +131,7 @@ private slots:
     void aFileThatAnotherStartOpensMeanwhileIsNotTheOneThatIsClosed()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        WindowFixture at;
-        QVERIFY(at.open(u"scan.png"_s));
+        WindowFixture at(u"scan.png"_s);
         const QString other = at.file(u"other.png"_s);
         const NextDialog dialog([&](QDialog &form) {
             QVERIFY(at.window.load_file(other, {}, false));
@@ -153,8 +149,7 @@ private slots:
     void aDocumentThatWasChangedMeanwhileIsAskedAbout()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        WindowFixture at;
-        QVERIFY(at.open(u"scan.png"_s));
+        WindowFixture at(u"scan.png"_s);
         std::optional<NextBox> box;
         const NextDialog dialog([&](QDialog &form) {
             at.currentView()->document()->setModified(true);
@@ -172,8 +167,7 @@ private slots:
 
     void aClosedFormLeavesTheTabInFront()
     {
-        WindowFixture at;
-        QVERIFY(at.open(u"a.png"_s));
+        WindowFixture at(u"a.png"_s);
         QVERIFY(at.open(u"b.png"_s));
         at.tabs()->setCurrentIndex(0);
         const QString other = at.file(u"c.png"_s);

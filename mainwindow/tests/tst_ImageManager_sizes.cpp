@@ -21,8 +21,7 @@ class tst_ImageManager_sizes : public QObject
 private slots:
     void croppingKeepsTheSelectionAloneAndEndsIt()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page();
         fixture.select(QPoint(10, 12), QPoint(29, 31));
 
@@ -37,8 +36,7 @@ private slots:
 
     void aFailedCropRollsBackAndCostsTheHistory()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         fixture.edit(u"image_invert"_s, u"Invert"_s);
         const QImage page = fixture.page();
         fixture.select(QPoint(5, 5), QPoint(10, 10));
@@ -58,8 +56,7 @@ private slots:
 
     void resizingAsksForTheSize()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const NextDialog dialog([](QDialog &resize) {
             QCOMPARE(resize.objectName(), u"image_resize_p_dialog"_s);
             const QList<QLineEdit *> edits = resize.findChildren<QLineEdit *>();
@@ -93,8 +90,7 @@ private slots:
     {
         QFETCH(QString, title);
         QFETCH(QString, name);
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const NextDialog dialog([&](QDialog &scale) {
             QCOMPARE(scale.objectName(), name);
             auto *const slider = scale.findChild<QSlider *>();
@@ -111,8 +107,7 @@ private slots:
 
     void aScaleOfOneStillWritesASnapshot()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const QImage page = fixture.page();
 
         fixture.edit(u"scale_proportionally"_s, u"Scale Proportionally"_s);
@@ -124,8 +119,7 @@ private slots:
 
     void theSmallestScaleIsATenthAndTheLargestThree()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         const NextDialog dialog([](QDialog &scale) {
             auto *const slider = scale.findChild<QSlider *>();
             QCOMPARE(slider->minimum(), 1);

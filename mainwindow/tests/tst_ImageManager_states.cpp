@@ -43,8 +43,7 @@ private slots:
 
     void theLastTabSwitchesOffWhatAPastOrASelectionHasSwitchedOn()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         for (int i = 0; i < 2; ++i) {
             const NextDialog preview([](QDialog &dialog) { dialog.accept(); });
             fixture.action(u"flip_vertically"_s)->trigger();
@@ -85,8 +84,7 @@ private slots:
 
     void cropFollowsTheSelection()
     {
-        WindowFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        WindowFixture fixture(u"a.png"_s);
         QVERIFY(!fixture.enabled(u"image_crop"_s));
 
         fixture.select(QPoint(10, 10), QPoint(30, 30));

@@ -57,8 +57,7 @@ private slots:
     {
         QFETCH(const QString, command);
         QFETCH(QStringList, words);
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         ToolSettings::set_graphics_editor(fixture.outside.recorder(u"editor"_s) + ' '_L1 + command);
 
         fixture.action(u"tool_graphics_editor"_s)->trigger();
@@ -70,8 +69,7 @@ private slots:
 
     void pathWithBlanksIsSplitByTheShell()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         ToolSettings::set_graphics_editor_input(u"~/two words.bmp"_s);
         ToolSettings::set_graphics_editor(fixture.outside.recorder(u"editor"_s) + u" <BMP>"_s);
 
@@ -85,8 +83,7 @@ private slots:
 
     void tildeAlwaysLeadsHome()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         ToolSettings::set_graphics_editor_input(u"~name.bmp"_s);
         ToolSettings::set_graphics_editor(u"true"_s);
 
@@ -112,8 +109,7 @@ private slots:
         QFETCH(const QString, command);
         QFETCH(const QString, path);
         QFETCH(const QString, title);
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         ToolSettings::set_graphics_editor_input(path);
         ToolSettings::set_OCR_input(path);
         for (const auto set : {ToolSettings::set_graphics_editor, ToolSettings::set_OCR, ToolSettings::set_text_editor})
@@ -161,8 +157,7 @@ private slots:
     void textEditorComesUpAfterARecogniserThatFailed()
     {
         QFETCH(const QString, command);
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         ToolSettings::set_OCR(command);
         ToolSettings::set_text_editor(fixture.outside.recorder(u"text"_s) + u" <TXT>"_s);
 
@@ -173,8 +168,7 @@ private slots:
 
     void recogniserThatCannotBeStartedIsTold()
     {
-        ToolsFixture fixture;
-        QVERIFY(fixture.open(u"a.png"_s));
+        ToolsFixture fixture(u"a.png"_s);
         // So many descriptors that the page can be written, but no pipe made: popen() takes two.
         ToolSettings::set_text_editor(fixture.outside.recorder(u"text"_s));
         const NextBox box = answer_next_box(QMessageBox::Ok);

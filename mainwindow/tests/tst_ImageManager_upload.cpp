@@ -43,8 +43,7 @@ private slots:
 
 void tst_ImageManager_upload::theFirstPageGoesOutWhateverPageIsOnShow()
 {
-    WindowFixture fixture;
-    QVERIFY(fixture.open(u"a.png"_s, QSize(64, 48)));
+    WindowFixture fixture(u"a.png"_s, QSize(64, 48));
     QVERIFY(fixture.currentView()->document()->addPage(patterned_page(QSize(30, 20))));
     FtpServer server;
     QString path;
@@ -65,8 +64,7 @@ void tst_ImageManager_upload::theFirstPageGoesOutWhateverPageIsOnShow()
 
 void tst_ImageManager_upload::theDocumentKeepsItsNameAndItsMark()
 {
-    WindowFixture fixture;
-    QVERIFY(fixture.open(u"a.png"_s));
+    WindowFixture fixture(u"a.png"_s);
     fixture.currentView()->document()->setModified(true);
     const NextDialog dialog([&](QDialog &form) {
         (void)save_page(form, fixture);
@@ -89,8 +87,7 @@ void tst_ImageManager_upload::withoutADocumentNothingComes()
 
 void tst_ImageManager_upload::aTabThatClosesMeanwhileEndsTheCommand()
 {
-    WindowFixture fixture;
-    QVERIFY(fixture.open(u"a.png"_s));
+    WindowFixture fixture(u"a.png"_s);
     QMetaObject::invokeMethod(&fixture.window, &ImageManager::file_close, Qt::QueuedConnection);
 
     fixture.window.upload_ftp();
@@ -100,8 +97,7 @@ void tst_ImageManager_upload::aTabThatClosesMeanwhileEndsTheCommand()
 
 void tst_ImageManager_upload::closingTheFormEndsTheTransfer()
 {
-    WindowFixture fixture;
-    QVERIFY(fixture.open(u"a.png"_s));
+    WindowFixture fixture(u"a.png"_s);
     FtpServer server;
     server.say("end", {});
     const NextDialog dialog([&](QDialog &form) {
