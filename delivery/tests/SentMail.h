@@ -9,13 +9,15 @@
 #include <QTest>
 
 #include <memory>
+#include <utility>
 
 /// One mail on its way, from ann@example.test to bob@example.test unless a test says otherwise, with an attachment of
 /// three bytes.
 class SentMail
 {
 public:
-    SentMail() { attach("ABC"); }
+    /// @param throughServer  those of the recipient's domain if there is none
+    explicit SentMail(QString throughServer = {}) : server(std::move(throughServer)) { attach("ABC"); }
 
     void attach(const QByteArray &bytes) const { write_file(attachment, bytes); }
 

@@ -77,8 +77,7 @@ private slots:
     void theUserIsToldInThisOrder()
     {
         ScriptedMailServer server(u"127.0.0.5"_s, loginSession);
-        SentMail mail;
-        mail.server = u"127.0.0.5"_s;
+        SentMail mail(u"127.0.0.5"_s);
         mail.login = u"ann"_s;
         mail.password = u"s3cret"_s;
 

@@ -29,8 +29,7 @@ private slots:
     void aLineThatNeverEndsIsBufferedUpToAMebibyte()
     {
         ScriptedMailServer server(host, {QByteArray(16 * Mebibyte, 'x')});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const DiagnosticLines diagnostics;
         mail.send();
         const Q3Socket *const socket = mail.connectedSocket();
@@ -55,8 +54,7 @@ private slots:
         for (int i = 0; i < 100000; ++i)
             lines += "220-" + QByteArray::number(i).rightJustified(36, '.') + "\n"; // 4.1 MB
         ScriptedMailServer server(host, {lines + "220 end\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         qsizetype longest = 0;
 
         mail.send();
@@ -78,8 +76,7 @@ private slots:
     void atMostSixteenBoxesStandAtOnce()
     {
         ScriptedMailServer server(host, {"999 wrong\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const DiagnosticLines diagnostics;
         int mostBoxes = 0;
         int said = 1;
@@ -106,8 +103,7 @@ private slots:
     void replyThatComesDuringABoxGetsABoxOfItsOwn()
     {
         ScriptedMailServer server(host, {"999 first\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const DiagnosticLines diagnostics;
         QStringList texts;
         QTimer watcher;
@@ -138,8 +134,7 @@ private slots:
     void aSessionThatEndsDuringItsBoxSaysNoMore()
     {
         ScriptedMailServer server(host, {"999 wrong\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const DiagnosticLines diagnostics;
         QTimer watcher;
         connect(&watcher, &QTimer::timeout, &server, [&] {
@@ -162,8 +157,7 @@ private slots:
     void aVeryLongLineIsCutInItsBox()
     {
         ScriptedMailServer server(host, {"999 " + QByteArray(100000, 'x') + "\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const DiagnosticLines diagnostics;
         QString text;
         QTimer watcher;
@@ -185,8 +179,7 @@ private slots:
     void aMessageGoesOutInPiecesAndInOneOrder()
     {
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.attach(QByteArray(30 * Mebibyte, 'x'));
         mail.send();
         QTRY_COMPARE(mail.statuses.value(3), u"Sending mail..."_s);
@@ -210,8 +203,7 @@ private slots:
     void endingTheSessionEndsTheConnectionAtOnce()
     {
         ScriptedMailServer server(host, {"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.attach(QByteArray(30 * Mebibyte, 'x'));
         mail.send();
         QTRY_VERIFY(server.received().contains("\r\nSubject: "));
@@ -240,8 +232,7 @@ private slots:
         QFETCH(const QString, login);
         QFETCH(const QByteArrayList, replies);
         ScriptedMailServer server(host, replies);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.login = login;
         mail.password = u"secret"_s;
         mail.send();
@@ -259,8 +250,7 @@ private slots:
         QFETCH(const QString, login);
         QFETCH(const QByteArrayList, replies);
         ScriptedMailServer server(host, replies);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.login = login;
         mail.password = u"secret"_s;
         mail.send();

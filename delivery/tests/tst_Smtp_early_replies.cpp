@@ -71,8 +71,7 @@ private slots:
         QFETCH(const QByteArrayList, replies);
         QFETCH(const QString, text);
         ScriptedMailServer server(host, replies);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.attach(QByteArray(30 * Mebibyte, 'x'));
         const NextBox box(QMessageBox::Ok);
 

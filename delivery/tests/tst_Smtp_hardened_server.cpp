@@ -109,8 +109,7 @@ private slots:
         QFETCH(const QString, type);
         QFETCH(const int, size);
         HardenedServer server;
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.subject = subject;
         mail.body = body;
         mail.attachment = mail.directory.filePath(name);

@@ -82,8 +82,7 @@ private slots:
     {
         const SilentNameServer names;
         ScriptedMailServer server(u"127.0.0.2"_s, {"220 hi\r\n"});
-        SentMail mail;
-        mail.server = u"127.0.0.2"_s;
+        SentMail mail(u"127.0.0.2"_s);
 
         mail.send();
 
@@ -166,8 +165,7 @@ private slots:
     {
         QFETCH(const QString, text);
         const NameServer names({});
-        SentMail mail;
-        mail.server = u"127.0.0.2"_s;
+        SentMail mail(u"127.0.0.2"_s);
         mail.port = text;
 
         mail.send();
@@ -179,8 +177,7 @@ private slots:
     void hostsThatAllRefuseAreNeverTold()
     {
         const NameServer names({u"--host-record=example.test,127.0.0.2"_s});
-        SentMail mail;
-        mail.server = u"127.0.0.2"_s;
+        SentMail mail(u"127.0.0.2"_s);
 
         mail.send();
 

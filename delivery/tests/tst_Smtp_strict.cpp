@@ -45,8 +45,7 @@ private slots:
     {
         ScriptedMailServer server(host, plainSession);
         server.refuseBareLineFeeds();
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
 
         mail.send(smtp_policy(true));
 
@@ -64,8 +63,7 @@ private slots:
     void leadingFullStopsOfTheBodyAreDoubled()
     {
         ScriptedMailServer server(host, plainSession);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.body = u".\n.a\n..\nb."_s;
 
         mail.send(smtp_policy(true));
@@ -77,8 +75,7 @@ private slots:
     void aReplyCountsOnceHoweverItIsSplit()
     {
         ScriptedMailServer server(host, {"220-a\r\n"});
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.send(smtp_policy(true));
         QTRY_COMPARE(mail.smtp->response(), u"220-a\r\n"_s);
         QVERIFY(server.received().isEmpty());
@@ -113,8 +110,7 @@ private slots:
         QFETCH(const QByteArrayList, replies);
         QFETCH(const QByteArray, wire);
         ScriptedMailServer server(host, QByteArrayList{"220 a\r\n", "250-x\r\n" + ability + "250 y\r\n"} + replies);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.login = u"ann"_s;
         mail.password = u"\u00e9"_s;
 
@@ -158,8 +154,7 @@ private slots:
         QFETCH(const QString, text);
         QFETCH(const QByteArray, lastLine);
         ScriptedMailServer server(host, replies);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.login = login;
         mail.password = u"p"_s;
         const NextBox box(QMessageBox::Ok);
@@ -275,8 +270,7 @@ private slots:
     {
         QFETCH(const int, replies);
         ScriptedMailServer server(host, plainSession.first(replies));
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const NextBox box(QMessageBox::Ok);
         mail.send(smtp_policy(true));
         QVERIFY(mail.connectedSocket());
@@ -291,8 +285,7 @@ private slots:
 
     void aServerThatIsNotThereIsTold()
     {
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const NextBox box(QMessageBox::Ok);
 
         mail.send(smtp_policy(true));
@@ -307,8 +300,7 @@ private slots:
         QFETCH(const int, replies);
         static const HastyPolicy hasty;
         ScriptedMailServer server(host, plainSession.first(replies));
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         const NextBox box(QMessageBox::Ok);
 
         mail.send(hasty);
@@ -321,8 +313,7 @@ private slots:
     void afterTheVerdictNothingIsToldAnyMore()
     {
         ScriptedMailServer server(host, plainSession);
-        SentMail mail;
-        mail.server = host;
+        SentMail mail(host);
         mail.send(smtp_policy(true));
         QTRY_COMPARE(mail.completions, 1);
         const Q3Socket *const socket = mail.connectedSocket();
