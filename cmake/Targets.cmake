@@ -14,10 +14,10 @@ target_compile_definitions(im_options INTERFACE
 include(PrecompiledHeaders)
 
 # A folder's headers are on the path only of targets that link it, so an include that breaks the
-# layering does not compile.
+# layering does not compile. Libraries are static unless BUILD_SHARED_LIBS is on, as where one is exchanged under tests.
 function(im_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
-    add_library(${name} STATIC ${arg_SOURCES})
+    add_library(${name} ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} im_options)
     im_use_precompiled_headers(${name})
