@@ -191,9 +191,7 @@ void ImageView::autoScroll(const QPoint &position)
 
 void ImageView::stopScrollTimer()
 {
-    if (m_scrollTimer == 0)
-        return;
-    killTimer(m_scrollTimer);
+    killTimer(m_scrollTimer); // nothing for 0
     m_scrollTimer = 0;
 }
 

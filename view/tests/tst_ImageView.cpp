@@ -166,6 +166,18 @@ private slots:
         QVERIFY(!fixture.view.imageItem()->isVisible());
     }
 
+    void aPictureThatCannotBeShownIsRefused()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^ImageItem::setImage:"_s));
+        ImageView view(nullptr);
+        const QImage wide(100'000'000, 1, QImage::Format_RGB16); // at 32 bits more than a line can have
+        QVERIFY(!wide.isNull());
+
+        QVERIFY(!view.setImage(wide));
+
+        QVERIFY(!view.imageItem()->isVisible());
+    }
+
     void aReplacedPictureFitsTheCanvasAndEndsTheSelection()
     {
         ViewFixture fixture(QSize(200, 150));
