@@ -27,16 +27,6 @@ const QList<ImageFormat> knownImageFormats{
     {u"XPM"_s, u"XPM"_s, {u"xpm"_s}},
 };
 
-namespace {
-
-QList<ImageFormat> dressed_formats(const QList<QByteArray> &supported, bool addTiff)
-{
-    const QList<ImageFormat> named = mergeImageFormats(imageFormatsFromSupported(supported), knownImageFormats, false);
-    return mergeImageFormat(named, tiffFormat, addTiff);
-}
-
-} // namespace
-
 const QList<ImageFormat> &readableImageFormats()
 {
     static const QList<ImageFormat> formats = dressed_formats(QImageReader::supportedImageFormats(), false);
@@ -93,6 +83,12 @@ QList<ImageFormat> mergeImageFormats(QList<ImageFormat> list, const QList<ImageF
     for (const ImageFormat &record : records)
         list = mergeImageFormat(std::move(list), record, addIfMissing);
     return list;
+}
+
+QList<ImageFormat> dressed_formats(const QList<QByteArray> &supported, bool addTiff)
+{
+    const QList<ImageFormat> named = mergeImageFormats(imageFormatsFromSupported(supported), knownImageFormats, false);
+    return mergeImageFormat(named, tiffFormat, addTiff);
 }
 
 bool is_tiff_word(const QString &word)

@@ -55,6 +55,10 @@ const QList<ImageFormat> &writableAllImageFormats(); ///< writableImageFormats()
 [[nodiscard]] QList<ImageFormat> mergeImageFormats(QList<ImageFormat> list, const QList<ImageFormat> &records,
                                                    bool addIfMissing);
 
+/// What becomes of the names that the toolkit reports, dressed with the fixed table and then with TIFF.
+/// @param addTiff  append TIFF when the toolkit does not report it
+[[nodiscard]] QList<ImageFormat> dressed_formats(const QList<QByteArray> &supported, bool addTiff);
+
 /// Whether a format word or a suffix stands for TIFF, in any case: "tif", "TIFF" and their like, and not "MTIFF".
 [[nodiscard]] bool is_tiff_word(const QString &word);
 

@@ -17,13 +17,6 @@ QStringList keys_of(const QList<ImageFormat> &list)
     return keys;
 }
 
-/// What the writable list is built by, over names of the test's choice.
-QList<ImageFormat> dressed(const QList<QByteArray> &names, bool addTiff)
-{
-    const QList<ImageFormat> known = mergeImageFormats(imageFormatsFromSupported(names), knownImageFormats, false);
-    return mergeImageFormat(known, tiffFormat, addTiff);
-}
-
 const ImageFormat jpegRecord{u"JPEG"_s, u"JPEG"_s, {u"jpg"_s, u"jpeg"_s}};
 
 qsizetype writableCountAtStart = 0; ///< as main() found it
@@ -182,31 +175,31 @@ void tst_ImageFormat::jpegUnderTwoNamesIsOneRowWithTheNameThatCameFirst()
         {u"png"_s, u"Portable Network Graphics"_s, {u"png"_s}},
     };
 
-    QCOMPARE(dressed({"bmp", "jpeg", "jpg", "png"}, false), expected);
+    QCOMPARE(dressed_formats({"bmp", "jpeg", "jpg", "png"}, false), expected);
 }
 
 void tst_ImageFormat::tiffUnderTwoNamesIsOneRowWithTheNameThatCameFirst()
 {
     const QList<ImageFormat> expected{{u"tif"_s, u"Tagged Image File Format"_s, {u"tiff"_s, u"tif"_s}}};
 
-    QCOMPARE(dressed({"tif", "tiff"}, false), expected);
-    QCOMPARE(dressed({"tif", "tiff"}, true), expected);
+    QCOMPARE(dressed_formats({"tif", "tiff"}, false), expected);
+    QCOMPARE(dressed_formats({"tif", "tiff"}, true), expected);
 }
 
 void tst_ImageFormat::tiffThatTheToolkitLacksIsWritableButNotReadable()
 {
-    QCOMPARE(keys_of(dressed({"bmp"}, false)), QStringList{u"bmp"_s});
-    QCOMPARE(keys_of(dressed({"bmp"}, true)), (QStringList{u"bmp"_s, u"TIFF"_s}));
+    QCOMPARE(keys_of(dressed_formats({"bmp"}, false)), QStringList{u"bmp"_s});
+    QCOMPARE(keys_of(dressed_formats({"bmp"}, true)), (QStringList{u"bmp"_s, u"TIFF"_s}));
 }
 
 void tst_ImageFormat::knownFormatThatIsNotReportedStaysOut()
 {
-    QCOMPARE(keys_of(dressed({"png"}, false)), QStringList{u"png"_s});
+    QCOMPARE(keys_of(dressed_formats({"png"}, false)), QStringList{u"png"_s});
 }
 
 void tst_ImageFormat::unknownFormatKeepsItsPlainRecord()
 {
-    QCOMPARE(dressed({"webp"}, false), (QList<ImageFormat>{{u"webp"_s, u"WEBP"_s, {u"webp"_s}}}));
+    QCOMPARE(dressed_formats({"webp"}, false), (QList<ImageFormat>{{u"webp"_s, u"WEBP"_s, {u"webp"_s}}}));
 }
 
 void tst_ImageFormat::tiffWordsAreTheSuffixesOfTheRecordInAnyCase()
@@ -219,7 +212,7 @@ void tst_ImageFormat::tiffWordsAreTheSuffixesOfTheRecordInAnyCase()
 
 void tst_ImageFormat::keyIsFoundInAnyCase()
 {
-    const QList<ImageFormat> list = dressed({"bmp", "jpeg"}, true);
+    const QList<ImageFormat> list = dressed_formats({"bmp", "jpeg"}, true);
 
     QCOMPARE(indexOfFormat(list, u"JPEG"_s), 1);
     QCOMPARE(indexOfFormat(list, u"Jpeg"_s), 1);
@@ -237,7 +230,7 @@ void tst_ImageFormat::firstOfSeveralKeysIsFound()
 
 void tst_ImageFormat::suffixIsFoundInItsOwnCaseOnly()
 {
-    const QList<ImageFormat> list = dressed({"bmp"}, true);
+    const QList<ImageFormat> list = dressed_formats({"bmp"}, true);
 
     QCOMPARE(indexOfExtension(list, u"tif"_s), 1);
     QCOMPARE(indexOfExtension(list, u"TIF"_s), -1);
@@ -289,13 +282,13 @@ void tst_ImageFormat::listsAreBuiltBeforeTheApplicationObject()
 
 void tst_ImageFormat::readableListHoldsWhatTheToolkitReads()
 {
-    QCOMPARE(readableImageFormats(), dressed(QImageReader::supportedImageFormats(), false));
+    QCOMPARE(readableImageFormats(), dressed_formats(QImageReader::supportedImageFormats(), false));
     QVERIFY(indexOfFormat(readableImageFormats(), PngFormatKey) >= 0);
 }
 
 void tst_ImageFormat::writableListHoldsWhatTheToolkitWrites()
 {
-    QCOMPARE(writableImageFormats(), dressed(QImageWriter::supportedImageFormats(), true));
+    QCOMPARE(writableImageFormats(), dressed_formats(QImageWriter::supportedImageFormats(), true));
     QVERIFY(indexOfFormat(writableImageFormats(), PngFormatKey) >= 0);
 }
 
