@@ -6,6 +6,7 @@
 #include "OpenFtpForm.h"
 
 #include <QCheckBox>
+#include <QProgressBar>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -193,6 +194,23 @@ private slots:
         QCOMPARE(box.text(), u"Connecting to host failed:\nHost 127.0.0.1:21 not found"_s);
         QTRY_VERIFY(trial.button("upload")->isEnabled());
         QCOMPARE(trial.field("pass")->text(), QString());
+    }
+
+    void fileThatHasGoneIsToldWhenItsReadingBegins()
+    {
+        const OpenFtpForm trial;
+        trial.prepare();
+        QVERIFY(QFile::remove(trial.filePath()));
+        const NextBox box = answer_next_box(QMessageBox::Ok);
+
+        trial.upload();
+        QTRY_VERIFY(box.hasCome());
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+
+        QCOMPARE(box.text(), u"Could not open\n"_s + trial.filePath());
+        QCOMPARE(trial.find<QProgressBar>("progress")->maximum(), 0);
+        QVERIFY(!trial.button("upload")->isEnabled());
+        QCOMPARE(trial.server.sessions(), 0);
     }
 
     void otherFailureLeavesUploadDisabledUntilTheNextSaveAs()
