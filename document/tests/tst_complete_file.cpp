@@ -229,6 +229,10 @@ void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes_data()
     QTest::newRow("without the last run") << icns_file(codes.chopped(2)) << false;
     QTest::newRow("without the value of the last run") << icns_file(codes.chopped(1)) << false;
     QTest::newRow("two colours") << icns_file(color + color + codes.first(2)) << false;
+    const QByteArray note = "icnV" + big32(12) + big32(1);
+    const QByteArray second = icns_file(codes.chopped(2)).insert(8, note);
+    QTest::newRow("second block without its last run")
+        << QByteArray(second).replace(4, 4, big32(second.size())) << false;
     QTest::newRow("four bytes a pixel") << icns_file(QByteArray(4096, 'x')) << true;
     QTest::newRow("block beyond the file") << icns_file(codes).chopped(1) << false;
     QTest::newRow("block beyond the told end") << icns_file(codes).replace(4, 4, big32(20)) << false;

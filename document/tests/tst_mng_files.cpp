@@ -24,9 +24,9 @@ QByteArray picture(QSize size)
     return encoded(solid_page(size, Blue), "png").sliced(8);
 }
 
-QByteArray mng_of(const QByteArray &chunks)
+QByteArray mng_of(const QByteArray &chunks, QSize canvas = Canvas)
 {
-    return "\x8aMNG\r\n\x1a\n" + png_chunk("MHDR", sides(Canvas) + QByteArray(20, '\0')) + chunks
+    return "\x8aMNG\r\n\x1a\n" + png_chunk("MHDR", sides(canvas) + QByteArray(20, '\0')) + chunks
         + png_chunk("MEND", {});
 }
 
@@ -71,6 +71,8 @@ void tst_mng_files::pictureWithinItsCanvasIsShown_data()
 
     QTest::newRow("smaller") << mng_of(picture({10, 20})) << QSize(10, 20);
     QTest::newRow("of its size") << mng_of(picture(Canvas)) << Canvas;
+    const QByteArray first = png_chunk("DEFI", big16(1) + QByteArray("\0\1", 2)) + picture(Canvas);
+    QTest::newRow("copied") << mng_of(first + png_chunk("CLON", big16(1) + big16(2))) << Canvas;
 }
 
 void tst_mng_files::pictureWithinItsCanvasIsShown()
@@ -103,6 +105,8 @@ void tst_mng_files::pictureThatIsTooLargeIsRefusedAtOnce_data()
     QTest::newRow("made larger") << mng_of(picture(Canvas) + enlargement(20'000));
     QTest::newRow("changed to a larger one") << mng_of(
         picture(Canvas) + png_chunk("DHDR", QByteArray("\0\1\1\0", 4) + sides({20'000, 20'000}) + sides({0, 0})));
+    const QByteArray copies = png_chunk("CLON", big16(0) + big16(1)).repeated(10'000); // of 200 MB each
+    QTest::newRow("copied too often") << mng_of(promise({5000, 5000}) + copies, {5000, 5000});
     QTest::newRow("of a canvas without pixels")
         << mng_of(picture({10, 20})).replace(16, 8, sides({0, 0})); // its check sum is not right either
 }
