@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr std::size_t BlockBytes = std::size_t{256} * 1024;
 constexpr quint64 LongestLong = 0xffffffff;
 
 /// A file that directories are taken from.
@@ -156,7 +155,7 @@ std::optional<WrittenEntry> DirectoryWriter::copyValue(const TiffEntry &entry)
         output.alignToWord();
         written.field = output.bytesOf(output.position(), room);
     }
-    std::vector<uchar> block(std::min<quint64>(BlockBytes, total));
+    std::vector<uchar> block(std::min<quint64>(TiffOutput::MostBytesAtOnce, total));
     for (quint64 done = 0; done < total; done += block.size()) {
         const std::span<uchar> bytes = std::span(block).first(std::min<quint64>(block.size(), total - done));
         if (!structure.read(entry.position + done, bytes))

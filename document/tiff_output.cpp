@@ -4,13 +4,7 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr std::size_t BufferBytes = std::size_t{256} * 1024;
-
-} // namespace
-
-TiffOutput::TiffOutput(QIODevice &file_, TiffKind kind) : file(file_), kind_(kind), buffer(BufferBytes) { }
+TiffOutput::TiffOutput(QIODevice &file_, TiffKind kind) : file(file_), kind_(kind), buffer(MostBytesAtOnce) { }
 
 bool TiffOutput::takes(quint64 bytes)
 {
@@ -25,13 +19,8 @@ void TiffOutput::append(std::span<const uchar> bytes)
         return;
     if (bytes.size() > buffer.size() - used)
         flush();
-    if (bytes.size() <= buffer.size()) {
-        std::ranges::copy(bytes, buffer.begin() + static_cast<qint64>(used));
-        used += bytes.size();
-    } else {
-        write(bytes);
-        written += bytes.size();
-    }
+    std::ranges::copy(bytes, buffer.begin() + static_cast<qint64>(used));
+    used += bytes.size();
 }
 
 bool TiffOutput::appendFrom(const TiffStructure &source, quint64 place, quint64 bytes)

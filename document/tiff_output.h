@@ -15,6 +15,8 @@ class QIODevice;
 class TiffOutput
 {
 public:
+    static constexpr std::size_t MostBytesAtOnce = std::size_t{256} * 1024;
+
     /// @param file  open for writing and empty; has to outlive the object
     TiffOutput(QIODevice &file, TiffKind kind);
 
@@ -23,6 +25,7 @@ public:
     [[nodiscard]] bool hasFailed() const { return failed; }
     [[nodiscard]] bool isTooLarge() const { return tooLarge; }
 
+    /// @param bytes  no more than MostBytesAtOnce
     void append(std::span<const uchar> bytes);
     /// Appends so many bytes of another file, which are read right into the buffer.
     /// @return false if that file does not give them

@@ -60,6 +60,7 @@ private slots:
     void widePagesAreNotBroughtToAnotherByteOrder();
     void largePagesAreNotBroughtIntoASmallKindOfFile();
     void placesOfShortNumbersGrow();
+    void valuesOfManyBytesComeWhole();
 
 private:
     [[nodiscard]] QString path(const QString &name) const { return directory->filePath(name); }
@@ -292,6 +293,30 @@ void tst_tiff_join::placesOfShortNumbersGrow()
     QVERIFY(copy.flush());
     QVERIFY(copy.size() > 0x10000);
     QCOMPARE(told_pages(copy.fileName()).last(), told_pages(path(u"small.tif"_s)).last());
+}
+
+void tst_tiff_join::valuesOfManyBytesComeWhole()
+{
+    // Two strange values, each larger than what is written at once, behind the pixels of a page of 2 x 1.
+    constexpr int count = 600'001;
+    QByteArray value(count, '\0');
+    for (int i = 0; i < count; ++i)
+        value[i] = static_cast<char>(i % 251);
+    write_file(path(u"long.tif"_s),
+               tiff_of("\x12\x34" + value + value,
+                       {entry(256, 3, 2), entry(257, 3, 1), entry(258, 3, 8), entry(273, 4, 8), entry(279, 3, 2),
+                        entry(UnknownTag, 1, 10, count), entry(UnknownTag + 1, 1, 10 + count, count)}));
+    const Opened page(path(u"long.tif"_s));
+    QFile copy(path(u"copy.tif"_s));
+    QVERIFY(copy.open(QIODevice::ReadWrite));
+
+    TiffJoin join({});
+    QVERIFY(join.add(page.handle(), 0, 1));
+    QVERIFY(join.write(copy));
+
+    QVERIFY(copy.flush());
+    QCOMPARE(file_bytes(copy.fileName()).count(value), 2);
+    QCOMPARE(told_pages(copy.fileName()), told_pages(path(u"long.tif"_s)));
 }
 
 QTEST_GUILESS_MAIN(tst_tiff_join)
