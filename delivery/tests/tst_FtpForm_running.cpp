@@ -36,6 +36,7 @@ private slots:
     void uploadIsDisabledWhileItRuns();
     void saveAsDuringATransferEnablesUploadOnlyAfterIt();
     void progressIsShownAndTellsWhereTheFileGoes();
+    void readingTellsItsFileAndItsBytes();
     void reportsOfNothingLeftDoNotShowTheBar();
     void barWithNothingToGoThroughStandsStill();
     void lostOperationsAreNoted();
@@ -100,6 +101,21 @@ void tst_FtpForm_running::progressIsShownAndTellsWhereTheFileGoes()
     trial.server.takeData();
     QVERIFY(trial.ends());
     QCOMPARE(bar->value(), bar->maximum());
+}
+
+void tst_FtpForm_running::readingTellsItsFileAndItsBytes()
+{
+    const OpenFtpForm trial;
+    Q3NetworkOperation get(Q3NetworkOperation::OpGet, {u"file:/tmp/a.bmp"_s}, nullptr);
+
+    QVERIFY(QMetaObject::invokeMethod(trial.form.get(), "slotRemoteDataTransferProgress", Q_ARG(int, 30),
+                                      Q_ARG(int, 80), Q_ARG(Q3NetworkOperation *, &get)));
+
+    const auto *const bar = trial.find<QProgressBar>("progress");
+    QVERIFY(bar->isVisible());
+    QCOMPARE(bar->maximum(), 80);
+    QCOMPARE(bar->value(), 30);
+    QCOMPARE(trial.label("status"), u"Read: file:/tmp/a.bmp"_s);
 }
 
 void tst_FtpForm_running::reportsOfNothingLeftDoNotShowTheBar()
