@@ -5,7 +5,6 @@
 #include "Q3Canvas.h"
 #include "RubberItem.h"
 
-#include <QPalette>
 #include <QPen>
 #include <QTransform>
 
@@ -40,12 +39,8 @@ ImageView::ImageView(QWidget *parent) :
     setAttribute(Qt::WA_MouseTracking);
     viewport()->setAttribute(Qt::WA_MouseTracking);
 
-    // The surround of a small picture and the canvas behind it are of one colour. The palette comes after
-    // the canvas, which sets the viewport's colour itself.
+    // The surround of a small picture and the canvas behind it are of one colour: the view takes it over.
     m_canvas->setBackgroundColor(Qt::gray);
-    QPalette palette = viewport()->palette();
-    palette.setBrush(QPalette::All, viewport()->backgroundRole(), QBrush(Qt::gray));
-    viewport()->setPalette(palette);
 
     setAccessibleName(tr("Page"));
     viewport()->setAccessibleName(tr("Page picture"));
