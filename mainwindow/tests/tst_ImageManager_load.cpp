@@ -295,6 +295,31 @@ private slots:
         QCOMPARE(QImage(copy).size(), QSize(64, 48));
     }
 
+    void aLastWordIsAFileWhateverItLooksLike()
+    {
+        WindowFixture fixture;
+        const NextBox box = answer_next_box(QMessageBox::Ok);
+
+        fixture.window.processArgs({u"program"_s, fixture.file(u"a.png"_s), u"-t"_s});
+
+        QCOMPARE(box.title(), u"Load failed"_s);
+        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
+    }
+
+    void wordsOfAPathWithAColonAreTwoFilesUnlessAskedOtherwise()
+    {
+        WindowFixture fixture;
+        const QString path = fixture.file(u"a:b.png"_s);
+        const NextBox first = answer_next_box(QMessageBox::Ok);
+        const NextBox second = answer_next_box(QMessageBox::Ok);
+
+        fixture.window.processArgs(
+            {u"program"_s, path.section(u':', 0, 0), path.section(u':', 1), fixture.file(u"c.png"_s)});
+
+        QCOMPARE(second.title(), u"Load failed"_s);
+        QCOMPARE(fixture.titles(), QStringList{u"c.png"_s});
+    }
+
     void temporaryFileStaysWhereItsCopyFailed()
     {
         WindowFixture fixture;
