@@ -1,4 +1,4 @@
-// A process that is killed while it saves leaves the old file or the new one.
+// A process that is killed while it saves, or whose disk fails, leaves the old file or the new one.
 
 #include "children.h"
 #include "image_files.h"
@@ -12,8 +12,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
 #include <csignal>
 #include <optional>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,6 +36,8 @@ void do_step()
 }
 
 constexpr std::size_t PieceBytes = 1024;
+
+ino_t unwritableFile = 0; ///< whose bytes do not reach the disk
 
 } // namespace
 
@@ -62,6 +66,11 @@ extern "C" int rename(const char *from, const char *to) noexcept
 extern "C" int fsync(int fd)
 {
     do_step();
+    struct stat status = {};
+    if (::fstat(fd, &status) == 0 && status.st_ino == unwritableFile) {
+        errno = EIO;
+        return -1;
+    }
     // Power cuts are not made here, and the disk of the machine is slow.
     return stepsLeft < 0 ? static_cast<int>(::syscall(SYS_fsync, fd)) : 0;
 }
@@ -171,6 +180,29 @@ private slots:
         QVERIFY(kills >= leastKills);
         QVERIFY(file_bytes(path) == whole);
         QCOMPARE(home.filesIn(u"tmp"_s), QStringList());
+    }
+
+    void copyThatBreaksOffLeavesTheWholeNewFileAndTellsWhere()
+    {
+        const TemporaryHome home;
+        QVERIFY(QDir(home.path()).mkdir(u"tmp"_s));
+        const QTemporaryDir directory;
+        const QByteArray path = QFile::encodeName(directory.filePath(u"a"_s));
+        ImageDocument document({}, {});
+        QVERIFY(document.addPage(noise_page({20, 20})));
+        QVERIFY(document.save(directory.filePath(u"whole"_s), u"PNG"_s));
+        write_file(directory.filePath(u"a"_s), "earlier");
+        QCOMPARE(::link(path.constData(), (path + " link").constData()), 0); // so no new file can take its place
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^write_target - the whole new file is .*/tmp/"_s));
+
+        unwritableFile = file_status(directory.filePath(u"a"_s)).st_ino;
+        const bool isSaved = document.save(directory.filePath(u"a"_s), u"PNG"_s);
+        unwritableFile = 0;
+
+        QVERIFY(!isSaved);
+        QCOMPARE(home.filesIn(u"tmp"_s).size(), 1);
+        const QString kept = home.filePath(u"tmp/"_s + home.filesIn(u"tmp"_s).first());
+        QCOMPARE(file_bytes(kept), file_bytes(directory.filePath(u"whole"_s)));
     }
 };
 
