@@ -23,6 +23,7 @@ private slots:
 
         QCOMPARE(fixture.window.size(), QSize(335, 564));
         QCOMPARE(fixture.window.windowTitle(), u"Image Manager"_s);
+        QCOMPARE(fixture.window.centralWidget(), fixture.tabs());
         QCOMPARE(fixture.toolBar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
         QVERIFY(!fixture.toolBar()->isMovable());
         QVERIFY(fixture.action(u"view_labels"_s)->isChecked());

@@ -139,6 +139,17 @@ private slots:
         QCOMPARE(fixture.window.cursor().shape(), Qt::ArrowCursor);
     }
 
+    void withoutADocumentNothingIsSavedOrPrinted()
+    {
+        WindowFixture fixture;
+        QTest::ignoreMessage(QtWarningMsg, "ImageManager::file_save - nothing to save!");
+
+        QVERIFY(fixture.window.file_save());
+        fixture.window.file_print();
+
+        QVERIFY(fixture.window.statusBar()->currentMessage() != u"Printing..."_s);
+    }
+
     void saveAllGivesUnnamedDocumentsNumbersBehindTheBaseName_data()
     {
         QTest::addColumn<QString>("typed");
