@@ -98,7 +98,6 @@ void MailForm::showDocument(const ImageDocument *document)
         ui->sendStatus->setText(tr("Image must be saved before sending"));
         return;
     }
-    ui->send->setEnabled(true);
     ui->subject->setText(document->fileName());
     if (document->hasFile())
         ui->attachment->setText(document->filePath());
