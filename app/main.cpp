@@ -2,6 +2,7 @@
 #include "application_icon.h"
 #include "argument_message.h"
 #include "diagnostics.h"
+#include "early_picture.h"
 #include "EndSignals.h"
 #include "failed_writes.h"
 #include "ImageManager.h"
@@ -18,9 +19,18 @@
 #include <cstdlib>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<const char *, 4> Catalogues{"ImageManager", "imageview", "utils", nullptr};
+
+/// The first file that processArgs() will open; empty if there is none.
+QString first_file(const QStringList &args)
+{
+    const bool isTemporary = args.value(1) == "-t"_L1 && args.size() > 2;
+    return args.value(isTemporary ? 2 : 1);
+}
 
 /// The program from its start to its end. The answer is its exit status.
 int run(int argc, char **argv)
@@ -41,6 +51,7 @@ int run(int argc, char **argv)
     const EndSignals endSignals; // from here on there is something to take down
     QApplication::setWindowIcon(application_icon()); // a property of every window, which would be taken for a message
     application.startListening(true);
+    const EarlyPicture firstPicture(first_file(splitArgs(message))); // meanwhile
 
     // The window lets events through while it is being built: what other starts say then has to wait for it.
     QStringList earlyMessages;

@@ -1,5 +1,6 @@
 // Opening; saving is in ImageDocument_save.cpp.
 #include "descriptor.h"
+#include "early_picture.h"
 #include "file_state.h"
 #include "first_picture.h"
 #include "ImageDocument.h"
@@ -8,18 +9,26 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QScopeGuard>
 
 #include <fcntl.h>
 #include <tiffio.h>
 
 namespace {
 
-constexpr qint64 LargestFileBytes = 0x20000000;
+/// The page that was decoded early, or read now.
+QImage read_page(const QString &filePath, const QString &imgFormat, int file)
+{
+    QImage page = take_early_picture(filePath, imgFormat, file);
+    return page.isNull() ? read_first_picture(filePath, imgFormat) : page;
+}
 
 } // namespace
 
 bool ImageDocument::load(const QString &filePath, const QString &imgFormat)
 {
+    // A picture decoded early is for the first load, whatever comes of it.
+    const auto ended = qScopeGuard(end_early_picture);
     if (filePath.isEmpty() || !QFile::exists(filePath)) {
         loadStatus = LoadNoFile;
         return false;
@@ -42,7 +51,7 @@ bool ImageDocument::load(const QString &filePath, const QString &imgFormat)
     const FileState state = file.isOpen() ? file_state(file.get()) : FileState();
     // Intended: only this spelling. The word read off a file's content is "tiff" and takes one page.
     const bool loaded =
-        imgFormat_ == TiffFormatKey ? loadTiff(filePath) : addPage(read_first_picture(filePath, imgFormat_));
+        imgFormat_ == TiffFormatKey ? loadTiff(filePath) : addPage(read_page(filePath, imgFormat_, file.get()));
     // Intended: after a failure the flag stays as addPage() left it, so a half loaded file is modified.
     if (loaded)
         setModified(false);

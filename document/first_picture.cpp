@@ -76,16 +76,18 @@ std::optional<QImage> read_tiff(const QFile &file, QImage &image)
     return has_whole_tiles(tif.get()) ? std::nullopt : std::optional(QImage());
 }
 
-QImage read_from_file(QFile &file, const QString &imgFormat)
+/// Who is there to read a picture.
+enum class Readers { All, QuietOnes };
+
+QImage read_from_file(QFile &file, const QString &imgFormat, Readers readers)
 {
-    limit_image_readers();
     if (!is_complete_image(file))
         return {};
     MendedFile mended = mended_file(file);
     QBuffer buffer(&mended.bytes);
     if (mended.bytes.isEmpty() && imgFormat.compare("png"_L1, Qt::CaseInsensitive) == 0) {
         QImage page = read_plain_png(file);
-        if (!page.isNull() || !file.seek(0))
+        if (!page.isNull() || readers == Readers::QuietOnes || !file.seek(0))
             return page;
     }
     const bool isMended = !mended.bytes.isEmpty() && buffer.open(QIODevice::ReadOnly);
@@ -108,16 +110,27 @@ QImage read_from_file(QFile &file, const QString &imgFormat)
     return adopt_page(to_page_image(std::move(image)));
 }
 
-} // namespace
-
-QImage read_first_picture(const QString &filePath, const QString &imgFormat)
+QImage read_whole_file(const QString &filePath, const QString &imgFormat, Readers readers)
 {
     // Opened here and not by the reader, which would try other suffixes if it may not open this file.
     QFile file(filePath);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const FileState state = file_state(file.handle());
-    QImage page = read_from_file(file, imgFormat);
+    QImage page = read_from_file(file, imgFormat, readers);
     // The pixels of a file that another program cuts meanwhile are its own only down to some row.
     return file_state(file.handle()) == state ? page : QImage();
+}
+
+} // namespace
+
+QImage read_first_picture(const QString &filePath, const QString &imgFormat)
+{
+    limit_image_readers();
+    return read_whole_file(filePath, imgFormat, Readers::All);
+}
+
+QImage read_first_picture_apart(const QString &filePath, const QString &imgFormat)
+{
+    return read_whole_file(filePath, imgFormat, Readers::QuietOnes);
 }

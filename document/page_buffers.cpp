@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <numeric>
 #include <sys/mman.h>
 #include <utility>
@@ -20,37 +21,66 @@ class PagePool
 public:
     [[nodiscard]] QImage take(qsizetype bytes)
     {
-        note(bytes);
+        const std::scoped_lock lock(mutex);
+        noteWanted(bytes);
         const auto fit =
             std::ranges::find_if(spares, [bytes](const QImage &memory) { return memory.sizeInBytes() >= bytes; });
         return fit == spares.end() ? QImage() : spares.takeAt(fit - spares.begin());
     }
 
+    void lend(const uchar *bits)
+    {
+        const std::scoped_lock lock(mutex);
+        lent.insert(bits);
+    }
+
+    [[nodiscard]] bool isLent(const uchar *bits) const
+    {
+        const std::scoped_lock lock(mutex);
+        return lent.contains(bits);
+    }
+
+    /// Of memory that was lent out.
     void giveBack(QImage memory)
     {
+        const std::scoped_lock lock(mutex);
+        lent.remove(memory.constBits());
         spares.append(std::move(memory));
-        while (spares.size() > 1 && spareBytes() > SmallSpareBytes)
+        while (spares.size() > 1 && countSpareBytes() > SmallSpareBytes)
             spares.removeFirst();
     }
 
     void note(qsizetype bytes)
     {
+        const std::scoped_lock lock(mutex);
+        noteWanted(bytes);
+    }
+
+    void drop()
+    {
+        const std::scoped_lock lock(mutex);
+        spares.clear();
+    }
+
+    [[nodiscard]] qsizetype spareBytes() const
+    {
+        const std::scoped_lock lock(mutex);
+        return countSpareBytes();
+    }
+
+private:
+    void noteWanted(qsizetype bytes)
+    {
         wantedBytes = bytes;
         spares.removeIf([this](const QImage &memory) { return !isFit(memory); });
     }
 
-    void drop() { spares.clear(); }
-
-    [[nodiscard]] qsizetype spareBytes() const
+    [[nodiscard]] qsizetype countSpareBytes() const
     {
         const auto add = [](qsizetype sum, const QImage &memory) { return sum + memory.sizeInBytes(); };
         return std::accumulate(spares.cbegin(), spares.cend(), qsizetype{0}, add);
     }
 
-    /// Where the pages begin that stand on memory of the pool.
-    QSet<const uchar *> lent;
-
-private:
     /// Whether it is about as large as the pages of now.
     [[nodiscard]] bool isFit(const QImage &memory) const
     {
@@ -60,7 +90,9 @@ private:
 
     static constexpr qsizetype SmallSpareBytes = qsizetype{32} * 1024 * 1024;
 
+    mutable std::mutex mutex;
     QList<QImage> spares;
+    QSet<const uchar *> lent; ///< where the pages begin that stand on memory of the pool
     qsizetype wantedBytes = 0;
 };
 
@@ -72,13 +104,9 @@ public:
         pool(std::move(pagePool)),
         memory(std::move(pageMemory))
     {
-        pool->lent.insert(memory.constBits());
+        pool->lend(memory.constBits());
     }
-    ~Lease()
-    {
-        pool->lent.remove(memory.constBits());
-        pool->giveBack(std::move(memory));
-    }
+    ~Lease() { pool->giveBack(std::move(memory)); }
     Q_DISABLE_COPY_MOVE(Lease)
 
     [[nodiscard]] uchar *bits() { return memory.bits(); }
@@ -202,7 +230,7 @@ QImage new_page_like(const QImage &pattern, QSize size)
 
 QImage adopt_page(QImage image)
 {
-    const bool isPooled = page_pool()->lent.contains(image.constBits());
+    const bool isPooled = page_pool()->isLent(image.constBits());
     if (isPooled || image.sizeInBytes() < SmallestPooledBytes || !image.isDetached())
         return image;
     page_pool()->note(image.sizeInBytes());

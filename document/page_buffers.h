@@ -12,7 +12,7 @@
 /// page drops those that are more than twice or less than half as large.
 /// Pictures below SmallestPooledBytes, such as previews, neither use nor drop spares.
 ///
-/// Threads:   GUI thread only; the last copy of a page must end there too.
+/// Threads:   any; pages are made, adopted and dropped where they are needed.
 
 inline constexpr qsizetype SmallestPooledBytes = qsizetype{256} * 1024;
 
