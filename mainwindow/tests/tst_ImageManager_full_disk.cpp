@@ -17,28 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 BlockBytes = 4096;
 constexpr QSize NoiseSize(512, 512); ///< noise of which no writer makes less than two blocks
-
-/// A file that takes all room of a disk but some blocks, until the object goes.
-class Filler
-{
-public:
-    explicit Filler(const SmallDisk &disk, int freeBlocks = 0) : file(disk.filePath(u"filler"_s))
-    {
-        const QByteArray block(BlockBytes, 'x');
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-            qFatal("cannot make the filler");
-        while (file.write(block) == block.size()) { }
-        if (!file.resize(file.size() - freeBlocks * BlockBytes))
-            qFatal("cannot free blocks");
-    }
-    ~Filler() { file.remove(); }
-    Q_DISABLE_COPY_MOVE(Filler)
-
-private:
-    QFile file;
-};
 
 /// The window with its home on a small disk.
 class SmallHome
@@ -100,7 +79,7 @@ private slots:
         ImageDocument *const document = fixture.currentView()->document();
         const bool isIcon = suffix == u"ico"_s || suffix == u"cur"_s; // which has no more than 256 by 256 pixels
         QVERIFY(document->setPage(1, isIcon ? noise_page(NoiseSize).copy(0, 0, 256, 256) : noise_page(NoiseSize)));
-        const Filler filler(disk, freeBlocks);
+        const DiskFiller filler(QFile::decodeName(disk.path()), freeBlocks);
         const NextFileDialog dialog([&](QFileDialog &chooser) {
             chooser.selectNameFilter(filter);
             emit chooser.filterSelected(filter);
@@ -130,7 +109,7 @@ private slots:
         QVERIFY(fixture.window.load_file(path, {}, false));
         QVERIFY(fixture.currentView()->document()->setPage(1, noise_page(NoiseSize)));
         {
-            const Filler filler(disk);
+            const DiskFiller filler(QFile::decodeName(disk.path()));
             const NextBox question = answer_next_box(QMessageBox::Yes);
             const NextBox failure = answer_next_box(QMessageBox::Ok);
             const ToolkitLeaks leaks;
@@ -154,7 +133,7 @@ private slots:
         SmallHomeFixture fixture(disk);
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = fixture.page();
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::Yes);
 
         fixture.edit(u"rotate_180"_s);
@@ -177,7 +156,7 @@ private slots:
         fixture.edit(u"image_invert"_s);
         const QImage page = fixture.page();
         const QStringList files = fixture.snapshots();
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
         fixture.edit(u"rotate_180"_s);
@@ -195,7 +174,7 @@ private slots:
         QVERIFY(fixture.open(u"a.png"_s));
         const QImage page = fixture.page();
         fixture.edit(u"image_invert"_s);
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
@@ -215,7 +194,7 @@ private slots:
         fixture.edit(u"image_invert"_s);
         const QImage beforeTheLast = fixture.page();
         fixture.edit(u"rotate_cw"_s);
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::No);
 
         undo(fixture);
@@ -231,7 +210,7 @@ private slots:
         fixture.edit(u"image_invert"_s);
         fixture.edit(u"image_invert"_s);
         QCOMPARE(fixture.snapshots().size(), 2);
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::No);
         undo(fixture);
 
@@ -248,7 +227,7 @@ private slots:
         const QImage first = fixture.page();
         fixture.edit(u"image_invert"_s);
         fixture.edit(u"rotate_180"_s);
-        const Filler filler(disk, 2);
+        const DiskFiller filler(QFile::decodeName(disk.path()), 2);
         const NextBox box = answer_next_box(QMessageBox::Yes);
 
         undo(fixture);

@@ -2,7 +2,7 @@
 #include "ImageManagerProgram.h"
 #include "lost_display.h"
 #include "pictures.h"
-#include "private_mounts.h"
+#include "StoppingProgram.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,6 +30,9 @@ private slots:
     void displayThatGoesDuringASaveLeavesAWholeFile();
     void displayThatGoesDuringAnEditLeavesTheFile();
     void diskThatFillsDuringASnapshotCostsNothing();
+    void diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn_data();
+    void diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn();
+    void diskThatCannotTellItsRoomCountsAsFull();
     void diskThatFillsDuringASaveTakesTheNewFileAllTheSame();
     void snapshotsOfAnEarlierRunInTheSameSecondStay();
     void programsOfTheSameSecondKeepTheirPastsApart();
@@ -48,83 +51,6 @@ QImage inverted_page()
     page.invertPixels();
     return page;
 }
-
-/// Takes all room of a disk.
-void fill_disk(const QString &folder)
-{
-    const QByteArray block(4096, 'x');
-    QFile file(folder + "/filler"_L1);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        qFatal("cannot make the filler");
-    while (file.write(block) == block.size()) { }
-}
-
-/// The program with one page, under a shim that stops it at a certain place. Home and page have a disk of 2 MiB each.
-class StoppingProgram
-{
-public:
-    StoppingProgram() :
-        homeDisk("none", QFile::encodeName(place.home()), "tmpfs", 0, "size=2m"),
-        pagesDisk("none", QFile::encodeName(place.path(u"."_s)), "tmpfs", 0, "size=2m"),
-        path(place.page(u"a.bmp"_s)),
-        program(place)
-    {
-        program.process().setEnvironment(u"LD_PRELOAD"_s, QStringLiteral(IM_SHIM));
-    }
-
-    /// Opens the page, changes it and begins to save it. Answers once the process has stopped itself in the save.
-    [[nodiscard]] bool stopInASave()
-    {
-        program.process().setEnvironment(u"IM_STOP_AT"_s, u"/.imagemanager-"_s);
-        if (!program.open({path}))
-            return false;
-        window = program.window();
-        if (!program.invert() || !QTest::qWaitFor([this] { return program.desktop().activeWindow() == window; }))
-            return false;
-        program.desktop().pressKey("s", {"Control_L"});
-        return waitForStop();
-    }
-
-    /// Opens the page and changes it. Answers once the process has stopped itself in the snapshot.
-    [[nodiscard]] bool stopInAnEdit()
-    {
-        program.process().setEnvironment(u"IM_STOP_AT"_s, place.home() + "/tmp/"_L1);
-        if (!program.open({path}))
-            return false;
-        window = program.window();
-        if (!program.askToInvert())
-            return false;
-        program.desktop().pressKey("Return");
-        return waitForStop();
-    }
-
-    void send(int number) { ::kill(static_cast<pid_t>(program.process().processId()), number); }
-    void goOn() { send(SIGCONT); }
-
-    [[nodiscard]] QStringList files() const
-    {
-        return QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden);
-    }
-    [[nodiscard]] QStringList snapshots() const { return QDir(place.home() + "/tmp"_L1).entryList(QDir::Files); }
-
-    const Place place;
-    const PrivateMount homeDisk;
-    const PrivateMount pagesDisk;
-    const QString path;
-    ImageManagerProgram program;
-    WindowId window = 0;
-
-private:
-    [[nodiscard]] bool waitForStop()
-    {
-        return QTest::qWaitFor(
-            [this] {
-                QFile status(u"/proc/%1/stat"_s.arg(program.process().processId()));
-                return status.open(QIODevice::ReadOnly) && status.readLine().contains(") T ");
-            },
-            Program::patienceMs);
-    }
-};
 
 } // namespace
 
@@ -227,7 +153,7 @@ void tst_interrupted::diskThatFillsDuringASnapshotCostsNothing()
     StoppingProgram stopping;
     QVERIFY(stopping.stopInAnEdit());
 
-    fill_disk(stopping.place.home());
+    const DiskFiller filler(stopping.place.home());
     stopping.goOn();
 
     // Its room has been reserved before its first byte.
@@ -237,12 +163,56 @@ void tst_interrupted::diskThatFillsDuringASnapshotCostsNothing()
     QVERIFY(compare_pictures(rgb(snapshot), patterned_page({100, 80})));
 }
 
+void tst_interrupted::diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn_data()
+{
+    QTest::addColumn<int>("look");
+
+    QTest::newRow("the one of the edit") << 1;
+    QTest::newRow("the one of the snapshot, just before its file") << 2;
+}
+
+void tst_interrupted::diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn()
+{
+    QFETCH(const int, look);
+    StoppingProgram stopping;
+    QVERIFY(stopping.stopBehindALookForRoom(look));
+    QCOMPARE(stopping.snapshots(), QStringList());
+    const DiskFiller filler(stopping.place.home());
+
+    stopping.goOn();
+
+    const MessageBox box = stopping.program.answer(u"OK"_s);
+    QCOMPARE(box.text, u"Error saving Undo/Redo information"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp*"_s, Program::patienceMs);
+    QVERIFY(!stopping.program.tool(u"Undo"_s).has(State::Enabled));
+    QTRY_COMPARE(stopping.program.desktop().activeWindow(), stopping.window);
+    stopping.program.desktop().pressKey("s", {"Control_L"});
+    QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp"_s, Program::patienceMs);
+    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+}
+
+void tst_interrupted::diskThatCannotTellItsRoomCountsAsFull()
+{
+    StoppingProgram program; // that does not stop
+    program.program.process().setEnvironment(u"IM_NO_ROOM_TOLD"_s, u"yes"_s);
+    QVERIFY(program.edit());
+
+    const MessageBox box = program.program.answer(u"No"_s);
+
+    QCOMPARE(box.text, u"This operation cannot be undone or redone. Continue?"_s);
+    QTRY_VERIFY(program.program.menuEntry(u"File"_s, u"Exit"_s).has(State::Enabled));
+    QCOMPARE(program.program.currentTab(), u"a.bmp"_s);
+    QCOMPARE(program.program.close(), 0);
+    QVERIFY(program.program.process().errors().contains("statfs failed! Input/output error"_L1));
+    QVERIFY(compare_pictures(rgb(program.path), patterned_page({100, 80})));
+}
+
 void tst_interrupted::diskThatFillsDuringASaveTakesTheNewFileAllTheSame()
 {
     StoppingProgram stopping;
     QVERIFY(stopping.stopInASave());
 
-    fill_disk(QFileInfo(stopping.path).path());
+    const DiskFiller filler(QFileInfo(stopping.path).path());
     stopping.goOn();
 
     // It is completed on the other disk, and the old one gives its room.

@@ -1,15 +1,20 @@
 #include "files.h"
 #include "ImageManagerProgram.h"
 #include "pictures.h"
+#include "ToolPlace.h"
 
 #include <QColorSpace>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
@@ -24,6 +29,8 @@ private slots:
     void printSendsThePageToLpr_data();
     void printSendsThePageToLpr();
     void lprHasNothingOfOursOpen();
+    void lprThatIsNotThereCostsThePrintAndLeavesNoFile();
+    void lprThatFailsLeavesNoFileAndTheNextPrintGoes();
     void jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns_data();
     void jobThatOutlivesTheProgramKeepsItsFileAsLongAsItRuns();
     void toolsMenuOfTheMachinesSettingsIsOnTheBar();
@@ -32,38 +39,6 @@ private slots:
 };
 
 namespace {
-
-/// A place with a stand-in for lpr, and settings.
-class ToolPlace : public Place
-{
-public:
-    ToolPlace()
-    {
-        // Copies its file and stays while there is a file "hold"; its own number and descriptors are left too.
-        write(
-            u"lpr"_s,
-            "#!/bin/sh\nd='" + QFile::encodeName(home())
-                + "'\ncp \"$1\" \"$d/printed.png\"\necho $# \"$1\" >\"$d/words\"\nls -l /proc/$$/fd >\"$d/open.new\"\n"
-                  "grep SigIgn /proc/$$/status >>\"$d/open.new\"\nmv \"$d/open.new\" \"$d/open\"\n"
-                  "while [ -e \"$d/hold\" ]; do sleep 0.05; done\n");
-        QFile(inHome(u"lpr"_s)).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    [[nodiscard]] QString inHome(const QString &name) const { return home() + '/'_L1 + name; }
-    void write(const QString &name, const QByteArray &bytes) const { write_file(inHome(name), bytes); }
-    [[nodiscard]] QByteArray bytes(const QString &name) const { return file_bytes_if_any(inHome(name)); }
-    [[nodiscard]] bool has(const QString &name) const { return QFile::exists(inHome(name)); }
-    /// The file that lpr was given.
-    [[nodiscard]] QString printFile() const
-    {
-        return QString::fromUtf8(bytes(u"words"_s)).section(' '_L1, 1).trimmed();
-    }
-};
-
-void find_lpr_in(ImageManagerProgram &program, const ToolPlace &place)
-{
-    program.process().setEnvironment(u"PATH"_s, place.home() + ':'_L1 + qEnvironmentVariable("PATH"));
-}
 
 /// Opens a menu of the bar and clicks on one of its entries.
 bool choose(ImageManagerProgram &program, const QString &menuName, const QString &entry)
@@ -84,6 +59,25 @@ QByteArray settings(const QByteArray &editor, const QByteArray &recogniser, cons
 }
 
 constexpr QSize roomy{1100, 700};
+
+/// Of a page whose print files no other process of the machine has.
+QSize own_size()
+{
+    const auto process = static_cast<int>(::getpid());
+    return {100 + process % 1000, 100 + process / 1000 % 1000};
+}
+
+/// The print files with a page of this size.
+QStringList print_files(QSize size)
+{
+    QStringList found;
+    const QFileInfoList files = QDir(u"/tmp"_s).entryInfoList({u"file??????.png"_s}, QDir::Files);
+    for (const QFileInfo &file : files) {
+        if (QImageReader(file.filePath()).size() == size)
+            found.append(file.filePath());
+    }
+    return found;
+}
 
 } // namespace
 
@@ -130,6 +124,45 @@ void tst_tools::lprHasNothingOfOursOpen()
     static const QRegularExpression others(u" -> (socket|anon_inode|pipe|/memfd|.*\\.png)"_s);
     QVERIFY2(!others.match(QString::fromUtf8(open)).hasMatch(), open.constData());
     QVERIFY2(open.contains("SigIgn:\t0000000000000000"), open.constData());
+    QCOMPARE(program.close(), 0);
+}
+
+void tst_tools::lprThatIsNotThereCostsThePrintAndLeavesNoFile()
+{
+    const ToolPlace place;
+    QVERIFY(QFile::remove(place.inHome(u"lpr"_s)));
+    ImageManagerProgram program(place);
+    program.process().setEnvironment(u"PATH"_s, place.home());
+    QVERIFY(program.open({place.page(u"a.png"_s, own_size())}, roomy));
+
+    program.desktop().pressKey("p", {"Control_L"});
+
+    QTRY_COMPARE_WITH_TIMEOUT(program.statusText(), u"Printing..."_s, Program::patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(print_files(own_size()).size(), 1, Program::patienceMs);
+    program.desktop().pressKey("p", {"Control_L"}); // the job is still under way
+    QVERIFY(program.invert());
+    QCOMPARE(print_files(own_size()).size(), 1);
+    ::kill(static_cast<pid_t>(program.process().processId()), SIGTERM);
+    QCOMPARE(program.process().waitForEndBySignal(), SIGTERM);
+    QTRY_COMPARE_WITH_TIMEOUT(print_files(own_size()), QStringList(), Program::patienceMs);
+}
+
+void tst_tools::lprThatFailsLeavesNoFileAndTheNextPrintGoes()
+{
+    const ToolPlace place;
+    write_program(place.inHome(u"lpr"_s),
+                  "#!/bin/sh\necho >>'" + QFile::encodeName(place.home()) + "/tries'\nexit 1\n");
+    ImageManagerProgram program(place);
+    find_lpr_in(program, place);
+    QVERIFY(program.open({place.page(u"a.png"_s, own_size())}, roomy));
+
+    for (int tries = 1; tries <= 2; ++tries) {
+        program.desktop().pressKey("p", {"Control_L"});
+        QTRY_COMPARE_WITH_TIMEOUT(file_bytes_if_any(place.inHome(u"tries"_s)).size(), tries, Program::patienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(print_files(own_size()), QStringList(), Program::patienceMs);
+    }
+
+    QCOMPARE(program.tabTitles(), QStringList{u"a.png"_s}); // no box, and nothing changed
     QCOMPARE(program.close(), 0);
 }
 

@@ -54,6 +54,28 @@ private:
     PrivateMount mount{"none", path(), "tmpfs", 0, "size=2m"};
 };
 
+/// A file that takes all room of a disk but some blocks, until the object goes.
+class DiskFiller
+{
+public:
+    static constexpr qint64 BlockBytes = 4096;
+
+    explicit DiskFiller(const QString &folder, int freeBlocks = 0) : file(folder + QStringLiteral("/filler"))
+    {
+        const QByteArray block(BlockBytes, 'x');
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            end_for_want_of("filler");
+        while (file.write(block) == block.size()) { }
+        if (!file.resize(file.size() - freeBlocks * BlockBytes))
+            end_for_want_of("free blocks");
+    }
+    ~DiskFiller() { file.remove(); }
+    Q_DISABLE_COPY_MOVE(DiskFiller)
+
+private:
+    QFile file;
+};
+
 /// A file or directory, with all that is in it, that cannot be written to while the object lives.
 class ReadOnlyPlace
 {
