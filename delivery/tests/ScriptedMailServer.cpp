@@ -62,10 +62,15 @@ void ScriptedMailServer::take(const QByteArray &line)
 
 void ScriptedMailServer::answer()
 {
-    if (m_replies.isEmpty())
+    if (m_replies.isEmpty()) {
+        if (m_bResetting)
+            reset_connection(*m_client);
         return;
+    }
     const QByteArray reply = m_replies.takeFirst();
     m_bInMessage = reply.startsWith("354");
+    if (m_bInMessage && m_bStopping)
+        stopReading();
     m_client->write(reply);
 }
 

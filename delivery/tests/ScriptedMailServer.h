@@ -1,5 +1,7 @@
 #pragma once
 
+#include "socket_faults.h"
+
 #include <QByteArrayList>
 #include <QHostAddress>
 #include <QPointer>
@@ -28,11 +30,18 @@ public:
 
     /// Takes a message as ended only by "\r\n.\r\n", as hardened servers do.
     void refuseBareLineFeeds() { m_bHardened = true; }
+    /// Behind its last reply it ends the connection by a reset, where it would be silent.
+    void resetAtTheEnd() { m_bResetting = true; }
+    /// Takes nothing more once it has asked for the message.
+    void stopReadingInMessage() { m_bStopping = true; }
     /// Leaves what comes in with the system.
     void stopReading();
     void goOnReading();
     /// Says something out of turn.
     void say(const QByteArray &bytes);
+    /// Says a line of so many bytes, as the client takes them. It belongs to the connection.
+    [[nodiscard]] EndlessLine *sayEndlessLine(qint64 bytes) { return new EndlessLine(m_client, bytes); }
+    [[nodiscard]] bool hasClient() const { return !m_client.isNull(); }
     void hangUp();
     void stopListening() { m_server.close(); }
 
@@ -53,4 +62,6 @@ private:
     bool m_bHardened = false;
     bool m_bReading = true;
     bool m_bEnded = false;
+    bool m_bResetting = false;
+    bool m_bStopping = false;
 };

@@ -19,8 +19,13 @@ Place::Place()
 
 QString Place::page(const QString &name, QSize size) const
 {
+    return page(name, patterned_page(size));
+}
+
+QString Place::page(const QString &name, const QImage &picture) const
+{
     QString path = m_pictures.filePath(name);
-    if (!patterned_page(size).save(path))
+    if (!picture.save(path))
         qFatal("Place - cannot write %s", qPrintable(path));
     return path;
 }

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QImage>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -27,6 +28,8 @@ public:
     [[nodiscard]] QString path(const QString &name) const { return m_pictures.filePath(name); }
     /// Writes patterned_page() under the name, in the format of its suffix, and answers its path.
     [[nodiscard]] QString page(const QString &name, QSize size = {100, 80}) const;
+    /// The same with another picture.
+    [[nodiscard]] QString page(const QString &name, const QImage &picture) const;
 
     /// Leaves the program lines of the editor's group of its settings file.
     void writeSettings(const QByteArray &lines) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ImageManagerProgram.h"
+#include "pictures.h"
 
 #include <QSettings>
 #include <QTest>
@@ -11,11 +12,12 @@
 class ToolForm
 {
 public:
-    ToolForm(QString title, const QString &entry, const QList<std::pair<QString, QVariant>> &settings,
-             QSize pageSize = {100, 80}) :
+    ToolForm(QString title, QString entry, const QList<std::pair<QString, QVariant>> &settings,
+             const QImage &picture = patterned_page({100, 80})) :
         program(place),
-        page(place.page(QStringLiteral("page.bmp"), pageSize)),
-        formTitle(std::move(title))
+        page(place.page(QStringLiteral("page.bmp"), picture)),
+        formTitle(std::move(title)),
+        menuEntry(std::move(entry))
     {
         QSettings stored(place.home() + QStringLiteral("/.config/Unknown Organization/imagemanager.conf"),
                          QSettings::IniFormat);
@@ -23,15 +25,39 @@ public:
         for (const auto &[key, value] : settings)
             stored.setValue(key, value);
         stored.sync();
+        isReady = program.open({page}, {1100, 700}) && open();
+    }
+
+    /// Opens the form, also again, and waits until it shows.
+    [[nodiscard]] bool open()
+    {
         const auto isShown = [this] {
             return activeTitle() == formTitle
                 && control(Accessible::Role::Button, QStringLiteral("Close")).has(Accessible::State::Showing);
         };
-        isReady = program.open({page}, {1100, 700}) && program.choose(QStringLiteral("Tools"), entry)
-            && QTest::qWaitFor(isShown, Program::patienceMs);
+        return program.choose(QStringLiteral("Tools"), menuEntry) && QTest::qWaitFor(isShown, Program::patienceMs);
     }
 
-    [[nodiscard]] Accessible form() { return program.application().find(Accessible::Role::Dialog, formTitle); }
+    /// Closes it by its button and waits until it has gone.
+    [[nodiscard]] bool close()
+    {
+        const WindowId window = program.window();
+        click(control(Accessible::Role::Button, QStringLiteral("Close")));
+        return QTest::qWaitFor([&] { return form().isNull() && program.desktop().activeWindow() == window; },
+                               Program::patienceMs);
+    }
+
+    [[nodiscard]] Accessible form() { return dialog(formTitle); }
+    /// Null if there is none. Looks at top-level windows alone: those have many controls, each of which takes a while.
+    [[nodiscard]] Accessible dialog(const QString &title)
+    {
+        const QList<Accessible> windows = program.application().children();
+        for (const Accessible &window : windows) {
+            if (window.name() == title)
+                return window;
+        }
+        return {};
+    }
     [[nodiscard]] Accessible control(Accessible::Role role, const QString &name) { return form().find(role, name); }
     [[nodiscard]] QString activeTitle() { return program.desktop().title(program.desktop().activeWindow()); }
     /// Those on show that tell a blind user nothing.
@@ -48,5 +74,6 @@ public:
     ImageManagerProgram program;
     QString page;
     QString formTitle;
+    QString menuEntry;
     bool isReady = false;
 };

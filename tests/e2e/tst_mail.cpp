@@ -1,8 +1,8 @@
 #include "files.h"
+#include "MailFormOnShow.h"
 #include "NameServer.h"
 #include "private_namespaces.h"
 #include "ScriptedMailServer.h"
-#include "ToolForm.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -17,19 +17,6 @@ using Role = Accessible::Role;
 namespace {
 
 const QByteArrayList goodSession{"220 a\r\n", "250 b\r\n", "250 c\r\n", "250 d\r\n", "354 e\r\n", "250 f\r\n"};
-
-/// It remembers whom it wrote to.
-class FormOnShow : public ToolForm
-{
-public:
-    FormOnShow() :
-        ToolForm(u"Send Image By E-mail"_s, u"Send by E-mail..."_s,
-                 {{u"ImageManager/mail_cfg/server"_s, u"127.0.0.2"_s},
-                  {u"ImageManager/mail_cfg/sender"_s, u"ann@example.test"_s},
-                  {u"ImageManager/mail_cfg/recipient"_s, u"bob@nowhere.test"_s}})
-    {
-    }
-};
 
 /// The bytes that travel in Base64 in the last part of a message.
 QByteArray attachment_of(const QByteArray &message)
@@ -50,7 +37,7 @@ private slots:
 
     void everyControlHasAName()
     {
-        FormOnShow shown;
+        MailFormOnShow shown;
         QVERIFY(shown.isReady);
 
         QVERIFY2(shown.namelessControls().isEmpty(), qPrintable(shown.form().tree()));
@@ -59,7 +46,7 @@ private slots:
     void aPageIsSentByTheKeyboard()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        FormOnShow shown;
+        MailFormOnShow shown;
         QVERIFY(shown.isReady);
 
         shown.program.desktop().pressKey("Return"); // Send is the default
@@ -75,7 +62,7 @@ private slots:
     void deleteAfterSendLeavesTheProgramWithoutATab()
     {
         ScriptedMailServer server(u"127.0.0.2"_s, goodSession);
-        FormOnShow shown;
+        MailFormOnShow shown;
         QVERIFY(shown.isReady);
 
         shown.click(shown.control(Role::CheckBox, u"Delete After Send"_s));

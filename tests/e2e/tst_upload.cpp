@@ -1,9 +1,10 @@
 #include "end_signals.h"
 #include "files.h"
+#include "FtpFormOnShow.h"
 #include "FtpServer.h"
 #include "lost_display.h"
 #include "private_namespaces.h"
-#include "ToolForm.h"
+#include "StalledUpload.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -18,47 +19,6 @@ using State = Accessible::State;
 
 // The upload as a user makes it, with the keyboard, to port 21 of a network that this program and the one under test
 // have to themselves.
-
-namespace {
-
-const QString FormTitle = u"Upload Image by FTP"_s;
-
-class FormOnShow : public ToolForm
-{
-public:
-    explicit FormOnShow(QSize pageSize = {100, 80}) : ToolForm(FormTitle, u"Upload by FTP..."_s, {}, pageSize) { }
-
-    [[nodiscard]] bool isOpen() { return !form().isNull(); }
-
-    void type(const QString &text)
-    {
-        for (const QChar character : text) {
-            const QByteArray key = character == u'/' ? "slash"_ba
-                : character == u'.'                  ? "period"_ba
-                                                     : QString(character).toLatin1();
-            program.desktop().pressKey(key);
-        }
-    }
-    void press(const char *key, const QList<const char *> &held = {}) { program.desktop().pressKey(key, held); }
-
-    /// Saves the page from the form.
-    [[nodiscard]] bool saveAs(const QString &name)
-    {
-        click(control(Role::Button, u"Save As..."_s));
-        if (!QTest::qWaitFor([this] { return activeTitle() == "Save File As"_L1; }, Program::patienceMs))
-            return false;
-        type(name);
-        press("Return");
-        // The next key is for the form, once the window manager has given it the keyboard again.
-        return QTest::qWaitFor(
-            [this] { return control(Role::Button, u"Upload"_s).has(State::Enabled) && activeTitle() == FormTitle; },
-            Program::patienceMs);
-    }
-
-    [[nodiscard]] QString savedFile(const QString &name) const { return place.home() + u'/' + name; }
-};
-
-} // namespace
 
 class tst_upload : public QObject
 {
@@ -76,7 +36,7 @@ private slots:
 
 void tst_upload::everyControlHasAName()
 {
-    FormOnShow shown;
+    FtpFormOnShow shown;
     QVERIFY(shown.isReady);
 
     QVERIFY2(shown.namelessControls().isEmpty(), qPrintable(shown.form().tree()));
@@ -85,7 +45,7 @@ void tst_upload::everyControlHasAName()
 void tst_upload::pageIsUploadedByTheKeyboard()
 {
     FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
-    FormOnShow shown;
+    FtpFormOnShow shown;
     QVERIFY(shown.isReady);
 
     shown.type(u"127.0.0.1"_s);
@@ -102,7 +62,7 @@ void tst_upload::refusalIsShownAndItsBoxMayBeClosedByTheWindowManager()
 {
     FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
     server.say("STOR", "553-This is not the place\r\n553 for <pictures>\r\n");
-    FormOnShow shown;
+    FtpFormOnShow shown;
     QVERIFY(shown.isReady);
     shown.type(u"127.0.0.1"_s);
     QVERIFY(shown.saveAs(u"sent.png"_s));
@@ -114,7 +74,7 @@ void tst_upload::refusalIsShownAndItsBoxMayBeClosedByTheWindowManager()
              qPrintable(shown.program.application().tree()));
     shown.program.desktop().close(shown.program.process().waitForWindow(u"ERROR"_s));
 
-    QVERIFY(QTest::qWaitFor([&] { return shown.activeTitle() == FormTitle; }, Program::patienceMs));
+    QVERIFY(QTest::qWaitFor([&] { return shown.activeTitle() == shown.formTitle; }, Program::patienceMs));
     QVERIFY(!shown.control(Role::Button, u"Upload"_s).has(State::Enabled));
     QVERIFY(QFile::exists(shown.savedFile(u"sent.png"_s)));
     shown.press("Escape");
@@ -126,7 +86,7 @@ void tst_upload::stalledUploadShowsItsProgressAndIsClosed()
 {
     FtpServer server(QHostAddress(QHostAddress::LocalHost), 21);
     server.stopDataAfter(1000);
-    FormOnShow shown({3000, 3000});
+    FtpFormOnShow shown(patterned_page({3000, 3000}));
     QVERIFY(shown.isReady);
     shown.type(u"127.0.0.1"_s);
     QVERIFY(shown.saveAs(u"sent.bmp"_s));
@@ -141,39 +101,6 @@ void tst_upload::stalledUploadShowsItsProgressAndIsClosed()
     QVERIFY(QFile::exists(shown.savedFile(u"sent.bmp"_s)));
     QCOMPARE(shown.program.close(), 0);
 }
-
-namespace {
-
-/// An upload that the server takes no more bytes of.
-class StalledUpload
-{
-public:
-    StalledUpload() : server(QHostAddress(QHostAddress::LocalHost), 21), shown({3000, 3000})
-    {
-        server.stopDataAfter(1000);
-        if (!shown.isReady)
-            return;
-        shown.type(u"127.0.0.1"_s);
-        if (!shown.saveAs(u"sent.bmp"_s))
-            return;
-        shown.press("u", {"Alt_L"});
-        isStalled = QTest::qWaitFor([this] { return server.dataCount() > 0; }, Program::patienceMs);
-    }
-
-    [[nodiscard]] Program &process() { return shown.program.process(); }
-    /// Whether the server has lost its client and the file is whole.
-    [[nodiscard]] bool hasEnded()
-    {
-        return QTest::qWaitFor([this] { return !server.hasClient(); }, Program::patienceMs)
-            && QImage(shown.savedFile(u"sent.bmp"_s)).size() == QSize(3000, 3000);
-    }
-
-    FtpServer server;
-    FormOnShow shown;
-    bool isStalled = false;
-};
-
-} // namespace
 
 void tst_upload::signalDuringAnUploadEndsIt_data()
 {

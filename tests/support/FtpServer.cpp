@@ -89,9 +89,17 @@ void FtpServer::answer(const QByteArray &step, const QByteArray &reply)
 {
     if (!control)
         return;
+    if (step == resetStep) {
+        reset_connection(*control);
+        return;
+    }
     if (step == "STOR" && isDataCutBefore && dataConnection)
         dataConnection->disconnectFromHost();
-    control->write(replies.value(step, friendly_replies().value(step, reply)));
+    const QByteArray words = replies.value(step, friendly_replies().value(step, reply));
+    if (isSlow)
+        send_byte_by_byte(*control, words);
+    else
+        control->write(words);
     if (cuts.contains(step))
         control->disconnectFromHost();
 }
@@ -123,7 +131,7 @@ void FtpServer::takeDataConnection()
     connect(dataConnection, &QTcpSocket::disconnected, this, [this] {
         readData();
         isDataEnded = true;
-        if (isStoring && earlyEnd < 0 && dataCut < 0)
+        if (isStoring && earlyEnd < 0 && dataCut < 0 && dataReset < 0)
             answer("end", {});
     });
     connect(dataConnection, &QTcpSocket::disconnected, dataConnection, &QObject::deleteLater);
@@ -140,6 +148,12 @@ void FtpServer::readData()
     if (earlyEnd >= 0 && !hasEndedEarly && count >= earlyEnd) {
         hasEndedEarly = true;
         answer("end", {});
+    }
+    if (dataReset >= 0 && count >= dataReset) {
+        dataConnection->disconnect(this);
+        reset_connection(*dataConnection);
+        answer("end", {});
+        return;
     }
     if (dataCut >= 0 && count >= dataCut) {
         dataConnection->disconnect(this);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "socket_faults.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QHostAddress>
@@ -37,6 +39,10 @@ public:
     void say(const QByteArray &step, const QByteArray &bytes) { replies.insert(step, bytes); }
     /// Ends the control connection at a step, once its reply is out.
     void cutAt(const QByteArray &step) { cuts.insert(step); }
+    /// Resets the control connection at a step, in the place of its reply; at none if it is empty.
+    void resetAt(const QByteArray &step) { resetStep = step; }
+    /// Sends each byte of its replies once the client has read the one before.
+    void sayByteByByte() { isSlow = true; }
     /// Names another host in the answer to PASV, as "10,0,0,1".
     void setPassiveHost(const QByteArray &host) { passiveHost = host; }
     /// Names a port at which nobody is.
@@ -45,6 +51,8 @@ public:
     void stopDataAfter(qint64 bytes) { dataLimit = bytes; }
     /// Ends the data connection with an error once so many bytes have come.
     void cutDataAfter(qint64 bytes) { dataCut = bytes; }
+    /// Resets it once so many bytes have come, and says the reply of "end".
+    void resetDataAfter(qint64 bytes) { dataReset = bytes; }
     /// Ends the data connection just before it says that the data may come.
     void cutDataBeforeGoAhead() { isDataCutBefore = true; }
     /// Says the reply of "end" as soon as so many bytes have come.
@@ -60,6 +68,9 @@ public:
     void takeData();
     /// Says something unasked.
     void sayNow(const QByteArray &words);
+
+    /// Says a line of so many bytes, as the client takes them. It belongs to the connection.
+    [[nodiscard]] EndlessLine *sayEndlessLine(qint64 bytes) { return new EndlessLine(control, bytes); }
 
     /// The lines that came, without their ends, of all sessions.
     [[nodiscard]] const QList<QByteArray> &commands() const { return lines; }
@@ -86,15 +97,18 @@ private:
     QPointer<QTcpSocket> dataConnection;
     QHash<QByteArray, QByteArray> replies;
     QSet<QByteArray> cuts;
+    QByteArray resetStep;
     QByteArray passiveHost = "127,0,0,1";
     QList<QByteArray> lines;
     QByteArray taken;
     qint64 count = 0;
     qint64 dataLimit = -1;
     qint64 dataCut = -1;
+    qint64 dataReset = -1;
     qint64 earlyEnd = -1;
     qint64 flood = 0;
     int sessionCount = 0;
+    bool isSlow = false;
     bool isDataRefused = false;
     bool isDataCutBefore = false;
     bool isDataEnded = false;
