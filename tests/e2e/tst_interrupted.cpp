@@ -196,6 +196,8 @@ void tst_interrupted::diskThatCannotTellItsRoomCountsAsFull()
     StoppingProgram program; // that does not stop
     program.program.process().setEnvironment(u"IM_NO_ROOM_TOLD"_s, u"yes"_s);
     QVERIFY(program.edit());
+    Desktop &desktop = program.program.desktop();
+    QTRY_COMPARE_WITH_TIMEOUT(desktop.title(desktop.activeWindow()), u"Warning"_s, Program::patienceMs);
 
     const MessageBox box = program.program.answer(u"No"_s);
 

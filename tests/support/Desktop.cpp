@@ -23,6 +23,14 @@ int ignore_error(Display *, XErrorEvent *)
     return 0;
 }
 
+/// A test may kill its server, for which Xlib would end it. As it is, all calls answer nothing any more.
+int say_nothing(Display *)
+{
+    return 0;
+}
+
+void stay(Display *, void *) { }
+
 } // namespace
 
 struct Desktop::Connection
@@ -81,6 +89,8 @@ Desktop::Desktop() : m_connection(std::make_unique<Connection>())
     if (m_connection->display == nullptr)
         qFatal("Desktop - no X server");
     XSetErrorHandler(ignore_error);
+    XSetIOErrorHandler(say_nothing);
+    XSetIOErrorExitHandler(m_connection->display, stay, nullptr);
 }
 
 Desktop::~Desktop()

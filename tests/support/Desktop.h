@@ -13,7 +13,7 @@ using WindowId = unsigned long;
 ///
 /// Units:   pixels of the first screen, the origin at its top left.
 /// Errors:  without a server the test program ends. A window that has gone in the meantime gives empty
-///          answers: windows of another process may go at any time.
+///          answers: windows of another process may go at any time. So does a server that has gone.
 /// Input:   goes through the XTEST extension, so programs cannot tell it from a person's.
 class Desktop
 {
