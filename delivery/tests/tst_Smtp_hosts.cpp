@@ -136,6 +136,7 @@ private slots:
         QTest::newRow("plain") << u"2525"_s << 2525;
         QTest::newRow("letters behind it") << u"2525x"_s << 2525;
         QTest::newRow("the highest") << u"65535"_s << 65535;
+        QTest::newRow("of the highest digit") << u"9025"_s << 9025;
         QTest::newRow("17 bits") << u"68061"_s << 2525;
     }
     void thePortIsTheLeadingNumberIn16Bits()
