@@ -56,6 +56,7 @@ private slots:
 
     void unsafeFilesAreRefused_data();
     void unsafeFilesAreRefused();
+    void fileThatBecomesShorterMeanwhileIsRefused();
     void sharedDataIsCopiedOnce();
     void arraySharedByManyDirectoriesIsRefused();
     void mutatedFilesAreRefusedOrCopiedInBoundedTimeAndMemory_data();
@@ -129,6 +130,21 @@ void tst_tiff_join_hostile::unsafeFilesAreRefused()
 
     QVERIFY(time.elapsed() < LongTimeMs * MeasureAllowance);
     QVERIFY(peak_memory_bytes() - before < SlackBytes * MeasureAllowance);
+}
+
+void tst_tiff_join_hostile::fileThatBecomesShorterMeanwhileIsRefused()
+{
+    write_file(directory.filePath(u"a.tif"_s),
+               tiff_of(QByteArray(100'000, 'x'), {entry(256, 3, 1), entry(273, 4, 8), entry(279, 4, 100'000)}));
+    const Opened file(directory.filePath(u"a.tif"_s));
+    QFile copy(directory.filePath(u"copy.tif"_s));
+    QVERIFY(copy.open(QIODevice::ReadWrite));
+    TiffJoin join({});
+    QVERIFY(join.add(file.handle(), 0, 1));
+
+    QVERIFY(QFile::resize(directory.filePath(u"a.tif"_s), 1000));
+
+    QVERIFY(!join.write(copy));
 }
 
 void tst_tiff_join_hostile::sharedDataIsCopiedOnce()
