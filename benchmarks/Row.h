@@ -38,6 +38,7 @@ struct Bar
         BytesRatio, ///< job by yardstick, both in bytes
         BytesExcess, ///< job less yardstick in bytes; the goal is in MB of 10^6 bytes
         Seconds, ///< the job alone in seconds; there is no yardstick
+        Bytes, ///< the job alone in bytes; there is no yardstick
         Count, ///< the job's count; there is no yardstick
     };
 
@@ -95,5 +96,8 @@ struct Row
 /// Messages with large attachments.
 [[nodiscard]] QList<Row> mail_rows();
 
-/// The rows of all groups, by number. A new group is declared above and added to its list.
+/// Curves over the size of pages and the number of pages and tabs. They have no goals and are measured on demand.
+[[nodiscard]] QList<Row> scale_rows();
+
+/// The rows of all groups that have goals, by number. A new group is declared above and added to its list.
 [[nodiscard]] QList<Row> all_rows();

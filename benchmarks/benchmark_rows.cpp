@@ -48,9 +48,10 @@ int measure(const QList<Row> &rows, int rounds, const Surroundings &surroundings
 
 QList<Row> chosen_rows(const QStringList &numbers)
 {
-    QList<Row> rows = all_rows();
-    if (!numbers.isEmpty())
-        rows.removeIf([&numbers](const Row &row) { return !numbers.contains(QString::number(row.number)); });
+    if (numbers.isEmpty())
+        return all_rows();
+    QList<Row> rows = all_rows() + scale_rows();
+    rows.removeIf([&numbers](const Row &row) { return !numbers.contains(QString::number(row.number)); });
     return rows;
 }
 

@@ -1,12 +1,13 @@
 // Makes the pages that the rows open, the same bytes every time:
 //
-//   make_inputs DIRECTORY
+//   make_inputs DIRECTORY [--scale]
 //
 // Each has paper tint, text, a continuous-tone picture and noise on every pixel, as a scanner delivers them, and
 // the mark. Each lies in a directory of its own, since some viewers look at the neighbours too. A file that is there
-// already stays.
+// already stays. With --scale also the pages of the curves that show where the work grows.
 
 #include "mark.h"
+#include "scale_inputs.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -215,12 +216,12 @@ bool write_black_page(TIFF *file, const QImage &page, int dpi, int compression, 
     return TIFFWriteDirectory(file) == 1;
 }
 
-bool write_black_tiff(const QString &path)
+bool write_black_tiff(const QString &path, QSize size, int dpi)
 {
     Noise noise;
     const TiffFile file = open_tiff(path);
-    const QImage page = clean_page(A4, Qt::white, BlackMark);
-    return file && write_black_page(file.get(), page, 600, COMPRESSION_CCITTFAX4, noise);
+    const QImage page = clean_page(size, Qt::white, BlackMark);
+    return file && write_black_page(file.get(), page, dpi, COMPRESSION_CCITTFAX4, noise);
 }
 
 /// The noise goes on from page to page, so no two are alike.
@@ -270,40 +271,60 @@ bool write_by_toolkit(const QString &path, const char *format, const QImage &pag
 
 struct Input
 {
-    const char *name;
+    QString name;
     std::function<bool(const QString &)> write;
 };
 
-const std::array inputs{
-    Input{"a4_300_jpeg/page.jpg",
-          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4 / 2, 300)); }},
-    Input{"a4_600_jpeg/page.jpg",
-          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4, 600)); }},
-    Input{"a4_600_png/page.png",
-          [](const QString &path) { return write_by_toolkit(path, "png", colour_page(A4, 600)); }},
-    Input{"a4_600_tiff/page.tif", write_colour_tiff},
-    Input{"a4_600_1bit_tiff/page.tif", write_black_tiff},
-    Input{"pages_tiff/pages.tif", [](const QString &path) { return write_many_pages(path, COMPRESSION_NONE); }},
-    Input{"pages_group4/pages.tif", [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4); }},
-    Input{"pages_500_group4/pages.tif",
-          [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4, 500, 150); }},
-    Input{"mark/mark.png", write_mark},
-    Input{"imagemagick/policy.xml", write_limits},
-    Input{"a3_600_jpeg/page.jpg",
-          [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A3, 600)); }},
-};
+const QList<Input> &inputs()
+{
+    static const QList<Input> all{
+        {u"a4_300_jpeg/page.jpg"_s,
+         [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4 / 2, 300)); }},
+        {u"a4_600_jpeg/page.jpg"_s,
+         [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A4, 600)); }},
+        {u"a4_600_png/page.png"_s,
+         [](const QString &path) { return write_by_toolkit(path, "png", colour_page(A4, 600)); }},
+        {u"a4_600_tiff/page.tif"_s, write_colour_tiff},
+        {u"a4_600_1bit_tiff/page.tif"_s, [](const QString &path) { return write_black_tiff(path, A4, 600); }},
+        {u"pages_tiff/pages.tif"_s, [](const QString &path) { return write_many_pages(path, COMPRESSION_NONE); }},
+        {u"pages_group4/pages.tif"_s,
+         [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4); }},
+        {u"pages_500_group4/pages.tif"_s,
+         [](const QString &path) { return write_many_pages(path, COMPRESSION_CCITTFAX4, 500, 150); }},
+        {u"mark/mark.png"_s, write_mark},
+        {u"imagemagick/policy.xml"_s, write_limits},
+        {u"a3_600_jpeg/page.jpg"_s,
+         [](const QString &path) { return write_by_toolkit(path, "jpeg", colour_page(A3, 600)); }},
+    };
+    return all;
+}
+
+QList<Input> scale_inputs()
+{
+    QList<Input> all;
+    for (const ScalePage &page : scale_pages(32))
+        all.append({page.path(), [page](const QString &path) {
+                        return write_by_toolkit(path, "jpeg", colour_page(page.size, page.dpi));
+                    }});
+    for (const ScalePage &page : scale_pages(1))
+        all.append({page.path(), [page](const QString &path) { return write_black_tiff(path, page.size, page.dpi); }});
+    for (const int count : ScaleCounts)
+        all.append({scale_file(count), [count](const QString &path) {
+                        return write_many_pages(path, COMPRESSION_CCITTFAX4, count, 150);
+                    }});
+    return all;
+}
 
 /// Written under another name first, so that an interrupted run leaves no half of a page behind.
 bool make(const Input &input, const QDir &directory)
 {
-    const QString name = QString::fromLatin1(input.name);
-    if (directory.exists(name))
+    if (directory.exists(input.name))
         return true;
     const QString unfinished = directory.filePath(u"unfinished"_s);
     QFile::remove(unfinished);
-    std::puts(input.name);
-    return directory.mkpath(QFileInfo(name).path()) && input.write(unfinished)
-        && QFile::rename(unfinished, directory.filePath(name));
+    std::puts(qPrintable(input.name));
+    return directory.mkpath(QFileInfo(input.name).path()) && input.write(unfinished)
+        && QFile::rename(unfinished, directory.filePath(input.name));
 }
 
 } // namespace
@@ -312,16 +333,17 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fputs("usage: make_inputs DIRECTORY\n", stderr);
+    const bool withScale = argc == 3 && qstrcmp(argv[2], "--scale") == 0;
+    if (argc != 2 && !withScale) {
+        std::fputs("usage: make_inputs DIRECTORY [--scale]\n", stderr);
         return 2;
     }
     const QDir directory(QFile::decodeName(argv[1]));
     if (!directory.mkpath(u"."_s))
         return 1;
-    for (const Input &input : inputs) {
+    for (const Input &input : inputs() + (withScale ? scale_inputs() : QList<Input>())) {
         if (!make(input, directory)) {
-            std::fprintf(stderr, "make_inputs: cannot write %s\n", input.name);
+            std::fprintf(stderr, "make_inputs: cannot write %s\n", qPrintable(input.name));
             return 1;
         }
     }

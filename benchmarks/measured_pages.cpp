@@ -75,7 +75,7 @@ void MeasuredPage::beEmpty()
 bool MeasuredPage::open(const QString &path)
 {
     beEmpty();
-    if (!document.load(path, u"TIFF"_s))
+    if (!document.load(path, path.endsWith(".tif"_L1) ? u"TIFF"_s : QString()))
         return false;
     shownPage = std::as_const(document).page(1);
     return true;

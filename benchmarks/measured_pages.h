@@ -60,7 +60,7 @@ public:
     void beEdited();
     /// Holds no page any more.
     void beEmpty();
-    /// Opens a TIFF file, with nothing left of earlier pages.
+    /// Opens a file, all pages of a TIFF file, with nothing left of earlier pages.
     [[nodiscard]] bool open(const QString &path);
 
     [[nodiscard]] bool edit(const Edit &edit);

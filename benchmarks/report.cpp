@@ -14,6 +14,7 @@ QString measured(Bar::Kind kind, double value)
         return QString::number(value * 1e3, 'f', value < 0.1 ? 3 : 0) + u" ms"_s;
     case Bar::BytesRatio:
     case Bar::BytesExcess:
+    case Bar::Bytes:
         return QString::number(value / 1e6, 'f', 1) + u" MB"_s;
     case Bar::Count:
         break;
@@ -30,6 +31,7 @@ QString compared(Bar::Kind kind, double value)
     case Bar::BytesExcess:
         return (value < 0 ? u"%1 MB"_s : u"+%1 MB"_s).arg(value, 0, 'f', 1);
     case Bar::Seconds:
+    case Bar::Bytes:
         return measured(kind, value);
     case Bar::Count:
         break;

@@ -63,6 +63,7 @@ double compared(Bar::Kind kind, double job, double yardstick)
     case Bar::BytesExcess:
         return (job - yardstick) / megabyte;
     case Bar::Seconds:
+    case Bar::Bytes:
     case Bar::Count:
         break;
     }
