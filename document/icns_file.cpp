@@ -11,6 +11,13 @@
 
 namespace {
 
+constexpr qint64 HeaderBytes = 8; ///< of a block: its name, and its length with this header
+
+qint64 length_in(const QByteArray &header)
+{
+    return qFromBigEndian<quint32>(header.constData() + 4);
+}
+
 /// Pixels of an icon whose colours are coded one after the other; 0 for a block of another kind.
 qsizetype coded_pixels(const QByteArray &name)
 {
@@ -52,28 +59,38 @@ bool has_all_runs(const QByteArray &codes, qsizetype pixels)
     return at <= codes.size();
 }
 
+/// Whether a table of contents claims no block larger than the file: the reader believes it, and fetches such a block in
+/// one piece.
+bool lists_blocks_of_the_file(const QByteArray &contents, qint64 fileBytes)
+{
+    for (qsizetype at = 0; at + HeaderBytes <= contents.size(); at += HeaderBytes) {
+        const qint64 length = length_in(contents.sliced(at, HeaderBytes));
+        if (length < HeaderBytes || length > fileBytes)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 bool is_complete_icns(QIODevice &file)
 {
-    constexpr qint64 headerBytes = 8; // name and length with this header
     const qint64 start = file.pos();
-    const auto lengthOf = [](const QByteArray &header) {
-        return qint64{qFromBigEndian<quint32>(header.constData() + 4)};
-    };
-    const QByteArray fileHeader = file.read(headerBytes);
-    if (fileHeader.size() < headerBytes || start + lengthOf(fileHeader) > file.size())
+    const QByteArray fileHeader = file.read(HeaderBytes);
+    if (fileHeader.size() < HeaderBytes || start + length_in(fileHeader) > file.size())
         return false;
-    const qint64 end = start + lengthOf(fileHeader);
-    for (qint64 at = start + headerBytes; at + headerBytes <= end && file.seek(at);) {
-        const QByteArray header = file.read(headerBytes);
-        if (header.size() < headerBytes)
+    const qint64 end = start + length_in(fileHeader);
+    for (qint64 at = start + HeaderBytes; at + HeaderBytes <= end && file.seek(at);) {
+        const QByteArray header = file.read(HeaderBytes);
+        if (header.size() < HeaderBytes)
             return false;
-        const qint64 length = lengthOf(header);
-        if (length < headerBytes || at + length > end)
+        const qint64 length = length_in(header);
+        if (length < HeaderBytes || at + length > end)
             return false;
         const qsizetype pixels = coded_pixels(header.first(4));
-        const qsizetype bytes = length - headerBytes;
+        const qsizetype bytes = length - HeaderBytes;
+        if (header.startsWith("TOC ") && !lists_blocks_of_the_file(file.read(bytes), end - start))
+            return false;
         if (pixels > 0 && !is_plain(bytes) && !has_all_runs(file.read(bytes), pixels))
             return false;
         at += length;

@@ -239,6 +239,9 @@ void tst_complete_file::icnsIsJudgedByItsBlocksAndCodes_data()
     QTest::newRow("header alone") << QByteArray("icns") + big32(8) << true;
     QTest::newRow("half a header") << QByteArray("icns\0\0", 6) << false;
     const QByteArray whole = encoded(patterned_page({32, 32}), "icns");
+    const qsizetype listed = whole.indexOf("TOC ") + 12; // the first length in the table of contents
+    QTest::newRow("contents that claim gigabytes") << QByteArray(whole).replace(listed, 4, big32(0x7fffffff)) << false;
+    QTest::newRow("contents that claim less than a header") << QByteArray(whole).replace(listed, 4, big32(7)) << false;
     QTest::newRow("of the toolkit") << whole << true;
     QTest::newRow("of the toolkit, cut") << whole.chopped(1) << false;
 }
