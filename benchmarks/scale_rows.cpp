@@ -13,6 +13,7 @@
 
 #include <QFile>
 
+#include <array>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -215,10 +216,15 @@ QList<Row> page_rows(int number, int depth)
 {
     const QList<Place> places = page_places(depth);
     const QString suffix = u" %1 bit"_s.arg(depth);
-    const std::pair<const char *, Work (*)(const QString &)> works[]{
-        {"open", opening}, {"turn", turning}, {"undo", undoing},
-        {"save", saving},  {"zoom", zooming}, {"print", printing},
-    };
+    using NamedWork = std::pair<const char *, Work (*)(const QString &)>;
+    constexpr std::array<NamedWork, 6> works{{
+        {"open", opening},
+        {"turn", turning},
+        {"undo", undoing},
+        {"save", saving},
+        {"zoom", zooming},
+        {"print", printing},
+    }};
     QList<Row> rows =
         start_rows_of(number, u"start"_s + suffix, places, u"imagemanager"_s, depth == 1 ? BlackMark : ColourMark);
     for (const auto &[name, work] : works)
