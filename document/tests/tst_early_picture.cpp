@@ -1,19 +1,14 @@
-#include "descriptor.h"
 #include "early_picture.h"
+#include "EarlyFiles.h"
 #include "first_picture.h"
-#include "image_files.h"
 #include "ImageDocument.h"
 #include "odd_files.h"
 #include "pictures.h"
 #include "plain_pngs.h"
 #include "tiff_diagnostics.h"
 
-#include <QFile>
 #include <QImageWriter>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <fcntl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -72,17 +67,10 @@ QString differences(const Loaded &actual, const Loaded &expected)
     return {};
 }
 
-/// The page that the thread has made of a file.
-QImage early_page(const QString &path, const QString &word)
-{
-    const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
-    return take_early_picture(path, word, file.get());
-}
-
 } // namespace
 
 /// A file that is decoded on a thread of its own before it is loaded is loaded as if it had not been.
-class tst_early_picture : public QObject
+class tst_early_picture : public QObject, private EarlyFiles
 {
     Q_OBJECT
 
@@ -103,17 +91,6 @@ private slots:
     void aFileThatTheDecoderHasSomethingToSayAboutIsLeftToTheLoad();
     void anotherPathOrWordTakesNothing();
     void aPictureIsTakenOnce();
-
-private:
-    [[nodiscard]] QString written(const QByteArray &bytes, const QString &name = u"file"_s) const
-    {
-        write_file(directory.filePath(name), bytes);
-        return directory.filePath(name);
-    }
-
-    static QByteArray largePng() { return PlainPng{.size = QSize(1200, 900)}.file(); }
-
-    const QTemporaryDir directory;
 };
 
 void tst_early_picture::filesOfAllFormatsAreLoadedAsWithoutAThread_data()

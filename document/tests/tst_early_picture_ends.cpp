@@ -1,5 +1,5 @@
-#include "descriptor.h"
 #include "early_picture.h"
+#include "EarlyFiles.h"
 #include "first_picture.h"
 #include "image_files.h"
 #include "ImageDocument.h"
@@ -9,12 +9,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
 #include <cstdlib>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,13 +34,6 @@ quint32 plain_adler32(const QByteArray &bytes)
     return sumOfSums << 16 | sum;
 }
 
-/// The page that the thread has made of a file.
-QImage early_page(const QString &path, const QString &word)
-{
-    const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
-    return take_early_picture(path, word, file.get());
-}
-
 qsizetype thread_count()
 {
     return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
@@ -51,7 +42,7 @@ qsizetype thread_count()
 } // namespace
 
 /// What changes between the early decoding and the load, and ends it.
-class tst_early_picture_ends : public QObject
+class tst_early_picture_ends : public QObject, private EarlyFiles
 {
     Q_OBJECT
 
@@ -65,17 +56,6 @@ private slots:
     void aPipeIsNotWaitedFor();
     void anEndDuringTheDecodingIsAnOrdinaryEnd();
     void manyPagesAreMadeAndDroppedOnBothSides();
-
-private:
-    [[nodiscard]] QString written(const QByteArray &bytes, const QString &name = u"file"_s) const
-    {
-        write_file(directory.filePath(name), bytes);
-        return directory.filePath(name);
-    }
-
-    static QByteArray largePng() { return PlainPng{.size = QSize(1200, 900)}.file(); }
-
-    const QTemporaryDir directory;
 };
 
 void tst_early_picture_ends::aFileReplacedMeanwhileIsReadAgain()

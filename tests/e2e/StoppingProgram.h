@@ -1,11 +1,13 @@
 #pragma once
 
 #include "ImageManagerProgram.h"
+#include "pictures.h"
 #include "private_mounts.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QTest>
 
 #include <csignal>
@@ -92,3 +94,17 @@ private:
             Program::patienceMs);
     }
 };
+
+/// The page in a file.
+[[nodiscard]] inline QImage page_of(const QString &path)
+{
+    return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+/// What the page of a StoppingProgram becomes.
+[[nodiscard]] inline QImage inverted_page()
+{
+    QImage page = patterned_page({100, 80});
+    page.invertPixels();
+    return page;
+}

@@ -38,22 +38,6 @@ private slots:
     void programsOfTheSameSecondKeepTheirPastsApart();
 };
 
-namespace {
-
-QImage rgb(const QString &path)
-{
-    return QImage(path).convertToFormat(QImage::Format_RGB32);
-}
-
-QImage inverted_page()
-{
-    QImage page = patterned_page({100, 80});
-    page.invertPixels();
-    return page;
-}
-
-} // namespace
-
 void tst_interrupted::signalDuringASaveWaitsForItsEnd_data()
 {
     add_end_signals();
@@ -69,7 +53,7 @@ void tst_interrupted::signalDuringASaveWaitsForItsEnd()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForEndBySignal(), number);
-    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QVERIFY(compare_pictures(page_of(stopping.path), inverted_page()));
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
     QCOMPARE(stopping.snapshots(), QStringList());
 }
@@ -90,7 +74,7 @@ void tst_interrupted::signalDuringAnEditWaitsForItsEnd()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForEndBySignal(), number);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
     QCOMPARE(stopping.snapshots(), QStringList());
 }
 
@@ -102,7 +86,7 @@ void tst_interrupted::killDuringASaveLeavesTheOldFile()
     stopping.send(SIGKILL);
 
     QCOMPARE(stopping.program.process().waitForEndBySignal(), SIGKILL);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
     QStringList others = stopping.files();
     QVERIFY(others.removeOne(u"a.bmp"_s));
     QCOMPARE(others.size(), 1);
@@ -119,7 +103,7 @@ void tst_interrupted::displayThatGoesWhileNothingHappensLeavesTheFile()
     lose_display_of(stopping.window);
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
 }
 
 void tst_interrupted::displayThatGoesDuringASaveLeavesAWholeFile()
@@ -131,7 +115,7 @@ void tst_interrupted::displayThatGoesDuringASaveLeavesAWholeFile()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page())); // a save does not look at the display
+    QVERIFY(compare_pictures(page_of(stopping.path), inverted_page())); // a save does not look at the display
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 
@@ -144,7 +128,7 @@ void tst_interrupted::displayThatGoesDuringAnEditLeavesTheFile()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 
@@ -160,7 +144,7 @@ void tst_interrupted::diskThatFillsDuringASnapshotCostsNothing()
     QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp*"_s, Program::patienceMs);
     QCOMPARE(stopping.snapshots().size(), 1);
     const QString snapshot = stopping.place.home() + "/tmp/"_L1 + stopping.snapshots().constFirst();
-    QVERIFY(compare_pictures(rgb(snapshot), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(snapshot), patterned_page({100, 80})));
 }
 
 void tst_interrupted::diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn_data()
@@ -188,7 +172,7 @@ void tst_interrupted::diskThatFillsBehindALookForRoomIsToldAndTheEditGoesOn()
     QTRY_COMPARE(stopping.program.desktop().activeWindow(), stopping.window);
     stopping.program.desktop().pressKey("s", {"Control_L"});
     QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp"_s, Program::patienceMs);
-    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QVERIFY(compare_pictures(page_of(stopping.path), inverted_page()));
 }
 
 void tst_interrupted::diskThatCannotTellItsRoomCountsAsFull()
@@ -206,7 +190,7 @@ void tst_interrupted::diskThatCannotTellItsRoomCountsAsFull()
     QCOMPARE(program.program.currentTab(), u"a.bmp"_s);
     QCOMPARE(program.program.close(), 0);
     QVERIFY(program.program.process().errors().contains("statfs failed! Input/output error"_L1));
-    QVERIFY(compare_pictures(rgb(program.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(program.path), patterned_page({100, 80})));
 }
 
 void tst_interrupted::diskThatFillsDuringASaveTakesTheNewFileAllTheSame()
@@ -219,7 +203,7 @@ void tst_interrupted::diskThatFillsDuringASaveTakesTheNewFileAllTheSame()
 
     // It is completed on the other disk, and the old one gives its room.
     QTRY_COMPARE_WITH_TIMEOUT(stopping.program.currentTab(), u"a.bmp"_s, Program::patienceMs);
-    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QVERIFY(compare_pictures(page_of(stopping.path), inverted_page()));
     QCOMPARE(stopping.files(), (QStringList{u"a.bmp"_s, u"filler"_s}));
     QCOMPARE(stopping.program.close(), 0);
     QCOMPARE(stopping.snapshots(), QStringList());
@@ -282,7 +266,7 @@ void tst_interrupted::snapshotsOfAnEarlierRunInTheSameSecondStay()
     QCOMPARE(snapshots_of(place).size(), 2);
     QVERIFY(later.undoAndSave());
 
-    QVERIFY(compare_pictures(rgb(path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(path), patterned_page({100, 80})));
     QCOMPARE(later.program.close(), 0);
     QCOMPARE(snapshots_of(place), left);
     QCOMPARE(QImage(place.home() + "/tmp/"_L1 + left.first()).size(), QSize(60, 50));
@@ -308,8 +292,8 @@ void tst_interrupted::programsOfTheSameSecondKeepTheirPastsApart()
     QTRY_COMPARE(first.program.desktop().activeWindow(), first.program.window());
     QVERIFY(first.undoAndSave());
 
-    QVERIFY(compare_pictures(rgb(firstPage), patterned_page({100, 80})));
-    QVERIFY(compare_pictures(rgb(secondPage), patterned_page({60, 50})));
+    QVERIFY(compare_pictures(page_of(firstPage), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(secondPage), patterned_page({60, 50})));
     QCOMPARE(first.program.close(), 0);
     QCOMPARE(snapshots_of(place), QStringList());
 }

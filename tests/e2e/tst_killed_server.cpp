@@ -4,7 +4,6 @@
 #include "StoppingProgram.h"
 
 #include <QCoreApplication>
-#include <QImage>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -21,22 +20,6 @@ private slots:
     void uploadEndsAndItsFileStays();
 };
 
-namespace {
-
-QImage rgb(const QString &path)
-{
-    return QImage(path).convertToFormat(QImage::Format_RGB32);
-}
-
-QImage inverted_page()
-{
-    QImage page = patterned_page({100, 80});
-    page.invertPixels();
-    return page;
-}
-
-} // namespace
-
 void tst_killed_server::idleProgramEnds()
 {
     const OwnScreen screen;
@@ -47,7 +30,7 @@ void tst_killed_server::idleProgramEnds()
     screen.killServer();
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 
@@ -61,7 +44,7 @@ void tst_killed_server::saveIsFinishedFirst()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), inverted_page()));
+    QVERIFY(compare_pictures(page_of(stopping.path), inverted_page()));
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 
@@ -75,7 +58,7 @@ void tst_killed_server::editLeavesTheFileAsItWas()
     stopping.goOn();
 
     QCOMPARE(stopping.program.process().waitForExit(), 1);
-    QVERIFY(compare_pictures(rgb(stopping.path), patterned_page({100, 80})));
+    QVERIFY(compare_pictures(page_of(stopping.path), patterned_page({100, 80})));
     QCOMPARE(stopping.files(), QStringList{u"a.bmp"_s});
 }
 

@@ -34,3 +34,14 @@ QImage painted(double factor, const QPoint &scroll, const QRegion &exposed, cons
     painter.end();
     return window;
 }
+
+/// The transform that a painting job leaves behind, of a painter that had zoom_transform().
+template <typename Draw> QTransform transform_after(double factor, const QPoint &scroll, const Draw &draw)
+{
+    QTransform after;
+    (void)painted(factor, scroll, {}, [&](QPainter &painter) {
+        draw(painter);
+        after = painter.transform();
+    });
+    return after;
+}
