@@ -65,7 +65,6 @@ void Smtp::giveUpHost(const QString &reason)
     socket = nullptr;
     sockets.last()->close();
     reply.clear();
-    authentication = policy->authentication(parties);
     dialNextHosts();
 }
 
