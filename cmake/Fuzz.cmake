@@ -25,6 +25,6 @@ function(im_add_fuzz_target name)
     endif()
     target_sources(${name} PRIVATE ${support}/ordinary_test.cpp)
     add_test(NAME ${name} COMMAND ${name} ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/finds/${name})
-    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS};fuzz" TIMEOUT 120
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS};fuzz" TIMEOUT 120 PROCESSORS ${IM_TEST_SHARE}
         ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home;LC_ALL=C.UTF-8;LANGUAGE=;QT_QPA_PLATFORM=offscreen")
 endfunction()

@@ -39,6 +39,10 @@ endfunction()
 # stand in the code.
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/test-home)
 
+# What a test takes of the jobs that a preset has for ctest: two for each of two processors and one more, which is for a
+# test that only waits and so says 1.
+set(IM_TEST_SHARE 2)
+
 # The status of a test program whose machine lacks what it needs, see tests/support/skipped_test.h.
 set(IM_SKIPPED_TEST 77)
 
@@ -69,6 +73,7 @@ function(im_add_test name)
     set_tests_properties(${name} PROPERTIES
         LABELS "${arg_LABELS}"
         TIMEOUT ${arg_TIMEOUT}
+        PROCESSORS ${IM_TEST_SHARE}
         SKIP_RETURN_CODE ${IM_SKIPPED_TEST}
         ENVIRONMENT "HOME=${PROJECT_BINARY_DIR}/test-home;LC_ALL=C.UTF-8;LANGUAGE=")
 endfunction()

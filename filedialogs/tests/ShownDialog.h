@@ -34,13 +34,20 @@ public:
     }
 };
 
-/// Marks a row of the list as a click does, once it has @p count of them. The list comes in by itself.
-inline void mark_row(const ImageFileDialog &dialog, int row, int count)
+/// Marks the row of a name as a click does, once it is there. The list comes in by itself, and is sorted after that.
+inline void mark_row(const ImageFileDialog &dialog, const QString &name)
 {
-    auto *const rows = dialog.findChild<QListView *>(QStringLiteral("listView"));
-    if (!QTest::qWaitFor([rows, count] { return rows->model()->rowCount(rows->rootIndex()) == count; }))
-        qFatal("the list does not have its rows");
-    rows->setFocus();
-    rows->selectionModel()->select(rows->model()->index(row, 0, rows->rootIndex()),
-                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    auto *const list = dialog.findChild<QListView *>(QStringLiteral("listView"));
+    const auto row = [list, &name] {
+        const QModelIndex folder = list->rootIndex();
+        QModelIndex found;
+        for (int i = 0; i < list->model()->rowCount(folder) && !found.isValid(); ++i)
+            if (const QModelIndex index = list->model()->index(i, 0, folder); index.data() == name)
+                found = index;
+        return found;
+    };
+    if (!QTest::qWaitFor([&row] { return row().isValid(); }))
+        qFatal("the list does not have the row");
+    list->setFocus();
+    list->selectionModel()->select(row(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }

@@ -70,7 +70,7 @@ private slots:
         const TemporaryHome home;
         write_file(home.filePath(u"scan.png"_s), {});
         const ShownDialog dialog(home);
-        mark_row(dialog, 0, 1);
+        mark_row(dialog, u"scan.png"_s);
 
         dialog.findChild<QLineEdit *>("fileNameEdit"_L1)->clear();
 
@@ -177,7 +177,7 @@ private slots:
         if (isTyped)
             type_name(dialog, name);
         else
-            mark_row(dialog, 0, 1);
+            mark_row(dialog, name);
 
         press_accept(dialog);
 
@@ -193,7 +193,7 @@ private slots:
         const ShownDialog dialog(home);
         const NoBox noBox;
         type_name(dialog, u"old \".png"_s);
-        mark_row(dialog, 0, 2);
+        mark_row(dialog, u"a scans"_s);
 
         press_accept(dialog);
 

@@ -199,7 +199,7 @@ private slots:
         QVERIFY(QDir(home.path()).mkdir(u"scans"_s));
         const ShownDialog dialog(home);
         type_name(dialog, typed);
-        mark_row(dialog, 0, 1);
+        mark_row(dialog, u"scans"_s);
 
         choose_filter(dialog, jpegFilter);
 
