@@ -125,24 +125,26 @@ template <int Step> void ByteAverage::averageColors(const PageRows &rows, int fi
     constexpr quint64 half = Step * Step / 2 * OneEach;
     constexpr int shift = std::countr_zero(unsigned{Step * Step});
     constexpr int lines = std::min(Step, LinesAtOnce);
+    constexpr int partWidth = std::min(Step, 8); // of more pixels the compiler makes no straight code
     std::array<quint64, BlockColumns> sums;
 
     for (int y = 0; y < Step; y += lines) {
+        std::array<const uchar *, lines> line;
+        for (int i = 0; i < lines; ++i)
+            line[static_cast<std::size_t>(i)] = rows.row(y + i) + first;
         for (std::size_t i = 0; i < target.size(); ++i) {
-            quint64 even = y == 0 ? half : sums[i];
-            quint64 odd = 0; // two sums, as one addition would wait for the other
-            for (int line = 0; line < lines; ++line) {
-                const uchar *const pixel = rows.row(y + line) + first + i * Step;
-                for (int x = 0; x < Step; x += 2) {
-                    even += m_colors[pixel[x]];
-                    odd += m_colors[pixel[x + 1]];
+            quint64 sum = y == 0 ? half : sums[i];
+            for (const uchar *&pixel : line) {
+                for (int part = 0; part < Step; part += partWidth) {
+                    for (const uchar *const end = pixel + partWidth; pixel < end; ++pixel)
+                        sum += m_colors[*pixel];
                 }
             }
-            sums[i] = even + odd;
-            if (y + lines == Step)
-                target[i] = gathered((sums[i] >> shift) & Bytes);
+            sums[i] = sum;
         }
     }
+    std::transform(sums.begin(), sums.begin() + std::ssize(target), target.begin(),
+                   [](quint64 sum) { return gathered((sum >> shift) & Bytes); });
 }
 
 QRgb ByteAverage::averageOf(const PageRows &rows, PixelSpan span) const

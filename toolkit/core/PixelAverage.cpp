@@ -1,6 +1,7 @@
 #include "PixelAverage.h"
 
 #include "shown_colors.h"
+#include "wide_registers.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +20,7 @@ QImage::Format PixelAverage::format(const QImage &page)
 
 void PixelAverage::readRow(QRgb *target, PixelSpan rows)
 {
+    release_wide_registers();
     const PageRows lines{.first = m_page.constScanLine(rows.first),
                          .bytesPerLine = m_page.bytesPerLine(),
                          .count = rows.count(),

@@ -1,5 +1,7 @@
 #include "average_words.h"
 
+#include "average_blocks.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -177,6 +179,26 @@ template <AlphaChannel Alpha> QRgb folded(const BlockSums<Alpha> &sums, PixelSpa
         | rounded_mean(blue, count) | KnownAlpha<Alpha>;
 }
 
+/// Columns of as many words as there are lines, which follow one another from word @p first on.
+template <AlphaChannel Alpha>
+void average_evenly(BlockSums<Alpha> &sums, const PageRows &rows, int first, std::span<QRgb> target)
+{
+    const int step = rows.count;
+    if (has_fast_blocks(step, Alpha)) {
+        average_blocks(rows, first, Alpha, target);
+        return;
+    }
+    const auto columnsAtOnce = static_cast<std::size_t>(BlockWidth / step);
+    while (!target.empty()) {
+        const auto part = target.first(std::min(columnsAtOnce, target.size()));
+        const int width = static_cast<int>(part.size()) * step;
+        sums.read(first, width);
+        fold_evenly(sums, step, part);
+        first += width;
+        target = target.subspan(part.size());
+    }
+}
+
 template <AlphaChannel Alpha>
 void average_with(const PageRows &rows, const ReducedColumns &columns, std::span<QRgb> target)
 {
@@ -196,11 +218,9 @@ void average_with(const PageRows &rows, const ReducedColumns &columns, std::span
     };
 
     averageAny(0, even.first);
-    for (int from = even.first, count = 0; from < even.end; from += count) {
-        count = std::min(BlockWidth / columns.step(), even.end - from);
-        sums.read(spans[static_cast<std::size_t>(from)].first, count * columns.step());
-        const auto part = target.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(count));
-        fold_evenly(sums, columns.step(), part);
+    if (even.count() > 0) {
+        const auto from = static_cast<std::size_t>(even.first);
+        average_evenly(sums, rows, spans[from].first, target.subspan(from, static_cast<std::size_t>(even.count())));
     }
     averageAny(even.end, static_cast<int>(spans.size()));
 }

@@ -1,7 +1,7 @@
 #include "CachedScrollBar.h"
 
 #include <QPainter>
-#include <QStyle>
+#include <QProxyStyle>
 
 namespace {
 
@@ -11,6 +11,13 @@ constexpr QStyle::SubControls Ground =
     QStyle::SC_ScrollBarGroove | QStyle::SC_ScrollBarAddPage | QStyle::SC_ScrollBarSubPage;
 constexpr QStyle::SubControls Arrows = QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarSubLine;
 
+/// Only this style is known to draw part after part.
+bool is_drawn_in_parts(const QStyle *style)
+{
+    const auto *proxy = qobject_cast<const QProxyStyle *>(style);
+    return (proxy ? proxy->baseStyle() : style)->inherits("QFusionStyle");
+}
+
 } // namespace
 
 CachedScrollBar::CachedScrollBar(Qt::Orientation orientation, QWidget *parent) : QScrollBar(orientation, parent) { }
@@ -19,19 +26,47 @@ void CachedScrollBar::paintEvent(QPaintEvent *event)
 {
     QStyleOptionSlider option;
     initStyleOption(&option);
-    // Under the mouse parts of the bar light up, and only this style is known to draw part after part.
-    if (option.activeSubControls != QStyle::SC_None || !style()->inherits("QFusionStyle")) {
+    if (isLit() || !is_drawn_in_parts(style())) {
+        m_shownSlider = {};
         QScrollBar::paintEvent(event);
         return;
     }
 
-    const QRect slider = style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+    const QRect slider = sliderOf(option);
     if (!showsCached(option, slider.size()))
         cache(option, slider);
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_ground);
     painter.drawPixmap(slider.topLeft() - QPoint(Rim, Rim), m_slider);
     painter.drawPixmap(0, 0, m_arrows); // the outline of the slider reaches into theirs
+    m_shownSlider = slider;
+}
+
+/// Only the slider's place changes with the value, and a page moves by several pixels before the slider does by one.
+void CachedScrollBar::sliderChange(SliderChange change)
+{
+    if (change == SliderValueChange && !m_shownSlider.isEmpty() && !isLit()) {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        const QRect slider = sliderOf(option);
+        if (showsCached(option, slider.size())) {
+            if (slider != m_shownSlider)
+                update((slider | m_shownSlider).adjusted(-Rim, -Rim, Rim, Rim));
+            return;
+        }
+    }
+    QScrollBar::sliderChange(change);
+}
+
+/// Under the mouse and while they are pressed, parts of a bar look different.
+bool CachedScrollBar::isLit() const
+{
+    return underMouse() || isSliderDown();
+}
+
+QRect CachedScrollBar::sliderOf(const QStyleOptionSlider &option) const
+{
+    return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
 }
 
 bool CachedScrollBar::showsCached(const QStyleOptionSlider &option, QSize sliderSize) const

@@ -17,8 +17,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void sliderChange(SliderChange change) override;
 
 private:
+    [[nodiscard]] bool isLit() const;
+    [[nodiscard]] QRect sliderOf(const QStyleOptionSlider &option) const;
     [[nodiscard]] bool showsCached(const QStyleOptionSlider &option, QSize sliderSize) const;
     void cache(const QStyleOptionSlider &option, const QRect &slider);
     [[nodiscard]] QPixmap drawn(QStyleOptionSlider option, QStyle::SubControls parts) const;
@@ -30,4 +33,5 @@ private:
     QPixmap m_ground;
     QPixmap m_slider; ///< with a rim, for outlines beside it
     QPixmap m_arrows; ///< clear between them
+    QRect m_shownSlider; ///< where the last painting had it; empty if that was not by the pictures
 };

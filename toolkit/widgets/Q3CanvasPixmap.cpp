@@ -1,5 +1,6 @@
 #include "Q3CanvasPixmap.h"
 
+#include "magnified_row.h"
 #include "page_image.h"
 #include "pixel_fetch.h"
 
@@ -32,14 +33,6 @@ QRectF exposed_part(const QPainter &painter)
     return painter.hasClipping() ? window & painter.clipBoundingRect() : window;
 }
 
-/// A side of the part that is read pixel by pixel.
-struct Samples
-{
-    int first = 0; ///< target coordinate of the first pixel
-    int count = 0;
-    int source = 0; ///< page pixel of it
-};
-
 /// Whether @p painter shows a page smaller than it is, as averages can show it. On a screen of several pixels a point
 /// a reduced page may still be magnified by them.
 bool is_reduced(const QPainter &painter, const QTransform &device)
@@ -64,27 +57,25 @@ QImage ready_to_blend(const QImage &band)
     return band.format() == QImage::Format_ARGB32 ? band.convertToFormat(QImage::Format_ARGB32_Premultiplied) : band;
 }
 
-/// Reads @p across by @p down colours of @p page, band by band, and hands each band and its first row to
-/// @p drawBand.
-template <typename DrawBand>
-void for_each_band(const QImage &page, const Samples &across, const Samples &down, const DrawBand &drawBand)
+/// Reads @p part of @p page, band by band, and hands each band and its first row on the page to @p drawBand.
+template <typename DrawBand> void for_each_band(const QImage &page, const QRect &part, const DrawBand &drawBand)
 {
-    if (across.count == 0 || down.count == 0)
+    if (part.isEmpty())
         return;
     const PixelFetch fetch(page);
-    const int bandHeight = std::clamp(BandPixels / across.count, 1, down.count);
-    QImage band(across.count, bandHeight, fetch.format());
+    const int bandHeight = std::clamp(BandPixels / part.width(), 1, part.height());
+    QImage band(part.width(), bandHeight, fetch.format());
     if (band.isNull())
         return;
     uchar *const bits = band.bits();
     const qsizetype bytesPerLine = band.bytesPerLine();
 
-    for (int row = 0; row < down.count; row += bandHeight) {
-        const int height = std::min(bandHeight, down.count - row);
+    for (int row = 0; row < part.height(); row += bandHeight) {
+        const int height = std::min(bandHeight, part.height() - row);
         for (int y = 0; y < height; ++y)
-            fetch.readRow(reinterpret_cast<QRgb *>(bits + y * bytesPerLine), across.count, across.source,
-                          down.source + row + y);
-        drawBand(ready_to_blend(QImage(bits, across.count, height, bytesPerLine, band.format())), row);
+            fetch.readRow(reinterpret_cast<QRgb *>(bits + y * bytesPerLine), part.width(), part.left(),
+                          part.top() + row + y);
+        drawBand(ready_to_blend(QImage(bits, part.width(), height, bytesPerLine, band.format())), part.top() + row);
     }
 }
 
@@ -100,19 +91,66 @@ void draw_in_place(QPainter &painter, const QImage &page, const QPoint &at, cons
         QImage(reinterpret_cast<const uchar *>(bits), part.width(), part.height(), page.bytesPerLine(), page.format()));
 }
 
-/// Draws @p part of a page that is not reduced.
-void draw_magnified(QPainter &painter, const QImage &page, const QPoint &at, const QRect &part)
+/// Draws @p part of a page in its own size.
+void draw_unscaled(QPainter &painter, const QImage &page, const QPoint &at, const QRect &part)
 {
     if (page.format() == QImage::Format_RGB32) {
         draw_in_place(painter, page, at, part);
         return;
     }
-    const QPoint corner = at + part.topLeft();
-    const Samples across{.first = corner.x(), .count = part.width(), .source = part.left()};
-    const Samples down{.first = corner.y(), .count = part.height(), .source = part.top()};
-    for_each_band(page, across, down, [&](const QImage &band, int row) {
-        painter.drawImage(QPoint(across.first, down.first + row), band);
-    });
+    for_each_band(page, part,
+                  [&](const QImage &band, int row) { painter.drawImage(at + QPoint(part.left(), row), band); });
+}
+
+/// A page that is magnified by a whole number, in pixels of the device.
+struct Magnified
+{
+    QPoint origin; ///< where the page begins
+    int factor = 1;
+    QRect shown; ///< what is to be drawn, all of it on the page
+
+    /// What @p shown shows, in pixels of the page.
+    [[nodiscard]] QRect part() const
+    {
+        const QPoint first = shown.topLeft() - origin, last = shown.bottomRight() - origin;
+        return {QPoint(first.x() / factor, first.y() / factor), QPoint(last.x() / factor, last.y() / factor)};
+    }
+};
+
+/// Draws some rows of a page's part. The painter would look the page up for each pixel of the device; here a line of
+/// squares is made once and copied as often as the squares are high.
+/// @param rows  of the part, null if there was no memory for them; the first one is the page's row @p firstRow
+void draw_squares(QPainter &painter, const Magnified &page, const QImage &rows, int firstRow)
+{
+    if (rows.isNull())
+        return;
+    const QRect lines(page.shown.left(), page.origin.y() + firstRow * page.factor, page.shown.width(),
+                      rows.height() * page.factor);
+    const QRect shown = page.shown & lines;
+    const int bandHeight = std::clamp(BandPixels / shown.width(), 1, shown.height());
+    QImage band(shown.width(), bandHeight, rows.format());
+    if (band.isNull())
+        return;
+    uchar *const bits = band.bits();
+    const qsizetype bytesPerLine = band.bytesPerLine();
+    const int skipped = (shown.left() - page.origin.x()) % page.factor;
+
+    for (int top = 0; top < shown.height(); top += bandHeight) {
+        const int height = std::min(bandHeight, shown.height() - top);
+        int rowBefore = -1;
+        for (int y = 0; y < height; ++y) {
+            const int row = (shown.top() + top + y - lines.top()) / page.factor;
+            uchar *const line = bits + y * bytesPerLine;
+            if (row == rowBefore)
+                std::copy_n(line - bytesPerLine, bytesPerLine, line);
+            else
+                magnify_row(reinterpret_cast<const QRgb *>(rows.constScanLine(row)), page.factor, skipped,
+                            reinterpret_cast<QRgb *>(line), shown.width());
+            rowBefore = row;
+        }
+        painter.drawImage(shown.topLeft() + QPoint(0, top),
+                          QImage(bits, shown.width(), height, bytesPerLine, band.format()));
+    }
 }
 
 } // namespace
@@ -130,14 +168,24 @@ void Q3CanvasPixmap::draw(QPainter &painter, const QPoint &at) const
         return;
     }
     m_averages.clear();
-    if (smooth || !is_plain_zoom(device)) {
+    if (smooth || painter.opacity() < 1 || !is_plain_zoom(device)) {
         painter.drawImage(at, m_image);
         return;
     }
     const QRect target = device.mapRect(QRectF(at, m_image.size())).toRect();
     const QRect shown = device.mapRect(exposed_part(painter)).toAlignedRect() & target;
-    const QRect part = device.inverted().mapRect(QRectF(shown)).toAlignedRect().translated(-at) & m_image.rect();
-    draw_magnified(painter, m_image, at, part);
+    if (shown.isEmpty())
+        return;
+    const Magnified page{.origin = target.topLeft(), .factor = static_cast<int>(device.m11()), .shown = shown};
+    if (page.factor == 1) {
+        draw_unscaled(painter, m_image, at, page.part());
+        return;
+    }
+    const QTransform world = painter.worldTransform();
+    painter.setWorldTransform(device.inverted() * world); // one unit is now one device pixel
+    for_each_band(m_image, page.part(),
+                  [&](const QImage &rows, int firstRow) { draw_squares(painter, page, rows, firstRow); });
+    painter.setWorldTransform(world);
 }
 
 void Q3CanvasPixmap::drawAverages(QPainter &painter, const QPoint &at) const

@@ -38,7 +38,7 @@ public:
     /// @p painter. Where the world transform of the painter reduces, a pixel of the device shows the average of the
     /// picture's pixels that it covers, whole or in part, with their alpha multiplied in and each channel rounded to
     /// nearest; one whose middle the picture does not reach shows nothing of it. Else the pixels are those that an
-    /// unsmoothed drawPixmap() would give: squares where the painter magnifies.
+    /// unsmoothed drawPixmap() would give on a device of 32 bits: squares where the painter magnifies.
     /// Work and memory go by the part within the painter's clip, or its device if it has none.
     void draw(QPainter &painter, const QPoint &at) const;
 

@@ -39,6 +39,20 @@ int origin_showing(int point, int margin, int origin, int visible, int contents)
     return std::max(0, std::min(origin, contents - visible));
 }
 
+bool may_change_least_size(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::FontChange:
+    case QEvent::LayoutRequest:
+    case QEvent::Polish:
+    case QEvent::ScreenChangeInternal:
+    case QEvent::StyleChange:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Q3ScrollView::Q3ScrollView(QWidget *parent, const char *name, Qt::WindowFlags flags) : QAbstractScrollArea(parent)
@@ -112,8 +126,19 @@ void Q3ScrollView::contentsWheelEvent(QWheelEvent *event)
     event->ignore();
 }
 
+QSize Q3ScrollView::minimumSizeHint() const
+{
+    if (!m_leastSize.isValid() || m_frameOfLeastSize != frameWidth()) {
+        m_leastSize = QAbstractScrollArea::minimumSizeHint();
+        m_frameOfLeastSize = frameWidth();
+    }
+    return m_leastSize;
+}
+
 bool Q3ScrollView::event(QEvent *event)
 {
+    if (may_change_least_size(event->type()))
+        m_leastSize = {};
     if (event->type() != bars_event())
         return QAbstractScrollArea::event(event);
     if (m_bBarsDue)

@@ -33,6 +33,9 @@ public:
     [[nodiscard]] QPoint viewportToContents(const QPoint &point) const { return point + m_offset; }
     [[nodiscard]] QPoint contentsToViewport(const QPoint &point) const { return point - m_offset; }
 
+    /// That of the base class, kept: a window with many tabs asks each of them again and again.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 public slots:
     /// Stores the size at once. Scroll bars and position follow from the event loop, or with the next
     /// resize of the view: contents that end inside the view then move until they fill it.
@@ -83,5 +86,7 @@ private:
     bool m_bBarsDue = false; ///< the bars do not fit the contents yet
     QSize m_contents;
     QPoint m_offset;
+    mutable QSize m_leastSize; ///< invalid until asked for
+    mutable int m_frameOfLeastSize = 0;
     bool m_bUpdatingBars = false; ///< changes of the bars come from here, not from the user
 };

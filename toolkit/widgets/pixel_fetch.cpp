@@ -32,9 +32,12 @@ void PixelFetch::readRow(QRgb *target, int count, int x, int y) const
     case 8:
         readBytes(target, count, row, x);
         break;
-    default:
-        std::copy_n(reinterpret_cast<const QRgb *>(row) + x, count, target);
+    default: {
+        const auto *const words = reinterpret_cast<const QRgb *>(row) + x;
+        const QRgb opaque = m_bAlpha ? 0 : 0xff000000; // what else stands there means nothing
+        std::transform(words, words + count, target, [opaque](QRgb word) { return word | opaque; });
         break;
+    }
     }
 }
 
@@ -52,17 +55,18 @@ int PixelFetch::bitShift(int x) const
     return m_bLowBitFirst ? bit : BitsPerByte - 1 - bit;
 }
 
-/// Whole bytes at a time.
+/// Whole bytes at a time, as far as there are any.
 void PixelFetch::readBits(QRgb *target, int count, const uchar *row, int x) const
 {
     const QRgb *const end = target + count;
-    while (target != end) {
-        const ByteColours &colours = m_byteColours[row[x / BitsPerByte]];
-        const auto first = x % BitsPerByte;
-        const auto taken = std::min<std::ptrdiff_t>(BitsPerByte - first, end - target);
-        target = std::copy_n(colours.begin() + first, taken, target);
-        x += static_cast<int>(taken);
-    }
+    const uchar *byte = row + x / BitsPerByte;
+    const auto first = x % BitsPerByte;
+    if (first > 0)
+        target = std::copy_n(m_byteColours[*byte++].begin() + first, std::min(BitsPerByte - first, count), target);
+    for (; end - target >= BitsPerByte; ++byte)
+        target = std::copy_n(m_byteColours[*byte].begin(), BitsPerByte, target);
+    if (target != end)
+        std::copy_n(m_byteColours[*byte].begin(), end - target, target);
 }
 
 void PixelFetch::readBytes(QRgb *target, int count, const uchar *row, int x) const

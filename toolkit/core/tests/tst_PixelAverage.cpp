@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -63,6 +64,8 @@ private slots:
     void formatHasAnAlphaChannelIfThePageHas();
     void equalsThePlainAverage_data();
     void equalsThePlainAverage();
+    void longLinesEqualThePlainAverage_data();
+    void longLinesEqualThePlainAverage();
     void partsEqualTheWhole_data();
     void partsEqualTheWhole();
     void brightestAndDarkestPagesStayWhatTheyAre_data();
@@ -175,6 +178,39 @@ void tst_PixelAverage::equalsThePlainAverage()
         const QString difference = first_difference(actual, expected.copy(shown));
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
+}
+
+void tst_PixelAverage::longLinesEqualThePlainAverage_data()
+{
+    QTest::addColumn<PageKind>("kind");
+    QTest::addColumn<int>("step");
+    const QList<PageKind> kinds = {{"opaque", QImage::Format_RGB32, {}},
+                                   {"with alpha", QImage::Format_ARGB32, {}},
+                                   {"bytes", QImage::Format_Indexed8, noise_table(256, false)}};
+    for (const PageKind &kind : kinds) {
+        for (const int step : {2, 4, 8, 16})
+            QTest::addRow("%s 1:%d", kind.name, step) << kind << step;
+    }
+}
+
+/// Lines that are not read in one piece. Where they have alpha, short runs are opaque, transparent and between.
+void tst_PixelAverage::longLinesEqualThePlainAverage()
+{
+    QFETCH(PageKind, kind);
+    QFETCH(int, step);
+    QImage page = noise_page(kind, QSize(std::max(8200, 1030 * step) + 5, step));
+    for (int y = 0; y < page.height() && page.hasAlphaChannel(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(page.scanLine(y));
+        for (int x = 0; x < page.width(); ++x)
+            line[x] = x / 7 % 3 == 0 ? line[x] : x / 7 % 3 == 1 ? line[x] | 0xff000000U : line[x] & 0x00ffffffU;
+    }
+    const ReducedAxis across = axis_of({1, step, 0}, page.width());
+    const QRect shown(0, 0, across.end(), 1);
+
+    const QImage actual = averaged(page, across, axis_of({1, step, 0}, step), shown);
+
+    const QString difference = first_difference(actual, averaged_plainly(page, {1, step, 0}, {1, step, 0}).copy(shown));
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
 }
 
 void tst_PixelAverage::partsEqualTheWhole_data()

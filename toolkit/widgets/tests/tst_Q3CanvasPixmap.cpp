@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QtMath>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -15,7 +16,8 @@ struct Zoom
     const char *name;
     double factor;
 };
-constexpr std::array<Zoom, 4> Zooms = {{{"8:1", 8.0}, {"4:1", 4.0}, {"2:1", 2.0}, {"1:1", 1.0}}}; // not reduced
+constexpr std::array<Zoom, 6> Zooms = {
+    {{"4096:1", 4096.0}, {"16:1", 16.0}, {"8:1", 8.0}, {"4:1", 4.0}, {"2:1", 2.0}, {"1:1", 1.0}}}; // not reduced
 
 QImage painted_plainly(const QImage &page, const QPoint &at, double factor, const QPoint &scroll)
 {
@@ -226,6 +228,27 @@ private slots:
                     QFAIL(qPrintable(
                         QString::asprintf("(%d,%d) %08x instead of %08x", x, y, actual.pixel(x, y), expected)));
             }
+        }
+    }
+
+    void fourthBytesOfAnOpaquePageReachNoDevice()
+    {
+        QImage page(QSize(20, 10), QImage::Format_RGB32);
+        for (int y = 0; y < page.height(); ++y)
+            std::fill_n(reinterpret_cast<QRgb *>(page.scanLine(y)), page.width(), 0x20112233U);
+        const Q3CanvasPixmap pixmap(page);
+        for (const int factor : {2, 8}) {
+            QImage device(page.size() * factor, QImage::Format_ARGB32_Premultiplied);
+            device.fill(Qt::transparent);
+            {
+                QPainter painter(&device);
+                painter.setCompositionMode(QPainter::CompositionMode_Source);
+                painter.scale(factor, factor);
+                pixmap.draw(painter, {});
+            }
+            QImage expected(device.size(), device.format());
+            expected.fill(0xff112233U);
+            QCOMPARE(device, expected);
         }
     }
 

@@ -35,6 +35,7 @@ private slots:
 
     void newViewHasTheClassicDefaults();
     void scrollBarsHaveAccessibleNames();
+    void leastSizeFollowsFrameAndStyle();
     void contentsSizeIsStoredAtOnceAndBarsFollow();
     void barsShowOnlyWhenNeeded();
     void contentsArePaintedOnceTheBarsAreThere();
@@ -95,6 +96,23 @@ void tst_Q3ScrollView::scrollBarsHaveAccessibleNames()
 {
     QCOMPARE(view->horizontalScrollBar()->accessibleName(), QStringLiteral("Horizontal scroll bar"));
     QCOMPARE(view->verticalScrollBar()->accessibleName(), QStringLiteral("Vertical scroll bar"));
+}
+
+void tst_Q3ScrollView::leastSizeFollowsFrameAndStyle()
+{
+    const auto expected = [this] { return view->QAbstractScrollArea::minimumSizeHint(); };
+    const QSize before = view->minimumSizeHint();
+    QCOMPARE(before, expected());
+
+    view->setLineWidth(view->lineWidth() + 5);
+    view->setFrameStyle(QFrame::Box | QFrame::Plain);
+    QVERIFY(expected() != before);
+    QCOMPARE(view->minimumSizeHint(), expected());
+
+    const QSize framed = expected();
+    view->setStyleSheet(QStringLiteral("QScrollBar { min-width: 77px; min-height: 77px; }"));
+    QVERIFY(expected() != framed);
+    QCOMPARE(view->minimumSizeHint(), expected());
 }
 
 void tst_Q3ScrollView::contentsSizeIsStoredAtOnceAndBarsFollow()
