@@ -1,5 +1,6 @@
 #include "ImageDocument.h"
 
+#include "page_crop.h"
 #include "page_image.h"
 
 #include <QDir>
@@ -92,5 +93,5 @@ bool ImageDocument::setPage(uint pi, const QImage &img)
 
 bool ImageDocument::crop(uint pi, const QRect &rubber)
 {
-    return setPage(pi, page(pi).copy(rubber));
+    return setPage(pi, cropped(page(pi), rubber));
 }

@@ -5,10 +5,11 @@
 #include "first_picture.h"
 #include "ImageDocument.h"
 #include "ImageFormat.h"
+#include "picture_word.h"
 #include "tiff_codec.h"
+#include "tiff_pages_ahead.h"
 
 #include <QFile>
-#include <QImageReader>
 #include <QScopeGuard>
 
 #include <fcntl.h>
@@ -37,8 +38,7 @@ bool ImageDocument::load(const QString &filePath, const QString &imgFormat)
     fileInfo.setFile(filePath);
     // Looking into a pipe would wait for a writer.
     const bool isRegular = fileInfo.isFile();
-    imgFormat_ =
-        imgFormat.isEmpty() && isRegular ? QString::fromLatin1(QImageReader::imageFormat(filePath)) : imgFormat;
+    imgFormat_ = imgFormat.isEmpty() && isRegular ? picture_word(filePath) : imgFormat;
     if (QFile(filePath).size() > LargestFileBytes) {
         loadStatus = LoadTooBig;
         return false;
@@ -67,9 +67,10 @@ bool ImageDocument::loadTiff(const QString &filePath)
     if (!tif)
         return false;
     const FileState state = file_state(TIFFFileno(tif.get()));
+    TiffPagesAhead reader(tif.get());
     for (;;) {
         QImage image;
-        if (!readTiffPage(tif.get(), image) || file_state(TIFFFileno(tif.get())) != state || !addPage(image))
+        if (!reader.readPage(image) || file_state(TIFFFileno(tif.get())) != state || !addPage(image))
             return false;
         if (TIFFLastDirectory(tif.get()) != 0)
             return true;

@@ -1,21 +1,8 @@
 // What changes the pixels of a page.
 #include "ImageDocument.h"
 #include "page_colors.h"
-#include "page_depth.h"
 #include "page_operations.h"
 #include "page_scale.h"
-
-namespace {
-
-QImage scaled_mono(const QImage &page, QSize size)
-{
-    const QImage wide = converted_to_depth(page, 32);
-    if (wide.isNull())
-        return toMono(page.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation));
-    return toMono(smoothly_scaled(wide, size));
-}
-
-} // namespace
 
 bool ImageDocument::change(uint pi, PageChange operation, int percent)
 {
@@ -91,7 +78,7 @@ bool ImageDocument::scale(uint pi, double x, double y)
     if (!size)
         return false;
     if (source.depth() == 1)
-        return setPage(pi, scaled_mono(source, *size));
+        return setPage(pi, smoothly_scaled_to_mono(source, *size));
     return setPage(pi, with_color_255_of(source, smoothly_scaled(source, *size)));
 }
 

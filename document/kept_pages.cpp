@@ -1,5 +1,6 @@
 #include "kept_pages.h"
 
+#include "picture_word.h"
 #include "tiff_join.h"
 
 #include <QFile>
@@ -42,7 +43,7 @@ FilePictures count_pictures(int fileDescriptor)
         return {.count = std::max(1U, static_cast<uint>(tiff_chain(structure).positions.size())),
                 .tiffKind = structure.kind()};
     QFile file;
-    if (!file.open(fileDescriptor, QIODevice::ReadOnly) || !file.seek(0))
+    if (!file.open(fileDescriptor, QIODevice::ReadOnly) || !file.seek(0) || !single_picture_word(file).isEmpty())
         return {.count = 1, .tiffKind = std::nullopt};
     return {.count = static_cast<uint>(std::max(1, QImageReader(&file).imageCount())), .tiffKind = std::nullopt};
 }

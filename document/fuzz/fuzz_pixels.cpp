@@ -5,6 +5,7 @@
 #include "FuzzInput.h"
 #include "ImageDocument.h"
 #include "page_depth.h"
+#include "page_scale.h"
 #include "pixel_operations.h"
 #include "plain_pixels.h"
 #include "quiet_toolkit.h"
@@ -16,6 +17,7 @@
 namespace {
 
 constexpr int LongestSide = 64;
+constexpr int Kinds = 18; ///< of operations
 
 QImage page_from(FuzzInput &input)
 {
@@ -164,13 +166,30 @@ void check_sizes(const QImage &page, ImageDocument &document, FuzzInput &input)
             "a cut page holds what lay there, and nothing else");
 }
 
+void check_scaling(const QImage &page, FuzzInput &input)
+{
+    const QSize size(input.within(1, 2 * LongestSide), input.within(1, 2 * LongestSide));
+    const QImage::Format format = page.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32;
+    const QImage words = page.depth() == 32 ? page : page.convertToFormat(format);
+    const QImage plain = words.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage expected = size == page.size() ? page : plain.convertToFormat(format);
+    const QImage result = smoothly_scaled(page, size);
+    promise(result.format() == expected.format() && result == expected,
+            "a page is scaled as the toolkit scales its words");
+    if (page.depth() != 1)
+        return;
+    const QImage opaque = page.convertToFormat(QImage::Format_RGB32);
+    const QImage mixed = opaque.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    promise(smoothly_scaled_to_mono(page, size) == plain_mono(mixed), "a page of one bit is black and white again");
+}
+
 } // namespace
 
 std::vector<std::string> fuzz_seeds()
 {
     std::vector<std::string> seeds;
     for (char format = 0; format < 5; ++format) {
-        for (char kind = 0; kind < 16; ++kind)
+        for (char kind = 0; kind < Kinds; ++kind)
             seeds.push_back({kind, 50, 2, 0, 0, format, 40, 17, 1, 3, 5, 1, 2, 3, 4});
     }
     return seeds;
@@ -180,7 +199,7 @@ void try_input(std::span<const std::uint8_t> bytes)
 {
     start_quiet_toolkit();
     FuzzInput input(bytes);
-    const int kind = input.below(16);
+    const int kind = input.below(Kinds);
     const int percent = input.within(-500, 500);
     const QImage page = page_from(input);
     ImageDocument document({}, {});
@@ -193,7 +212,9 @@ void try_input(std::span<const std::uint8_t> bytes)
         check_colors(page, document, kind % 3, percent);
     else if (kind < 13)
         check_depths(page, document, kind - 10);
-    else
+    else if (kind < 16)
         check_sizes(page, document, input);
+    else
+        check_scaling(page, input);
     promise(page_formats().contains(document.page(1).format()), "a page keeps a format of pages");
 }

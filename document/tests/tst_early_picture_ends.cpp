@@ -6,8 +6,8 @@
 #include "page_buffers.h"
 #include "pictures.h"
 #include "plain_pngs.h"
+#include "threads.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -34,11 +34,6 @@ quint32 plain_adler32(const QByteArray &bytes)
     return sumOfSums << 16 | sum;
 }
 
-qsizetype thread_count()
-{
-    return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
-}
-
 } // namespace
 
 /// What changes between the early decoding and the load, and ends it.
@@ -60,12 +55,12 @@ private slots:
 
 void tst_early_picture_ends::aFileReplacedMeanwhileIsReadAgain()
 {
-    const qsizetype threads = thread_count();
+    const qsizetype threads = live_threads().size();
     const QString path = written(PlainPng{.seed = 1}.file());
     const QString next = written(PlainPng{.seed = 2}.file(), u"next"_s);
     const QImage nextPage = read_first_picture(next, u"png"_s);
     const EarlyPicture early(path);
-    QTRY_COMPARE(thread_count(), threads); // decoded
+    QTRY_COMPARE(live_threads().size(), threads); // decoded
 
     QCOMPARE(::rename(QFile::encodeName(next).constData(), QFile::encodeName(path).constData()), 0);
     const ImageDocument document(path, {});
@@ -75,7 +70,7 @@ void tst_early_picture_ends::aFileReplacedMeanwhileIsReadAgain()
 
 void tst_early_picture_ends::aFileOverwrittenMeanwhileIsReadAgainThoughItsTimeIsPutBack()
 {
-    const qsizetype threads = thread_count();
+    const qsizetype threads = live_threads().size();
     const PlainPng png{.size = QSize(40, 30), .filter = 0};
     const QByteArray rows = png.storedRows();
     const auto stored = [&png](const QByteArray &bytes) { // as it is, so that both files are as long
@@ -88,7 +83,7 @@ void tst_early_picture_ends::aFileOverwrittenMeanwhileIsReadAgainThoughItsTimeIs
     const QString path = written(stored(rows));
     const FileStatus before = file_status(path);
     const EarlyPicture early(path);
-    QTRY_COMPARE(thread_count(), threads); // decoded
+    QTRY_COMPARE(live_threads().size(), threads); // decoded
 
     do {
         write_file(path, stored(others));
@@ -121,7 +116,7 @@ void tst_early_picture_ends::aFileRenamedMeanwhileIsReadAgain()
 
 void tst_early_picture_ends::aFileThatHasGoneIsNoFile()
 {
-    const qsizetype threads = thread_count();
+    const qsizetype threads = live_threads().size();
     const QString path = written(largePng());
     const EarlyPicture early(path);
     QVERIFY(QFile::remove(path));
@@ -129,12 +124,12 @@ void tst_early_picture_ends::aFileThatHasGoneIsNoFile()
     const ImageDocument document(path, {});
 
     QCOMPARE(document.loadStatus, int{ImageDocument::LoadNoFile});
-    QCOMPARE(thread_count(), threads);
+    QCOMPARE(live_threads().size(), threads);
 }
 
 void tst_early_picture_ends::aLoadThatFailsEndsTheThread()
 {
-    const qsizetype threads = thread_count();
+    const qsizetype threads = live_threads().size();
     const QString path = written(largePng());
     for (const QString &first : {QString(), u"/nowhere/file"_s, directory.path()}) {
         const EarlyPicture early(path);
@@ -142,7 +137,7 @@ void tst_early_picture_ends::aLoadThatFailsEndsTheThread()
         const ImageDocument document(first, {});
 
         QVERIFY(document.isEmpty());
-        QCOMPARE(thread_count(), threads);
+        QCOMPARE(live_threads().size(), threads);
         QVERIFY(early_page(path, u"png"_s).isNull());
     }
 }

@@ -1,7 +1,7 @@
 #include "first_picture.h"
 #include "image_files.h"
+#include "picture_readings.h"
 #include "plain_pngs.h"
-#include "png_readings.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>

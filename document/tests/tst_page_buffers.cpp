@@ -2,12 +2,35 @@
 
 #include <QTest>
 
+#include <cstddef>
 #include <initializer_list>
 #include <utility>
+
+#include <sys/mman.h>
 
 namespace {
 
 constexpr QSize LargeSize(600, 500);
+
+/// A picture on memory from the system, which takes it back when the picture goes.
+/// @param place  where the memory is to begin; anywhere if it is null
+QImage picture_at(uchar *place)
+{
+    constexpr int LineBytes = LargeSize.width() * 4;
+    constexpr std::size_t Bytes = std::size_t{LineBytes} * LargeSize.height();
+    const int flags = MAP_PRIVATE | MAP_ANONYMOUS | (place ? MAP_FIXED_NOREPLACE : 0);
+    void *const memory = ::mmap(place, Bytes, PROT_READ | PROT_WRITE, flags, -1, 0);
+    if (memory == MAP_FAILED)
+        qFatal("no memory there");
+    const auto giveBack = [](void *given) { ::munmap(given, Bytes); };
+    return {static_cast<uchar *>(memory),
+            LargeSize.width(),
+            LargeSize.height(),
+            LineBytes,
+            QImage::Format_RGB32,
+            giveBack,
+            memory};
+}
 
 } // namespace
 
@@ -73,6 +96,21 @@ private slots:
         const QImage next = new_page(LargeSize, QImage::Format_RGB32);
 
         QVERIFY(next.constBits() != sharer.constBits());
+    }
+
+    void memoryThatWentBackToTheSystemCanBeAdoptedAgain()
+    {
+        QImage page = adopt_page(picture_at(nullptr));
+        uchar *const former = page.bits();
+        page = {};
+        drop_spare_page();
+
+        page = adopt_page(picture_at(former));
+        QCOMPARE(std::as_const(page).constBits(), former);
+        page = {};
+
+        QVERIFY(spare_page_bytes() > 0);
+        drop_spare_page();
     }
 
     void ofLargePagesOneIsKept()

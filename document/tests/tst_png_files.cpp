@@ -1,9 +1,9 @@
 #include "first_picture.h"
 #include "image_files.h"
 #include "page_buffers.h"
+#include "picture_readings.h"
 #include "plain_pngs.h"
 #include "png_file.h"
-#include "png_readings.h"
 
 #include <QColorSpace>
 #include <QFile>

@@ -11,9 +11,16 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
+#include <cerrno>
+#include <cstddef>
 #include <functional>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <optional>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,6 +41,27 @@ TargetOutcome write(const QString &path, const QByteArray &bytes)
 int step_for_another_user(const QString &path, const QByteArray &bytes)
 {
     const int status = status_of_child([&] { return give_up_privileges() ? write(path, bytes).step : 100; });
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// Has the system say from now on that it cannot reserve room, as some file systems do.
+bool refuse_to_reserve_room()
+{
+    std::array<sock_filter, 4> program{{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_fallocate, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog filter{.len = program.size(), .filter = program.data()};
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
+
+/// Saves where no room can be reserved, in a process of its own.
+/// @return the step that the outcome names; -1 if the process broke off
+int step_without_reserving(const QString &path, const QByteArray &bytes)
+{
+    const int status = status_of_child([&] { return refuse_to_reserve_room() ? write(path, bytes).step : 100; });
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
@@ -157,6 +185,20 @@ private slots:
         QVERIFY(file_bytes(name) == earlier);
         QVERIFY(file_status(name).st_blocks * 512 < MiB + MiB / 10); // and no room that it does not need
         QCOMPARE(QDir(QFile::decodeName(disk.path())).entryList(QDir::Files | QDir::Hidden), QStringList{u"a"_s});
+    }
+
+    void roomThatCannotBeReservedIsCounted()
+    {
+        const SmallDisk disk;
+        const QString name = disk.filePath(u"a"_s);
+        const QByteArray earlier(MiB * 3 / 2, 'a');
+        write_file(name, earlier);
+
+        QCOMPARE(step_without_reserving(name, QByteArray(SmallDisk::Bytes + 1, 'b')), int{TargetOutcome::NotWritten});
+        QVERIFY(file_bytes(name) == earlier);
+
+        QCOMPARE(step_without_reserving(name, QByteArray(MiB, 'c')), int{TargetOutcome::Done}); // in the old one's room
+        QVERIFY(file_bytes(name) == QByteArray(MiB, 'c'));
     }
 
     void noRoomForTheSnapshotsEitherKeepsTheOld()

@@ -9,6 +9,8 @@
 #include <QTest>
 
 #include <memory>
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +55,7 @@ private slots:
     void claimedSideThatDoesNotFitIsRefused();
     void rowsOutsideTheFileAreRefused();
     void garbageIsRefused();
+    void widePageThatMemoryDoesNotHoldIsRefused();
 
     void pageIsHeldOnceWhileItIsReadAndWritten_data();
     void pageIsHeldOnceWhileItIsReadAndWritten();
@@ -177,6 +180,32 @@ void tst_tiff_damage::garbageIsRefused()
 
     write_file(path(), QByteArray("II*\0", 4) + little32(8) + QByteArray(5000, '\xff'));
     QVERIFY(ImageDocument(path(), u"TIFF"_s).isEmpty());
+}
+
+void tst_tiff_damage::widePageThatMemoryDoesNotHoldIsRefused()
+{
+    constexpr int width = 1000;
+    constexpr int height = 800; // 3.2 MB as a page
+    write_tiff(path(),
+               {{.width = width,
+                 .height = height,
+                 .samples = 3,
+                 .bits = 16,
+                 .photometric = PHOTOMETRIC_RGB,
+                 .rows = QByteArray(qsizetype{3} * 2 * width * height, 'a'),
+                 .planarConfig = PLANARCONFIG_SEPARATE}});
+    QVERIFY(!ImageDocument(path(), u"tif"_s).isEmpty());
+    const auto ownPages = file_bytes(u"/proc/self/statm"_s).split(' ').first().toULongLong();
+    rlimit former{};
+    QCOMPARE(::getrlimit(RLIMIT_AS, &former), 0);
+    rlimit limit = former;
+    limit.rlim_cur = ownPages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) + (rlim_t{60} << 20);
+    QCOMPARE(::setrlimit(RLIMIT_AS, &limit), 0); // leaves 1 MiB for a picture, and room for this one all the same
+
+    const bool isRefused = ImageDocument(path(), u"tif"_s).isEmpty();
+
+    QCOMPARE(::setrlimit(RLIMIT_AS, &former), 0);
+    QVERIFY(isRefused);
 }
 
 void tst_tiff_damage::pageIsHeldOnceWhileItIsReadAndWritten_data()

@@ -27,6 +27,7 @@ enum Tag {
     ImageDescription = 270,
     Orientation = 274,
     XResolution = 282,
+    YResolution = 283,
     ResolutionUnit = 296,
     PageNumber = 297,
     DateTime = 306,
@@ -54,6 +55,8 @@ private slots:
     void firstPageIsReplacedAndAllOthersStay();
     void newPageTellsWhatTheFormerOneToldAboutThePage();
     void newPageKeepsItsOwnResolutionUnlessAskedOtherwise();
+    void resolutionWithoutNumbersIsNotKept_data();
+    void resolutionWithoutNumbersIsNotKept();
     void smallerVersionsOfTheFormerPictureGoAndOtherPicturesBelowItStay();
     void narrowPagesComeIntoAFileOfAnotherByteOrderAndKind_data();
     void narrowPagesComeIntoAFileOfAnotherByteOrderAndKind();
@@ -207,6 +210,30 @@ void tst_tiff_join::newPageKeepsItsOwnResolutionUnlessAskedOtherwise()
         QCOMPARE(tag_text(told_pages(path(u"own.tif"_s)).at(1), tag), tag_text(own, tag));
         QCOMPARE(tag_text(told_pages(path(u"former.tif"_s)).at(1), tag), tag_text(former, tag));
     }
+}
+
+void tst_tiff_join::resolutionWithoutNumbersIsNotKept_data()
+{
+    QTest::addColumn<QByteArray>("vertical");
+
+    QTest::newRow("nothing") << entry(YResolution, TIFF_RATIONAL, 8, 0);
+    QTest::newRow("a text") << entry(YResolution, TIFF_ASCII, 8, 8);
+}
+
+void tst_tiff_join::resolutionWithoutNumbersIsNotKept()
+{
+    QFETCH(const QByteArray, vertical);
+    const QByteArray horizontal = little32(300) + little32(1);
+    write_file(path(u"former.tif"_s),
+               tiff_of(horizontal,
+                       {entry(ImageWidth, TIFF_SHORT, 1), entry(XResolution, TIFF_RATIONAL, 8), vertical,
+                        entry(ResolutionUnit, TIFF_SHORT, RESUNIT_INCH)}));
+
+    QVERIFY(replaceFirst(path(u"former.tif"_s), path(u"target.tif"_s), true));
+
+    const QString own = told_pages(newPage()).at(1);
+    for (const int tag : {XResolution, YResolution, ResolutionUnit})
+        QCOMPARE(tag_text(told_pages(path(u"target.tif"_s)).at(1), tag), tag_text(own, tag));
 }
 
 void tst_tiff_join::smallerVersionsOfTheFormerPictureGoAndOtherPicturesBelowItStay()
