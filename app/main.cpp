@@ -7,6 +7,7 @@
 #include "failed_writes.h"
 #include "ImageManager.h"
 #include "QtSingleApplication.h"
+#include "QuickIconStyle.h"
 #include "settings_files.h"
 #include "StartFailureReport.h"
 #include "tiff_diagnostics.h"
@@ -48,6 +49,7 @@ int run(int argc, char **argv)
         QGuiApplication::sync(); // the other instance can open the files while this one takes itself down
         return EXIT_SUCCESS;
     }
+    QApplication::setStyle(new QuickIconStyle(QApplication::style())); // takes it, and is taken
     const EndSignals endSignals; // from here on there is something to take down
     QApplication::setWindowIcon(application_icon()); // a property of every window, which would be taken for a message
     application.startListening(true);
