@@ -99,7 +99,9 @@ void ImageManager::updateTabTitle(ImageDocumentView *view, bool modified)
     if (modified)
         title += '*'_L1;
     const int tab = tabWidget->indexOf(view);
-    tabWidget->setTabText(tab, tab_text(title));
+    // The tab bar lays all its tabs out at every text that it is given.
+    if (const QString text = tab_text(title); tabWidget->tabText(tab) != text)
+        tabWidget->setTabText(tab, text);
     const ImageDocument *const document = view->document();
     tabWidget->setTabToolTip(tab,
                              document->hasKeptPages() ? tr("Page 1 of %1").arg(document->pictureCount()) : QString());

@@ -5,6 +5,7 @@
 #include "ImageDocument.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
+#include "StillPages.h"
 #include "tab_text.h"
 #include "window_settings.h"
 
@@ -173,7 +174,11 @@ bool ImageManager::addDocumentTab(ImageDocument *doc)
 {
     auto *const view = new ImageDocumentView(tabWidget);
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    tabWidget->setCurrentIndex(tabWidget->insertTab(-1, view, tab_text(doc->fileName())));
+    const int tabIndex = tabWidget->insertTab(-1, view, tab_text(doc->fileName()));
+    {
+        const StillPages still(tabWidget);
+        tabWidget->setCurrentIndex(tabIndex);
+    }
 
     if (!view->setDocument(doc)) {
         offerToSaveRefused(view);

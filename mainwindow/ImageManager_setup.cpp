@@ -1,5 +1,6 @@
 #include "action_places.h"
 #include "action_records.h"
+#include "DocumentTabs.h"
 #include "IdMenu.h"
 #include "ImageDocumentView.h"
 #include "ImageManager.h"
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QMenuBar>
 #include <QScreen>
-#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -68,7 +68,7 @@ ImageManager::ImageManager(QWidget *parent) : QMainWindow(parent)
     makeActions();
     makePlaces();
 
-    tabWidget = new QTabWidget(this);
+    tabWidget = new DocumentTabs(this);
     tabWidget->setAccessibleName(tr("Documents"));
     setCentralWidget(tabWidget);
     tabWidget->setVisible(true);

@@ -295,17 +295,6 @@ private slots:
         QCOMPARE(QImage(copy).size(), QSize(64, 48));
     }
 
-    void aMessageBringsAMinimizedWindowBack()
-    {
-        WindowFixture fixture;
-        fixture.window.setWindowState(Qt::WindowMinimized);
-
-        fixture.window.processMessage(u"program:"_s + fixture.file(u"a.png"_s));
-
-        QVERIFY(!fixture.window.isMinimized());
-        QCOMPARE(fixture.titles(), QStringList{u"a.png"_s});
-    }
-
     void aLastWordIsAFileWhateverItLooksLike()
     {
         WindowFixture fixture;
