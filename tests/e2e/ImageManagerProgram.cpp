@@ -81,7 +81,7 @@ void ImageManagerProgram::pressReturnAndClose(WindowId mainWindow)
 
 MessageBox ImageManagerProgram::answer(const QString &button)
 {
-    MessageBox box = m_program.waitForMessageBox();
+    MessageBox box = m_program.waitForMessageBox(button);
     if (!box.press(button))
         return {};
     const bool hasGone =
@@ -105,6 +105,13 @@ bool ImageManagerProgram::askToInvert()
         return active != 0 && m_desktop.title(active) == "Invert"_L1;
     };
     return choose(u"Image"_s, u"Invert"_s) && QTest::qWaitFor(isAsked, Program::patienceMs);
+}
+
+bool ImageManagerProgram::agreeToInvert()
+{
+    const WindowId dialog = m_desktop.activeWindow();
+    m_desktop.pressKey("Return");
+    return QTest::qWaitFor([&] { return m_desktop.activeWindow() != dialog; }, Program::patienceMs);
 }
 
 bool ImageManagerProgram::invert()

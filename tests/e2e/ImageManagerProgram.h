@@ -73,6 +73,8 @@ public:
     [[nodiscard]] bool choose(const QString &menu, const QString &entry);
     /// Opens the dialog that inverts the page, by the menu, and waits until it has the keyboard.
     [[nodiscard]] bool askToInvert();
+    /// Accepts that dialog and waits until it has gone; what comes of it may still be under way.
+    [[nodiscard]] bool agreeToInvert();
     /// Inverts the page by the menu, accepts the preview and waits for the mark of a changed page.
     [[nodiscard]] bool invert();
 

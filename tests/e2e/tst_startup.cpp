@@ -43,6 +43,19 @@ struct Files
     QStringList written;
 };
 
+/// Names of the image plug-ins that a process has loaded.
+QStringList image_plugins(qint64 process)
+{
+    QStringList names;
+    for (const QByteArray &line : file_bytes(u"/proc/%1/maps"_s.arg(process)).split('\n')) {
+        const qsizetype start = line.indexOf("/imageformats/");
+        const QString name = QString::fromLatin1(line.mid(line.lastIndexOf('/') + 1));
+        if (start >= 0 && !names.contains(name))
+            names.append(name);
+    }
+    return names;
+}
+
 } // namespace
 
 /// From the command line to the tabs, and to the exit status where nothing opens.
@@ -72,6 +85,22 @@ private slots:
 
         QVERIFY(window != 0);
         QCOMPARE(program.desktop().title(window), u"Image Manager"_s);
+    }
+
+    void onlyThePluginOfItsFileIsLoaded_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QStringList>("plugins");
+        QTest::newRow("PNG") << u"a.png"_s << QStringList();
+        QTest::newRow("JPEG") << u"a.jpg"_s << QStringList(u"libqjpeg.so"_s);
+        QTest::newRow("TIFF") << u"a.tif"_s << QStringList(u"libqtiff.so"_s);
+    }
+    void onlyThePluginOfItsFileIsLoaded()
+    {
+        QFETCH(const QString, name);
+        OpenProgram program(name);
+
+        QTEST(image_plugins(program.process().processId()), "plugins");
     }
 
     void firstStartIs335By564()

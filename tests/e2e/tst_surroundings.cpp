@@ -39,8 +39,7 @@ QByteArray random_bytes(qsizetype count)
 void edit_and_save(ImageManagerProgram &program, const QString &button, MessageBox &box)
 {
     const QString name = program.currentTab();
-    QVERIFY(program.askToInvert());
-    program.desktop().pressKey("Return");
+    QVERIFY(program.askToInvert() && program.agreeToInvert());
     box = program.answer(button);
     QTRY_COMPARE_WITH_TIMEOUT(program.currentTab(), name + u'*', Program::patienceMs);
     QTRY_COMPARE(program.desktop().activeWindow(), program.window());

@@ -1,7 +1,9 @@
 #include "Desktop.h"
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QList>
+#include <QThread>
 
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
@@ -15,6 +17,7 @@
 
 namespace {
 
+constexpr int longestHoldMs = 30000;
 constexpr long longestProperty = 1 << 20; ///< in units of four bytes
 
 /// Windows of other processes come and go; Xlib's own handler would end the test for it.
@@ -64,6 +67,16 @@ struct Desktop::Connection
 
     /// Those that the window manager lists, oldest first.
     [[nodiscard]] QList<WindowId> windows() const { return property<WindowId>(root(), "_NET_CLIENT_LIST", XA_WINDOW); }
+
+    /// The buttons and modifiers that are down (X protocol, QueryPointer).
+    [[nodiscard]] unsigned int pointerState() const
+    {
+        Window window = 0;
+        int position = 0;
+        unsigned int state = 0;
+        XQueryPointer(display, root(), &window, &window, &position, &position, &position, &position, &state);
+        return state;
+    }
 
     void sendMessage(Window window, const char *message, std::array<long, 5> data) const
     {
@@ -203,7 +216,12 @@ void Desktop::pressButton(unsigned int button)
 void Desktop::releaseButton(unsigned int button)
 {
     XTestFakeButtonEvent(m_connection->display, button, False, CurrentTime);
-    XSync(m_connection->display, False);
+    // A press may be held for the window manager, which looks where it went, and all that the pointer does after it.
+    // Keys are not: they would come first.
+    const unsigned int mask = Button1Mask << (button - 1);
+    QDeadlineTimer patience(longestHoldMs);
+    while ((m_connection->pointerState() & mask) != 0 && !patience.hasExpired())
+        QThread::msleep(1);
 }
 
 void Desktop::click(QPoint point, unsigned int button)

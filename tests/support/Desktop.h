@@ -44,6 +44,7 @@ public:
 
     void movePointer(QPoint point);
     void pressButton(unsigned int button = LeftButton);
+    /// Returns when the program has been sent the release, so that keys that follow come after it.
     void releaseButton(unsigned int button = LeftButton);
     void click(QPoint point, unsigned int button = LeftButton);
     /// Presses at @p from, passes over every point of @p path in turn and lets go at the last one. A busy

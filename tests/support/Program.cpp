@@ -121,7 +121,7 @@ Accessible Program::accessible() const
     return application;
 }
 
-MessageBox Program::waitForMessageBox() const
+MessageBox Program::waitForMessageBox(const QString &button) const
 {
     const Accessible application = accessible();
     MessageBox box;
@@ -130,8 +130,11 @@ MessageBox Program::waitForMessageBox() const
             // A box is a child of the application or of the window that it belongs to.
             const QList<Accessible> windows = application.children();
             for (const Accessible &window : windows) {
-                if (is_shown_dialog(window))
-                    box = read_box(window);
+                if (!is_shown_dialog(window))
+                    continue;
+                MessageBox shown = read_box(window);
+                if (button.isEmpty() || shown.buttons.contains(button))
+                    box = std::move(shown);
             }
             return !box.dialog.isNull() || !isRunning();
         },

@@ -63,7 +63,8 @@ public:
     /// The program as assistive technology sees it, as soon as it has registered.
     [[nodiscard]] Accessible accessible() const;
     /// The modal box on show, as soon as there is one.
-    [[nodiscard]] MessageBox waitForMessageBox() const;
+    /// @param button  one that it has; a dialog before it may not have gone yet
+    [[nodiscard]] MessageBox waitForMessageBox(const QString &button = {}) const;
 
     // After it has ended.
 

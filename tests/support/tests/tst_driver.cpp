@@ -1,12 +1,47 @@
 #include "pictures.h"
 #include "Program.h"
+#include "XPeer.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <X11/Xlib.h>
+
+#include <chrono>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 using Role = Accessible::Role;
 using State = Accessible::State;
+
+/// Looks at the next press of the left button before the window does that it went to, as a window manager does that
+/// brings windows up by it, and takes its time.
+class SlowWindowManager
+{
+public:
+    SlowWindowManager()
+    {
+        XGrabButton(m_peer.display(), Button1, AnyModifier, XDefaultRootWindow(m_peer.display()), False,
+                    ButtonPressMask, GrabModeSync, GrabModeAsync, None, None);
+        XSync(m_peer.display(), False);
+        m_work = std::thread([display = m_peer.display()] {
+            XEvent press{};
+            XNextEvent(display, &press);
+            std::this_thread::sleep_for(lookTime);
+            XAllowEvents(display, ReplayPointer, CurrentTime);
+            XSync(display, False);
+        });
+    }
+
+    ~SlowWindowManager() { m_work.join(); }
+    Q_DISABLE_COPY_MOVE(SlowWindowManager)
+
+private:
+    static constexpr std::chrono::milliseconds lookTime{300};
+
+    XPeer m_peer;
+    std::thread m_work;
+};
 
 /// The driver against a small window whose controls are known.
 class tst_driver : public QObject
@@ -36,6 +71,7 @@ private slots:
 
     void clickGoesWhereThePointerIs();
     void dragPassesItsPath();
+    void keyComesAfterADragThatIsHeldUp();
     void keyWithControlReachesTheWindow();
     void resizedWindowTellsItsNewSize();
     void pictureShowsTheScreen();
@@ -236,6 +272,19 @@ void tst_driver::dragPassesItsPath()
     m_desktop->drag(start, {start + QPoint(5, 0), start + QPoint(20, 30)});
 
     QTRY_COMPARE(statusText(), u"released at 30,40"_s);
+}
+
+void tst_driver::keyComesAfterADragThatIsHeldUp()
+{
+    const QRect target = m_application.find(Role::Filler, u"target"_s).extents();
+    const QPoint start = target.topLeft() + QPoint(10, 10);
+    const SlowWindowManager manager;
+
+    m_desktop->drag(start, {start + QPoint(20, 30)});
+    m_desktop->pressKey("k", {"Control_L"});
+
+    QVERIFY(m_sample->waitForWindow(u"Sample"_s) != 0); // a window behind a question hears nothing of the pointer
+    QCOMPARE(statusText(), u"released at 30,40"_s);
 }
 
 void tst_driver::keyWithControlReachesTheWindow()
