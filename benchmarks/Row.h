@@ -75,6 +75,9 @@ struct Row
 /// Opening and saving with the program running.
 [[nodiscard]] QList<Row> file_rows();
 
+/// Opening, editing and saving with the program running, against whole programs for command lines.
+[[nodiscard]] QList<Row> rework_rows();
+
 /// Memory that edits and saves take.
 [[nodiscard]] QList<Row> memory_rows();
 

@@ -1,6 +1,6 @@
 // Measures rows of the table of goals and tells which are met:
 //
-//   benchmark_rows --inputs DIRECTORY --frame-buffer FILE [--rounds N] [--tsv FILE] [ROW...]
+//   benchmark_rows --inputs DIRECTORY --frame-buffer FILE [--rounds N] [--lent MIB] [--tsv FILE] [ROW...]
 //
 // It needs a display of its own, kept in the file. The script "run" makes all that.
 
@@ -29,7 +29,7 @@ void say(QFile &file, const QString &line)
 }
 
 /// @return how many bars were not met
-int measure(const QList<Row> &rows, int rounds, const Surroundings &surroundings, QFile &table, QFile &tsv)
+int measure(const QList<Row> &rows, const Rounds &rounds, const Surroundings &surroundings, QFile &table, QFile &tsv)
 {
     int missed = 0;
     say(table, table_head());
@@ -77,6 +77,7 @@ int main(int argc, char **argv)
     parser.addOptions({{u"inputs"_s, u"Where make_inputs has put the pages."_s, u"directory"_s},
                        {u"frame-buffer"_s, u"Where the X server keeps its screen."_s, u"file"_s},
                        {u"rounds"_s, u"Rounds of a bar."_s, u"count"_s, DefaultRounds},
+                       {u"lent"_s, u"Have so many MiB of memory at hand before each round."_s, u"size"_s, u"0"_s},
                        {u"tsv"_s, u"Write the results as fields parted by tabs."_s, u"file"_s, u"/dev/null"_s},
                        {u"serve"_s, u"Used within: ROW BAR SIDE, a round for each line of input."_s}});
     parser.addHelpOption();
@@ -93,6 +94,8 @@ int main(int argc, char **argv)
         std::fputs("benchmark_rows: cannot write the results\n", stderr);
         return 2;
     }
-    const int rounds = std::max(1, parser.value(u"rounds"_s).toInt());
+    constexpr std::size_t mebibyte = 1 << 20;
+    const Rounds rounds{.count = std::max(1, parser.value(u"rounds"_s).toInt()),
+                        .lentBytes = parser.value(u"lent"_s).toUInt() * mebibyte};
     return measure(chosen_rows(parser.positionalArguments()), rounds, surroundings, table, tsv) == 0 ? 0 : 1;
 }

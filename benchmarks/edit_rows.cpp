@@ -80,10 +80,10 @@ QList<Bar> rotate_bars()
     const auto turned = [](const QImage &page) { return page.transformed(quarter_turn()); };
     const auto turnedBack = [](const QImage &page) { return page.transformed(quarter_turn().inverted()); };
     return edit_bars(
-               u"BMP + transformed, 90"_s, 0.55, 0.45, 32,
+               u"BMP + transformed, 90"_s, 0.40, 0.22, 32,
                [](ImageDocument &document) { return document.rotate_90(1); }, turned)
         + edit_bars(
-               u"BMP + transformed, 270"_s, 0.55, 0.45, 32,
+               u"BMP + transformed, 270"_s, 0.40, 0.22, 32,
                [](ImageDocument &document) { return document.rotate_270(1); }, turnedBack);
 }
 
@@ -93,13 +93,13 @@ QList<Bar> mirror_bars()
         return [=](const QImage &page) { return page.mirrored(horizontally, vertically); };
     };
     return edit_bars(
-               u"BMP + mirrored, 180"_s, 0.75, 0.42, 32, [](ImageDocument &document) { return document.rotate_180(1); },
+               u"BMP + mirrored, 180"_s, 0.75, 0.30, 32, [](ImageDocument &document) { return document.rotate_180(1); },
                mirrored(true, true))
         + edit_bars(
-               u"BMP + mirrored, flip v"_s, 0.75, 0.42, 32,
+               u"BMP + mirrored, flip v"_s, 0.75, 0.30, 32,
                [](ImageDocument &document) { return document.flip_vertically(1); }, mirrored(false, true))
         + edit_bars(
-               u"BMP + mirrored, flip h"_s, 0.75, 0.42, 32,
+               u"BMP + mirrored, flip h"_s, 0.75, 0.30, 32,
                [](ImageDocument &document) { return document.flip_horizontally(1); }, mirrored(true, false));
 }
 
@@ -161,7 +161,7 @@ QList<Bar> scale_bars()
             name, goal, 32, Turn::First, [=](ImageDocument &document) { return document.scale(1, factor, factor); },
             scaled);
     };
-    return {bar(u"BMP + scaled smooth, x0.5"_s, 0.65, 0.5), bar(u"BMP + scaled smooth, x2"_s, 0.90, 2.0)};
+    return {bar(u"BMP + scaled smooth, x0.5"_s, 0.33, 0.5), bar(u"BMP + scaled smooth, x2"_s, 0.45, 2.0)};
 }
 
 /// An edit that ends in another format.
@@ -200,7 +200,7 @@ QList<Bar> black_scale_bars()
 {
     constexpr double factor = 0.5;
     return {edit_bar(
-        u"BMP + by 32 bits, x0.5"_s, 0.55, 1, Turn::First,
+        u"BMP + by 32 bits, x0.5"_s, 0.15, 1, Turn::First,
         [](ImageDocument &document) { return document.scale(1, factor, factor); },
         [](const QImage &page) { return scaled_mono_plainly(page, factor); })};
 }
@@ -208,7 +208,7 @@ QList<Bar> black_scale_bars()
 QList<Bar> black_edit_bars()
 {
     const auto bar = [](const QString &name, const Edit &edit, const PlainWay &way) {
-        return edit_bar(name, 0.80, 1, Turn::First, edit, way);
+        return edit_bar(name, 0.35, 1, Turn::First, edit, way);
     };
     return {bar(
                 u"BMP + mirrored"_s, [](ImageDocument &document) { return document.flip_horizontally(1); },
@@ -237,7 +237,7 @@ QList<Row> edit_rows()
     return {
         {13, u"rotate 90 or 270 incl. snapshot"_s, rotate_bars()},
         {14, u"rotate 180, flips incl. snapshot"_s, mirror_bars()},
-        {15, u"invert incl. snapshot"_s, edit_bars(u"BMP + invertPixels"_s, 0.70, 0.40, 32, invert, inverted_plainly)},
+        {15, u"invert incl. snapshot"_s, edit_bars(u"BMP + invertPixels"_s, 0.70, 0.27, 32, invert, inverted_plainly)},
         {16, u"brightness incl. snapshot"_s,
          edit_bars(u"BMP + QColor per pixel"_s, 0.11, 0.065, 32, brighten, byQColor)},
         {17, u"brightness alone, later"_s, brightness_bars()},
@@ -250,11 +250,11 @@ QList<Row> edit_rows()
         {21,
          u"depth to 8 incl. snapshot"_s,
          {depth_bar(
-             32, 0.90, [](ImageDocument &document) { return document.depth_8_bit(1); }, QImage::Format_Indexed8)}},
+             32, 0.30, [](ImageDocument &document) { return document.depth_8_bit(1); }, QImage::Format_Indexed8)}},
         {22,
          u"depth to 1 incl. snapshot"_s,
          {depth_bar(
-             32, 0.75, [](ImageDocument &document) { return document.depth_1_bit(1); }, QImage::Format_MonoLSB)}},
+             32, 0.25, [](ImageDocument &document) { return document.depth_1_bit(1); }, QImage::Format_MonoLSB)}},
         {23, u"depth 1 to 32 incl. snapshot"_s, widen_bars()},
         {24,
          u"1-bit page: rotate incl. snapshot"_s,

@@ -2,9 +2,9 @@
 
 #include "flushes.h"
 #include "measured_pages.h"
+#include "other_commands.h"
 #include "plain_ways.h"
 #include "Row.h"
-#include "StartedProgram.h"
 
 #include <QFile>
 #include <QImageWriter>
@@ -164,29 +164,6 @@ Side copy_side(const char *input)
     return {u"read and write"_s, Side::OwnProcess, prepare};
 }
 
-/// Another program, from its start to its end.
-struct Command
-{
-    QString name;
-    QStringList words; ///< "%1" stands for the input, "%2" for the output, and "%3" for the directory of inputs
-};
-
-Side command_side(const Command &command, const char *input)
-{
-    const auto prepare = [=](const Surroundings &surroundings) -> Round {
-        const auto files = std::make_shared<NewFiles>();
-        return [=, path = input_path(input, surroundings)] {
-            const QString copy = files->next();
-            QStringList words = command.words;
-            words.replaceInStrings(u"%1"_s, path)
-                .replaceInStrings(u"%2"_s, copy)
-                .replaceInStrings(u"%3"_s, surroundings.inputs);
-            return StartedProgram(words).secondsToEnd();
-        };
-    };
-    return {command.name, Side::Here, prepare};
-}
-
 Bar rewrite_bar(const char *input, double goal, const Command &command)
 {
     return {command.name, Bar::SecondsRatio, goal, rewrite_side(input), command_side(command, input)};
@@ -199,10 +176,7 @@ QList<Row> file_rows()
     const Command tiffcp{.name = u"tiffcp"_s, .words = {u"tiffcp"_s, u"-c"_s, u"none"_s, u"%1"_s, u"%2"_s}};
     const Command vips{.name = u"vips"_s,
                        .words = {u"vips"_s, u"tiffsave"_s, u"%1[n=-1]"_s, u"%2"_s, u"--bitdepth"_s, u"1"_s}};
-    // Called by its full name, as other programs are called "convert" too.
-    const Command imageMagick{.name = u"ImageMagick"_s,
-                              .words = {u"env"_s, u"MAGICK_CONFIGURE_PATH=%3/imagemagick"_s, u"convert-im6.q16"_s,
-                                        u"%1"_s, u"-compress"_s, u"None"_s, u"tiff:%2"_s}};
+    const Command imageMagick = image_magick({});
     return {
         {11,
          u"open TIFF, 104 MB"_s,

@@ -47,7 +47,7 @@ QString NewFiles::next()
 {
     if (count > 0)
         QFile::remove(last);
-    last = directory.filePath(QString::number(++count));
+    last = directory.filePath(QString::number(++count) + ending);
     return last;
 }
 

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 /// The pages of the inputs, and what the window does with one.
 
@@ -35,11 +36,15 @@ template <typename Work> [[nodiscard]] double seconds_of(const Work &work)
 class NewFiles
 {
 public:
+    /// @param nameEnding  of each name
+    explicit NewFiles(QString nameEnding = {}) : ending(std::move(nameEnding)) { }
+
     /// Removes the file of the last call and gives a name for another one.
     [[nodiscard]] QString next();
 
 private:
     QTemporaryDir directory;
+    QString ending;
     QString last;
     int count = 0;
 };

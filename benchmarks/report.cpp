@@ -48,31 +48,34 @@ QString verdict(const Outcome &outcome, double goal)
 
 QString aligned(const QStringList &fields)
 {
-    return u"%1  %2  %3  %4  %5  %6  %7  %8"_s.arg(fields[0], 3)
+    return u"%1  %2  %3  %4  %5  %6  %7  %8  %9"_s.arg(fields[0], 3)
         .arg(fields[1], -42)
         .arg(fields[2], -34)
         .arg(fields[3], 10)
         .arg(fields[4], 10)
         .arg(fields[5], 9)
-        .arg(fields[6], 10)
-        .arg(fields[7]);
+        .arg(fields[6], 16)
+        .arg(fields[7], 10)
+        .arg(fields[8]);
 }
 
 } // namespace
 
 QString table_head()
 {
-    return aligned({u"#"_s, u"job"_s, u"yardstick"_s, u"job"_s, u"yardstick"_s, u"result"_s, u"goal"_s, u"verdict"_s});
+    return aligned({u"#"_s, u"job"_s, u"yardstick"_s, u"job"_s, u"yardstick"_s, u"result"_s, u"middle half"_s,
+                    u"goal"_s, u"verdict"_s});
 }
 
 QString table_line(const Row &row, const Bar &bar, const Outcome &outcome)
 {
-    QStringList fields{QString::number(row.number), row.job, bar.name, u"-"_s, u"-"_s, u"-"_s};
+    QStringList fields{QString::number(row.number), row.job, bar.name, u"-"_s, u"-"_s, u"-"_s, u"-"_s};
     if (outcome.value) {
         fields[3] = measured(bar.kind, outcome.job);
         if (bar.yardstick)
             fields[4] = measured(bar.kind, outcome.yardstick);
         fields[5] = compared(bar.kind, *outcome.value);
+        fields[6] = compared(bar.kind, outcome.lowerQuartile) + u" to "_s + compared(bar.kind, outcome.upperQuartile);
     }
     fields << u"<= "_s + compared(bar.kind, bar.goal) << verdict(outcome, bar.goal);
     return aligned(fields);
@@ -80,7 +83,7 @@ QString table_line(const Row &row, const Bar &bar, const Outcome &outcome)
 
 QString tsv_head()
 {
-    return u"row\tjob\tyardstick\tjob median\tyardstick median\tresult\tgoal\tmet"_s;
+    return u"row\tjob\tyardstick\tjob median\tyardstick median\tresult\tgoal\tmet\tlower quartile\tupper quartile"_s;
 }
 
 QString tsv_line(const Row &row, const Bar &bar, const Outcome &outcome)
@@ -93,6 +96,8 @@ QString tsv_line(const Row &row, const Bar &bar, const Outcome &outcome)
                        number(outcome.yardstick),
                        outcome.value ? number(*outcome.value) : u"failed"_s,
                        number(bar.goal),
-                       outcome.met(bar.goal) ? u"1"_s : u"0"_s}
+                       outcome.met(bar.goal) ? u"1"_s : u"0"_s,
+                       number(outcome.lowerQuartile),
+                       number(outcome.upperQuartile)}
         .join(u'\t');
 }

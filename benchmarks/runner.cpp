@@ -1,9 +1,12 @@
 #include "runner.h"
 
+#include "lent_memory.h"
+
 #include <QCoreApplication>
 #include <QProcess>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <limits>
@@ -46,11 +49,19 @@ Round prepared(const Side &side, const QStringList &address, const Surroundings 
     return round_elsewhere(QStringList{u"--inputs"_s, surroundings.inputs, u"--serve"_s} + address);
 }
 
-double median(std::vector<double> values)
+/// The value below which so much of the values lies, between two of them by a straight line.
+double quantile(std::vector<double> values, double share)
 {
     std::ranges::sort(values);
-    const std::size_t half = values.size() / 2;
-    return values.size() % 2 == 1 ? values[half] : (values[half - 1] + values[half]) / 2;
+    const double place = share * static_cast<double>(values.size() - 1);
+    const auto below = static_cast<std::size_t>(place);
+    const std::size_t above = std::min(below + 1, values.size() - 1);
+    return std::lerp(values[below], values[above], place - static_cast<double>(below));
+}
+
+double median(const std::vector<double> &values)
+{
+    return quantile(values, 0.5);
 }
 
 double compared(Bar::Kind kind, double job, double yardstick)
@@ -72,7 +83,7 @@ double compared(Bar::Kind kind, double job, double yardstick)
 
 } // namespace
 
-Outcome run_bar(const Row &row, int barIndex, int rounds, const Surroundings &surroundings)
+Outcome run_bar(const Row &row, int barIndex, const Rounds &rounds, const Surroundings &surroundings)
 {
     const Bar &bar = row.bars.at(barIndex);
     const QStringList address{QString::number(row.number), QString::number(barIndex)};
@@ -82,8 +93,10 @@ Outcome run_bar(const Row &row, int barIndex, int rounds, const Surroundings &su
         yardstick = prepared(*bar.yardstick, address + QStringList{u"yardstick"_s}, surroundings);
 
     std::vector<double> values, jobs, yardsticks;
-    for (int i = 0; i <= rounds; ++i) {
+    for (int i = 0; i <= rounds.count; ++i) {
+        have_memory_lent(rounds.lentBytes);
         const std::optional<double> mine = job();
+        have_memory_lent(rounds.lentBytes);
         const std::optional<double> other = yardstick();
         if (!mine || !other)
             return {};
@@ -93,7 +106,11 @@ Outcome run_bar(const Row &row, int barIndex, int rounds, const Surroundings &su
         jobs.push_back(*mine);
         yardsticks.push_back(*other);
     }
-    return {.value = median(values), .job = median(jobs), .yardstick = median(yardsticks)};
+    return {.value = median(values),
+            .lowerQuartile = quantile(values, 0.25),
+            .upperQuartile = quantile(values, 0.75),
+            .job = median(jobs),
+            .yardstick = median(yardsticks)};
 }
 
 int serve_side(const Side &side, const Surroundings &surroundings)

@@ -106,25 +106,39 @@ Work printing(const QString &path)
             }};
 }
 
+/// A window that leaves nothing behind: by itself it leaves the documents of its tabs to the end of the process.
+class FilledWindow
+{
+public:
+    FilledWindow() { Stage(&m_window).bringUp(); }
+
+    [[nodiscard]] bool fill(int tabs)
+    {
+        for (int i = 0; i < tabs; ++i) {
+            QImage page(TabPage, QImage::Format_RGB32);
+            page.fill(Qt::white);
+            m_documents.push_back(std::make_unique<ImageDocument>(QString(), QString()));
+            if (!m_documents.back()->addPage(page) || !m_window.addDocumentTab(m_documents.back().get()))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    std::vector<std::unique_ptr<ImageDocument>> m_documents; ///< outlive the window
+    ImageManager m_window;
+};
+
 /// All that a window with many tabs costs to come into being; each has a page of its own.
 Work filling(int tabs)
 {
-    const auto window = std::make_shared<std::unique_ptr<ImageManager>>();
+    const auto window = std::make_shared<std::unique_ptr<FilledWindow>>();
     const auto begin = [window] {
-        *window = std::make_unique<ImageManager>();
-        (*window)->show();
+        window->reset();
+        *window = std::make_unique<FilledWindow>();
         return true;
     };
-    return {begin, [window, tabs] {
-                for (int i = 0; i < tabs; ++i) {
-                    QImage page(TabPage, QImage::Format_RGB32);
-                    page.fill(Qt::white);
-                    auto document = std::make_unique<ImageDocument>(QString(), QString());
-                    if (!document->addPage(page) || !(*window)->addDocumentTab(document.release()))
-                        return false;
-                }
-                return true;
-            }};
+    return {begin, [window, tabs] { return (*window)->fill(tabs); }};
 }
 
 Side seconds_side(const MakeWork &make, const QString &name)

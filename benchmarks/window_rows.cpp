@@ -115,7 +115,7 @@ QList<Bar> zoom_bars()
         for (int i = 0; i <= static_cast<int>(NaturalSize); ++i) {
             const QString zoom = QString::fromLatin1(ZoomNames.at(static_cast<std::size_t>(i)));
             bars.append({u"plain fill, %1x%2 to %3"_s.arg(size.width()).arg(size.height()).arg(zoom), Bar::SecondsRatio,
-                         4.5, zoom_side(i, size), plain_fill_side(size)});
+                         3.0, zoom_side(i, size), plain_fill_side(size)});
         }
     }
     return bars;
