@@ -106,8 +106,10 @@ private:
     void stopScrollTimer();
     void endGesture(const QPoint &contentsPoint);
     [[nodiscard]] bool isGestureUnderWay() const;
+    [[nodiscard]] bool isHandScrolling() const { return m_bFreeHandScrollingOn && m_bDragging; }
     void startSelection(const QPoint &point);
-    bool followPointer(const QPoint &contentsPoint, const QPoint &point);
+    void scrollByHand(const QPoint &contentsPoint);
+    bool showBegunSelection(const QPoint &point);
     bool reshapeSelection(const QPoint &contentsPoint, const QPoint &point);
     bool showHoverCursor(const QPoint &point);
 

@@ -106,6 +106,8 @@ bool ImageView::event(QEvent *event)
 
 void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
 {
+    if (isHandScrolling())
+        m_canvas->update(); // the scrolling paints what comes into view alone
     m_canvas->setUnchanged(QRect(QPoint(0, 0), m_canvas->size()));
 
     const QPoint contentsPoint = event->position().toPoint();
@@ -114,7 +116,10 @@ void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
         endGesture(contentsPoint); // the button was let go over a box
     // A selection that stretches or moves has marked what it left and what it covers now.
     const bool reshapes = reshapeSelection(contentsPoint, point);
-    const bool repaint = !reshapes && (followPointer(contentsPoint, point) || showHoverCursor(point));
+    const bool scrolls = isHandScrolling();
+    if (scrolls)
+        scrollByHand(contentsPoint);
+    const bool repaint = !scrolls && !reshapes && (showBegunSelection(point) || showHoverCursor(point));
 
     emit statusChanged(statusText(point));
     if (repaint)
@@ -123,30 +128,33 @@ void ImageView::contentsMouseMoveEvent(QMouseEvent *event)
         m_canvas->update();
 }
 
-/// Scrolls by the hand, or shows the selection that a press has begun. False if neither is under way.
-bool ImageView::followPointer(const QPoint &contentsPoint, const QPoint &point)
+/// Takes the grabbed point to the pointer. Its start stays: positions are contents coordinates.
+void ImageView::scrollByHand(const QPoint &contentsPoint)
 {
-    if (m_bFreeHandScrollingOn && m_bDragging) {
-        // The start stays: positions are contents coordinates, so the grabbed point follows by itself.
-        scrollBy(m_dragStart.x() - contentsPoint.x(), m_dragStart.y() - contentsPoint.y());
-        return true;
-    }
+    const QPoint by = m_dragStart - contentsPoint;
+    if (m_rubber->isVisible()) // the dashes of its outline count from the edge of what is in view
+        setContentsPos(contentsX() + by.x(), contentsY() + by.y());
+    else
+        scrollBy(by.x(), by.y());
+}
 
-    if (m_bSelecting && !m_rubber->isVisible()) {
-        m_rubber->setSize(point.x() - m_selectionStart.x() + 1, point.y() - m_selectionStart.y() + 1);
-        m_rubber->move(m_selectionStart.x(), m_selectionStart.y());
-        m_rubber->show();
-        emit selectionChanged();
-        setCursor(Qt::CrossCursor);
-        return true;
-    }
-    return false;
+/// Shows the selection that a press has begun. False if none waits to be shown.
+bool ImageView::showBegunSelection(const QPoint &point)
+{
+    if (!m_bSelecting || m_rubber->isVisible())
+        return false;
+    m_rubber->setSize(point.x() - m_selectionStart.x() + 1, point.y() - m_selectionStart.y() + 1);
+    m_rubber->move(m_selectionStart.x(), m_selectionStart.y());
+    m_rubber->show();
+    emit selectionChanged();
+    setCursor(Qt::CrossCursor);
+    return true;
 }
 
 /// Takes the shown selection along with the pointer. False if no gesture holds it.
 bool ImageView::reshapeSelection(const QPoint &contentsPoint, const QPoint &point)
 {
-    if (!m_rubber->isVisible() || (m_bFreeHandScrollingOn && m_bDragging))
+    if (!m_rubber->isVisible() || isHandScrolling())
         return false;
     if (m_bSelecting || m_rubber->mode() == RubberItem::RubberResizing) {
         autoScroll(contentsPoint);

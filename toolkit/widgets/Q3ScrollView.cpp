@@ -12,10 +12,15 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 namespace {
 
 constexpr int LineStep = 20; // pixels
+
+/// Pixels of the screen from which on it is cheaper to take them along than to paint them again.
+constexpr qint64 LargeArea = 3LL << 18;
 
 /// Asks a view to bring its bars up to date.
 QEvent::Type bars_event()
@@ -96,7 +101,8 @@ void Q3ScrollView::setContentsPos(int x, int y)
 
 void Q3ScrollView::scrollBy(int dx, int dy)
 {
-    setContentsPos(std::max(0, contentsX() + dx), std::max(0, contentsY() + dy));
+    moveContents(std::max(0, contentsX() + dx), std::max(0, contentsY() + dy), Painting::WhatComesIntoView);
+    showPositionInBars();
 }
 
 void Q3ScrollView::ensureVisible(int x, int y, int xMargin, int yMargin)
@@ -199,15 +205,28 @@ void Q3ScrollView::updateScrollBars()
     showPositionInBars();
 }
 
-void Q3ScrollView::moveContents(int x, int y)
+void Q3ScrollView::moveContents(int x, int y, Painting painting)
 {
     const QPoint target(std::max(0, std::min(x, contentsWidth() - visibleWidth())),
                         std::max(0, std::min(y, contentsHeight() - visibleHeight())));
     if (target == m_offset)
         return;
     emit contentsMoving(target.x(), target.y());
+    const QPoint by = m_offset - target;
     m_offset = target;
-    viewport()->update();
+    if (painting == Painting::WhatComesIntoView && mostCanBeTakenAlong(by))
+        viewport()->scroll(by.x(), by.y());
+    else
+        viewport()->update();
+}
+
+/// Whether what stays in view is large, and falls on whole pixels of the screen again.
+bool Q3ScrollView::mostCanBeTakenAlong(QPoint by) const
+{
+    const qreal ratio = viewport()->devicePixelRatioF();
+    const qint64 width = std::max(0, visibleWidth() - std::abs(by.x()));
+    const qint64 height = std::max(0, visibleHeight() - std::abs(by.y()));
+    return ratio == std::floor(ratio) && static_cast<qreal>(width * height) * ratio * ratio >= LargeArea;
 }
 
 void Q3ScrollView::showPositionInBars()

@@ -45,7 +45,8 @@ public slots:
     /// do not leave the view.
     void setContentsPos(int x, int y);
 
-    /// Moves the visible part by (dx, dy).
+    /// Moves the visible part by (dx, dy). What stays in view may be taken along as it is on the screen: changes of it
+    /// have to be asked for by update().
     void scrollBy(int dx, int dy);
 
     /// Moves the contents by as little as shows the point (x, y).
@@ -76,7 +77,9 @@ protected:
 
 private:
     void updateScrollBars();
-    void moveContents(int x, int y);
+    enum class Painting { All, WhatComesIntoView };
+    void moveContents(int x, int y, Painting painting = Painting::All);
+    [[nodiscard]] bool mostCanBeTakenAlong(QPoint by) const;
     void showPositionInBars();
     [[nodiscard]] QSize visibleSizeWithBars() const;
     [[nodiscard]] bool forwardMouseEvent(QMouseEvent *event);

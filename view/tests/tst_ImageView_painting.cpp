@@ -3,6 +3,7 @@
 #include "ViewFixture.h"
 
 #include <QCursor>
+#include <QPaintEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
@@ -11,7 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Counts the paint events of a widget.
+/// Large enough for the hand to take along what stays in view.
+constexpr QSize LargeView(1100, 800);
+
+/// The paint events of a widget: how many, and what they covered.
 class PaintCounter : public QObject
 {
 public:
@@ -23,12 +27,15 @@ public:
 
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint)
+        if (event->type() == QEvent::Paint) {
             ++count;
+            region += static_cast<QPaintEvent *>(event)->region();
+        }
         return false;
     }
 
     int count = 0;
+    QRegion region;
 };
 
 /// What the X server shows of the picture.
@@ -46,6 +53,13 @@ QImage on_screen(const ImageView &view)
 QImage painted_anew(const ImageView &view)
 {
     return view.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// Lets the picture be painted. Whether the screen then shows all of it as it is.
+bool screen_is_right(const ImageView &view)
+{
+    QCoreApplication::processEvents();
+    return QTest::qWaitFor([&view] { return on_screen(view) == painted_anew(view); }, 2000);
 }
 
 } // namespace
@@ -102,6 +116,105 @@ private slots:
         QCOMPARE(paints.count, 1);
     }
 
+    void aMoveOfTheHandPaintsOnce()
+    {
+        ViewFixture fixture(QSize(4000, 3000));
+        fixture.view.OnToggleScroll(true);
+        for (const QSize size : {QSize(300, 200), LargeView}) {
+            fixture.view.resize(size);
+            QVERIFY(screen_is_right(fixture.view));
+            fixture.press(QPoint(150, 100));
+            PaintCounter paints(fixture.view.viewport());
+
+            fixture.move(QPoint(140, 95));
+            QCoreApplication::processEvents();
+            QCOMPARE(paints.count, 1);
+            fixture.move(QPoint(140, 95)); // no move for the page
+            QCoreApplication::processEvents();
+            QCOMPARE(paints.count, 1);
+            fixture.release(QPoint(140, 95));
+        }
+    }
+
+    void aLargePictureIsTakenAlongByTheHand()
+    {
+        ViewFixture fixture(QSize(4000, 3000));
+        fixture.view.resize(LargeView);
+        fixture.view.OnToggleScroll(true);
+        QVERIFY(screen_is_right(fixture.view));
+        fixture.press(QPoint(600, 420));
+        fixture.move(QPoint(600, 400)); // all of a new page is marked
+        PaintCounter paints(fixture.view.viewport());
+
+        fixture.move(QPoint(590, 380));
+        QCoreApplication::processEvents();
+
+        const QRect view = fixture.view.viewport()->rect();
+        QCOMPARE(paints.region, QRegion(view) - view.translated(-10, -20));
+    }
+
+    void eachMoveOfTheHandLeavesTheScreenAsIfAllWerePainted_data()
+    {
+        QTest::addColumn<QSize>("viewSize");
+        QTest::addColumn<int>("zoomIndex");
+        QTest::addColumn<bool>("hasSelection");
+        for (const QSize size : {QSize(300, 200), LargeView}) {
+            for (int i = 0; i < 8; ++i)
+                QTest::addRow("%d by %d, zoom %d", size.width(), size.height(), i) << size << i << false;
+        }
+        for (const int i : {0, 3, 4})
+            QTest::addRow("with a selection, zoom %d", i) << LargeView << i << true;
+    }
+
+    void eachMoveOfTheHandLeavesTheScreenAsIfAllWerePainted()
+    {
+        QFETCH(const QSize, viewSize);
+        QFETCH(const int, zoomIndex);
+        QFETCH(const bool, hasSelection);
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.resize(viewSize);
+        QVERIFY(fixture.view.setZoomIndex(zoomIndex));
+        if (hasSelection)
+            fixture.drag(QPoint(40, 40), QPoint(120, 90));
+        QVERIFY(screen_is_right(fixture.view));
+        fixture.view.OnToggleScroll(true);
+
+        fixture.press(QPoint(150, 120));
+        for (const QPoint at : {QPoint(149, 118), QPoint(143, 120), QPoint(20, 30), QPoint(21, 28), QPoint(-900, -700),
+                                QPoint(60, 40), QPoint(2000, 30), QPoint(300, 310)}) {
+            fixture.move(at);
+            QVERIFY(screen_is_right(fixture.view));
+        }
+        // Several moves before anything is painted, and changes in between that ask for it.
+        fixture.move(QPoint(280, 290));
+        fixture.view.viewport()->update(QRect(10, 20, 100, 50));
+        fixture.move(QPoint(285, 270));
+        fixture.view.canvas()->setChanged(QRect(0, 0, 200, 200));
+        fixture.move(QPoint(260, 265));
+        QVERIFY(screen_is_right(fixture.view));
+    }
+
+    void whatChangesUnderTheHandIsSeen()
+    {
+        ViewFixture fixture(QSize(2000, 1500));
+        fixture.view.resize(LargeView);
+        fixture.drag(QPoint(40, 40), QPoint(320, 290));
+        fixture.view.OnToggleScroll(true);
+        fixture.press(QPoint(600, 400));
+        fixture.move(QPoint(590, 380));
+
+        QImage page = patterned_page(QSize(2000, 1500));
+        page.invertPixels();
+        fixture.view.replaceImage(0, page); // the selection goes with the old one
+        fixture.move(QPoint(580, 385));
+        QVERIFY(screen_is_right(fixture.view));
+
+        for (Q3CanvasItem *item : fixture.view.canvas()->allItems())
+            item->setVisible(false); // marks where it was, no more
+        fixture.move(QPoint(575, 380));
+        QVERIFY(screen_is_right(fixture.view));
+    }
+
     void eachMoveOfASelectionLeavesTheScreenAsIfAllWerePainted_data()
     {
         QTest::addColumn<int>("zoomIndex");
@@ -114,29 +227,25 @@ private slots:
         QFETCH(const int, zoomIndex);
         ViewFixture fixture(QSize(4000, 3000));
         QVERIFY(fixture.view.setZoomIndex(zoomIndex));
-        const auto screenIsRight = [&] {
-            QCoreApplication::processEvents();
-            return QTest::qWaitFor([&] { return on_screen(fixture.view) == painted_anew(fixture.view); }, 2000);
-        };
-        QVERIFY(screenIsRight());
+        QVERIFY(screen_is_right(fixture.view));
 
         fixture.press(QPoint(40, 40));
         for (const QPoint at : {QPoint(120, 90), QPoint(160, 130), QPoint(90, 70), QPoint(20, 60), QPoint(150, 10)}) {
             fixture.move(at);
-            QVERIFY(screenIsRight());
+            QVERIFY(screen_is_right(fixture.view));
         }
         fixture.release(QPoint(150, 10));
         fixture.press(QPoint(260, 170)); // another one takes the place of the first
         for (const QPoint at : {QPoint(200, 120), QPoint(100, 90)}) {
             fixture.move(at);
-            QVERIFY(screenIsRight());
+            QVERIFY(screen_is_right(fixture.view));
         }
         fixture.release(QPoint(100, 90));
         fixture.move(QPoint(180, 130)); // over its inside, where it can be taken
         fixture.press(QPoint(180, 130));
         for (const QPoint at : {QPoint(170, 120), QPoint(150, 100), QPoint(165, 140)}) {
             fixture.move(at);
-            QVERIFY(screenIsRight());
+            QVERIFY(screen_is_right(fixture.view));
         }
     }
 
