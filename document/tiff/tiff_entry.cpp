@@ -36,9 +36,9 @@ bool has_numbers_within_file(TIFF *tif, const char *entry)
     const bool isLarge = TIFFIsBigTIFF(tif) != 0;
     const quint64 ownBytes = isLarge ? 8 : 4; // of the entry, for numbers that fit
     const auto type = number_at<quint16>(tif, entry + 2);
-    const quint64 each = tiff_type_bytes(type);
+    const quint64 each = is_tiff_number_type(type) ? tiff_type_bytes(type) : 0;
     const quint64 count = long_at(tif, entry + 4);
-    if (!is_tiff_number_type(type) || count == 0)
+    if (each == 0 || count == 0)
         return false;
     if (count <= ownBytes / each)
         return true;
