@@ -122,7 +122,7 @@ Side form_memory(bool isUploading)
         return [=]() -> std::optional<double> {
             (void)page; // the form borrows it
             QCoreApplication::processEvents();
-            restart_peak_memory();
+            restart_peak_count();
             if (isUploading && !Upload(file->file.fileName(), sink->port()).run())
                 return {};
             return peak_memory();

@@ -126,7 +126,7 @@ Side composition_memory(bool isMeasured)
             if (!isMeasured)
                 return static_cast<double>(QFile(files->messagePath).size()) * 2;
             const double before = resident_memory();
-            restart_peak_memory();
+            restart_peak_count();
             const Smtp smtp({}, {}, {}, {}, content.from, content.to, content.subject, content.body,
                             files->attachmentPath);
             return files->isWritten ? std::optional(peak_memory() - before) : std::nullopt;

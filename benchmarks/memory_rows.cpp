@@ -76,14 +76,14 @@ Side page_bytes_side()
 std::optional<double> peak_of_edits_and_save(MeasuredPage &page, double /*bareBytes*/)
 {
     NewFiles files;
-    restart_peak_memory();
+    restart_peak_count();
     const bool good = edit_repeatedly(page, static_cast<int>(same_size_edits().size())) && save(page, files);
     return good ? std::optional(peak_memory()) : std::nullopt;
 }
 
 std::optional<double> extra_peak_of_rotation(MeasuredPage &page, double bareBytes)
 {
-    restart_peak_memory();
+    restart_peak_count();
     const bool good = page.editWithSnapshot([](ImageDocument &document) { return document.rotate_90(1); });
     return good ? std::optional(peak_memory() - bareBytes) : std::nullopt;
 }
@@ -91,7 +91,7 @@ std::optional<double> extra_peak_of_rotation(MeasuredPage &page, double bareByte
 std::optional<double> extra_peak_of_save(MeasuredPage &page, double /*bareBytes*/)
 {
     NewFiles files;
-    restart_peak_memory();
+    restart_peak_count();
     const double before = resident_memory();
     return save(page, files) ? std::optional(peak_memory() - before) : std::nullopt;
 }

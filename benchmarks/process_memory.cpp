@@ -37,7 +37,7 @@ double peak_memory_of(int pid)
     return memory_field(pid, "VmHWM:");
 }
 
-void restart_peak_memory()
+void restart_peak_count()
 {
     QFile marks(QStringLiteral("/proc/self/clear_refs"));
     if (marks.open(QIODevice::WriteOnly | QIODevice::Unbuffered))

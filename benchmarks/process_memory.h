@@ -5,7 +5,7 @@
 [[nodiscard]] double resident_memory();
 /// The most since the start or since the count was restarted.
 [[nodiscard]] double peak_memory();
-void restart_peak_memory();
+void restart_peak_count();
 
 /// Of a process by its number.
 [[nodiscard]] double peak_memory_of(int pid);

@@ -158,7 +158,7 @@ Side bytes_side(const MakeWork &make, const QString &name)
         return [work = make(input_path(name.toLatin1().constData(), surroundings))]() -> std::optional<double> {
             if (!work.begin())
                 return {};
-            restart_peak_memory();
+            restart_peak_count();
             return work.run() ? std::optional(peak_memory()) : std::nullopt;
         };
     };
