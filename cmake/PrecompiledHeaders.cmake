@@ -24,10 +24,11 @@ function(im_links target library result)
     endforeach()
 endfunction()
 
-# Tests are run once after a build: compiling them costs more than running them. Qt Test tells each
-# program its folders, for data files that none here looks for; they would part the shared headers.
+# Tests are run once after a build: compiling them costs more than running them, with sanitizers (their
+# presets are RelWithDebInfo) most of all. Qt Test tells each program its folders, for data files that none
+# here looks for; they would part the shared headers.
 set(im_test_compile_options
-    $<$<CONFIG:Release>:-O1> -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+    $<$<CONFIG:Release>:-O1> $<$<CONFIG:RelWithDebInfo>:-O0> -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
 
 # A set of headers that targets with the same links and compile options share.
 function(im_add_precompiled_headers name)
